@@ -1,0 +1,1 @@
+#include "zpf/zpf.h"

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <string>
+
+// Keyword parameter files (.zpf): a file holds named top-level blocks
+// ("targets"), a block holds named sections, a section holds keywords, and a
+// keyword holds one or more values (quoted strings, integers, doubles). Order is
+// kept everywhere; repeated names are allowed and counted. The text syntax is
+// described in docs/keyword-files.md.
+//
+// Every object is reached through an opaque handle. A file handle owns all
+// handles below it; they stay valid until zpfClose of the file. Counts and
+// occurrence numbers are 1-based. Functions answering int return non-zero on
+// success; handle-returning functions answer null on failure. A failure sets
+// the library's global error, which zpfPeekErrorGlb reads and zpfGetErrorGlb
+// reads and clears.
+
+// Error codes of the global error.
+enum EZpfError {
+    eZpfOk = 0,
+    eZpfNullHandle = 1,     // a handle argument was null or of the wrong kind
+    eZpfNotFound = 2,       // a file, block, section, keyword or value is absent
+    eZpfSyntax = 3,         // the file is malformed; the message names the line
+    eZpfNotANumber = 4,     // a value read as a number is not one
+    eZpfIo = 5,             // the file could not be read or written
+    eZpfState = 6,          // e.g. a keyword put outside an open section
+};
+
+// Loads and parses a file; null (and the error set) when it cannot be read or
+// is malformed.
+void* zpfLoadFile(const char* path);
+// An empty file object to be built and written.
+void* zpfCreate();
+// Writes the file to path through a temporary file in the same folder renamed
+// over the target, so a failed write leaves the old file as it was.
+int zpfWrite(void* file, const char* path);
+// Releases a file handle and everything below it; null is allowed.
+void zpfClose(void* file);
+
+// The last error code; message (when given) receives its text.
+int zpfPeekErrorGlb(std::string* message = nullptr);
+// As zpfPeekErrorGlb, then clears the error.
+int zpfGetErrorGlb(std::string* message = nullptr);
+
+// The num-th top-level block called name.
+void* zpfTargetByNameNum(void* file, const char* name, int num);
+// Appends a top-level block.
+void* zpfAddTarget(void* file, const char* name);
+
+// The num-th section called name in a block.
+void* zpfSectionByNameNum(void* target, const char* name, int num);
+// The num-th section of a block, whatever its name.
+void* zpfSectionByNum(void* target, int num);
+// Number of sections in a block.
+int zpfGetNoSections(void* target);
+// Number of sections called name in a block.
+int zpfGetNoInstances(void* target, const char* name);
+// The name of a block, section or keyword; empty for a null handle.
+std::string zpfGetName(void* handle);
+
+// Opens a new section at the end of a block. Given a file handle, the last
+// block of the file is used. Keywords are put into the open section until
+// zpfEndSection.
+void* zpfAddSection(void* targetOrFile, const char* name);
+int zpfEndSection(void* section);
+
+// Appends a keyword with one value to a section being built.
+int zpfPutParam(void* section, const char* keyword, double value);
+int zpfPutParam(void* section, const char* keyword, const std::string& value);
+int zpfPutParam(void* section, const char* keyword, const char* value);
+
+// The valueNum-th value of the occurrence-th keyword called keyword in a
+// section; non-zero when found (and, for a double, when it is a number).
+int zpfGetParam(void* section, const char* keyword, int occurrence, int valueNum, double* value);
+int zpfGetParam(void* section, const char* keyword, int occurrence, int valueNum, std::string* value);
+
+// Value-by-value access.
+void* zpfKeywordByNameNum(void* section, const char* keyword, int occurrence);
+int zpfGetNoParams(void* keyword);
+void* zpfParamByNum(void* keyword, int num);
+int zpfGetInt(void* param, int* value);
+int zpfGetDouble(void* param, double* value);
