@@ -34,6 +34,14 @@ std::string GxFormatNumber(double value) {
     return std::string(tmp, len);
 }
 
+std::string GxFormatNumberShortest(double value) {
+    char tmp[kNumberBuffer];
+    // Without a precision, to_chars picks the fewest digits that still
+    // identify the value uniquely, so from_chars gives the same bits back.
+    auto res = std::to_chars(tmp, tmp + sizeof tmp, value);
+    return std::string(tmp, static_cast<std::size_t>(res.ptr - tmp));
+}
+
 double GxParseNumber(const char* text, std::size_t* end) {
     if (end) *end = 0;
     if (!text) return 0.0;

@@ -13,6 +13,11 @@ std::string GxFormatNumber(double value);
 // length the full text has.
 std::size_t GxFormatNumber(double value, char* buf, std::size_t size);
 
+// The shortest text that reads back as the same double bit for bit (C locale,
+// "nan"/"inf" for the non-finite values). Keyword files use it so a value
+// written and read again is unchanged.
+std::string GxFormatNumberShortest(double value);
+
 // strtod semantics in the C locale: skips leading white space, reads the
 // longest leading number, answers 0 when there is none. *end (when given)
 // receives the count of characters consumed, 0 when nothing was read.

@@ -80,3 +80,23 @@ int zpfGetNoParams(void* keyword);
 void* zpfParamByNum(void* keyword, int num);
 int zpfGetInt(void* param, int* value);
 int zpfGetDouble(void* param, double* value);
+
+// Further access for tools and tests that walk or build a whole file.
+
+// Number of top-level blocks in a file, and the num-th of them.
+int zpfGetNoTargets(void* file);
+void* zpfTargetByNum(void* file, int num);
+// Number of keywords in a section, and the num-th of them whatever its name.
+int zpfGetNoKeywords(void* section);
+void* zpfKeywordByNum(void* section, int num);
+// Appends a keyword without values to an open section; zpfAddValue then
+// appends its values in order, so one keyword can carry several.
+void* zpfAddKeyword(void* section, const char* keyword);
+int zpfAddValue(void* keyword, double value);
+int zpfAddValue(void* keyword, const std::string& value);
+// A value as text: a quoted text as it stands, a number as it is written in
+// the file (so "6378137.000" stays "6378137.000").
+int zpfGetString(void* param, std::string* value);
+// Non-zero when a value is a quoted text, zero for a number (or a bad handle,
+// which also sets the error).
+int zpfIsText(void* param);
