@@ -1,0 +1,46 @@
+#include "definitions/Mercator2SPProjection.h"
+
+#include <iterator>
+
+namespace {
+
+using IDs = CGxMapProjDataIDs;
+
+// Label, kind, keywords and default value of each parameter, in index order.
+constexpr GxParamSpec kParams[] = {
+    GxAngleDms("First parallel:", IDs::Parallel1, IDs::Parallel1Dms, 0),
+    GxAngleDms("Central meridian:", IDs::Centre, IDs::CentreDms, 0),
+    GxFalseEasting(0),
+    GxFalseNorthing(0),
+};
+
+constexpr GxProjDataLayout kLayout = {
+    CGxMapProjData::eMercator2SP,
+    "Mercator with 2 standard parallels",
+    CGxMercator2SPProjectionIDs::SectionName,
+    CGxMercator2SPProjectionIDs::OldSectionName,
+    "Default Mercator 2SP",
+    "WE",
+    static_cast<int>(std::size(kParams)),
+    kParams,
+};
+
+}  // namespace
+
+CGxMercator2SPProjection::CGxMercator2SPProjection() : CGxTabledMapProjData(kLayout) {}
+
+CGxMercator2SPProjection::CGxMercator2SPProjection(const std::string& name)
+    : CGxTabledMapProjData(kLayout, name) {}
+
+CGxMercator2SPProjection::CGxMercator2SPProjection(const std::string& name,
+                                                   const std::string& branchName,
+                                                   const std::string& ellipsoidID, double parallel1,
+                                                   double centre, double falseEasting,
+                                                   double falseNorthing, bool canDelete,
+                                                   bool canEdit)
+    : CGxTabledMapProjData(kLayout, name, branchName, ellipsoidID,
+                           {parallel1, centre, falseEasting, falseNorthing}, canDelete, canEdit) {}
+
+CGxProjection* CGxMercator2SPProjection::CreateProjection() const {
+    return nullptr;
+}

@@ -1,0 +1,47 @@
+#include "definitions/PolarStereographicProjection.h"
+
+#include <iterator>
+
+namespace {
+
+using IDs = CGxMapProjDataIDs;
+
+// Label, kind, keywords and default value of each parameter, in index order.
+constexpr GxParamSpec kParams[] = {
+    GxScaleWithReduction(1),
+    GxAngleDms("Central meridian:", IDs::Centre, IDs::CentreDms, 0),
+    GxAngleDms("Latitude origin:", IDs::OriginLatitude, IDs::OriginLatitudeDms, 0),
+    GxFalseEasting(500000),
+    GxFalseNorthing(0),
+};
+
+constexpr GxProjDataLayout kLayout = {
+    CGxMapProjData::ePolarStereographic,
+    "Polar stereographic",
+    CGxPolarStereographicProjectionIDs::SectionName,
+    nullptr,
+    "Default Polar Stereographic",
+    "WE",
+    static_cast<int>(std::size(kParams)),
+    kParams,
+};
+
+}  // namespace
+
+CGxPolarStereographicProjection::CGxPolarStereographicProjection()
+    : CGxTabledMapProjData(kLayout) {}
+
+CGxPolarStereographicProjection::CGxPolarStereographicProjection(const std::string& name)
+    : CGxTabledMapProjData(kLayout, name) {}
+
+CGxPolarStereographicProjection::CGxPolarStereographicProjection(
+    const std::string& name, const std::string& branchName, const std::string& ellipsoidID,
+    double scale, double centre, double originLatitude, double falseEasting, double falseNorthing,
+    bool canDelete, bool canEdit)
+    : CGxTabledMapProjData(kLayout, name, branchName, ellipsoidID,
+                           {scale, centre, originLatitude, falseEasting, falseNorthing}, canDelete,
+                           canEdit) {}
+
+CGxProjection* CGxPolarStereographicProjection::CreateProjection() const {
+    return nullptr;
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <string>
+
+#include "definitions/TabledMapProjData.h"
+#include "foundation/GxExport.h"
+
+class CGxProjection;
+
+// Polar stereographic given by its scale factor at the pole; the latitude of
+// origin chooses the pole.
+class GXCART_API CGxPolarStereographicProjectionIDs {
+public:
+    static constexpr const char SectionName[] = "POLAR_STEREOGRAPHIC_PROJECTION";
+};
+
+// Named setters change nothing unless the definition is editable.
+class GXCART_API CGxPolarStereographicProjection : public CGxTabledMapProjData,
+                                                   public CGxPolarStereographicProjectionIDs {
+public:
+    CGxPolarStereographicProjection();
+    explicit CGxPolarStereographicProjection(const std::string& name);
+    // Angles in decimal degrees, lengths in metres.
+    CGxPolarStereographicProjection(const std::string& name, const std::string& branchName,
+                                    const std::string& ellipsoidID, double scale, double centre,
+                                    double originLatitude, double falseEasting,
+                                    double falseNorthing, bool canDelete = false,
+                                    bool canEdit = false);
+    CGxPolarStereographicProjection(const CGxPolarStereographicProjection& other) = default;
+    CGxPolarStereographicProjection& operator=(const CGxPolarStereographicProjection& other) =
+        default;
+
+    CGxProjection* CreateProjection() const override;
+
+    // Scale factor at the pole.
+    double GetScale() const { return _Param(0); }
+    void SetScale(double scale) { _SetParam(0, scale); }
+
+    // Longitude of the central meridian, degrees.
+    double GetCentre() const { return _Param(1); }
+    void SetCentre(double centre) { _SetParam(1, centre); }
+
+    // Latitude of origin, degrees: +90 or -90 chooses the pole.
+    double GetOriginLatitude() const { return _Param(2); }
+    void SetOriginLatitude(double originLatitude) { _SetParam(2, originLatitude); }
+
+    // False easting, metres.
+    double GetFalseEasting() const { return _Param(3); }
+    void SetFalseEasting(double falseEasting) { _SetParam(3, falseEasting); }
+
+    // False northing, metres.
+    double GetFalseNorthing() const { return _Param(4); }
+    void SetFalseNorthing(double falseNorthing) { _SetParam(4, falseNorthing); }
+};

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <string>
+
+#include "definitions/TabledMapProjData.h"
+#include "foundation/GxExport.h"
+
+class CGxProjection;
+
+// Oblique stereographic, conformal, centred on any point.
+class GXCART_API CGxStereographicProjectionIDs {
+public:
+    static constexpr const char SectionName[] = "STEREOGRAPHIC_PROJECTION";
+};
+
+// Named setters change nothing unless the definition is editable.
+class GXCART_API CGxStereographicProjection : public CGxTabledMapProjData,
+                                              public CGxStereographicProjectionIDs {
+public:
+    CGxStereographicProjection();
+    explicit CGxStereographicProjection(const std::string& name);
+    // Angles in decimal degrees, lengths in metres.
+    CGxStereographicProjection(const std::string& name, const std::string& branchName,
+                               const std::string& ellipsoidID, double scale, double centre,
+                               double originLatitude, double falseEasting, double falseNorthing,
+                               bool canDelete = false, bool canEdit = false);
+    CGxStereographicProjection(const CGxStereographicProjection& other) = default;
+    CGxStereographicProjection& operator=(const CGxStereographicProjection& other) = default;
+
+    CGxProjection* CreateProjection() const override;
+
+    // Scale factor at the natural origin.
+    double GetScale() const { return _Param(0); }
+    void SetScale(double scale) { _SetParam(0, scale); }
+
+    // Longitude of the central meridian, degrees.
+    double GetCentre() const { return _Param(1); }
+    void SetCentre(double centre) { _SetParam(1, centre); }
+
+    // Latitude of the natural origin, degrees.
+    double GetOriginLatitude() const { return _Param(2); }
+    void SetOriginLatitude(double originLatitude) { _SetParam(2, originLatitude); }
+
+    // False easting, metres.
+    double GetFalseEasting() const { return _Param(3); }
+    void SetFalseEasting(double falseEasting) { _SetParam(3, falseEasting); }
+
+    // False northing, metres.
+    double GetFalseNorthing() const { return _Param(4); }
+    void SetFalseNorthing(double falseNorthing) { _SetParam(4, falseNorthing); }
+};

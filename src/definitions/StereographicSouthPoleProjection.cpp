@@ -1,0 +1,45 @@
+#include "definitions/StereographicSouthPoleProjection.h"
+
+#include <iterator>
+
+namespace {
+
+using IDs = CGxMapProjDataIDs;
+
+// Label, kind, keywords and default value of each parameter, in index order.
+constexpr GxParamSpec kParams[] = {
+    GxAngleDms("First parallel:", IDs::Parallel1, IDs::Parallel1Dms, -60),
+    GxAngleDms("Central meridian:", IDs::Centre, IDs::CentreDms, 0),
+    GxFalseEasting(0),
+    GxFalseNorthing(0),
+};
+
+constexpr GxProjDataLayout kLayout = {
+    CGxMapProjData::eStereographicSouthPole,
+    "Stereographic south pole",
+    CGxStereographicSouthPoleProjectionIDs::SectionName,
+    nullptr,
+    "Default Stereographic South Pole",
+    "WE",
+    static_cast<int>(std::size(kParams)),
+    kParams,
+};
+
+}  // namespace
+
+CGxStereographicSouthPoleProjection::CGxStereographicSouthPoleProjection()
+    : CGxTabledMapProjData(kLayout) {}
+
+CGxStereographicSouthPoleProjection::CGxStereographicSouthPoleProjection(const std::string& name)
+    : CGxTabledMapProjData(kLayout, name) {}
+
+CGxStereographicSouthPoleProjection::CGxStereographicSouthPoleProjection(
+    const std::string& name, const std::string& branchName, const std::string& ellipsoidID,
+    double parallel1, double centre, double falseEasting, double falseNorthing, bool canDelete,
+    bool canEdit)
+    : CGxTabledMapProjData(kLayout, name, branchName, ellipsoidID,
+                           {parallel1, centre, falseEasting, falseNorthing}, canDelete, canEdit) {}
+
+CGxProjection* CGxStereographicSouthPoleProjection::CreateProjection() const {
+    return nullptr;
+}

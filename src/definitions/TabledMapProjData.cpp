@@ -1,0 +1,199 @@
+#include "definitions/TabledMapProjData.h"
+
+#include <algorithm>
+
+#include "zpf/zpf.h"
+
+namespace {
+
+// Inches per metre of the US survey foot: 1 ft = 12 / 39.37 m.
+constexpr double kInchesPerFoot = 12.0;
+constexpr double kUsInchesPerMetre = 39.37;
+
+std::string ReadText(void* section, const char* keyword) {
+    std::string value;
+    if (!zpfGetParam(section, keyword, 1, 1, &value)) value.clear();
+    return value;
+}
+
+// The decimal keyword; 0 when it is absent or not a number.
+double ReadDecimal(void* section, const char* keyword) {
+    double value = 0.0;
+    if (!zpfGetParam(section, keyword, 1, 1, &value)) value = 0.0;
+    return value;
+}
+
+// The parameter from its alternative form when that is present, else from its
+// decimal keyword.
+double ReadParameter(void* section, const GxParamSpec& spec) {
+    switch (spec.alternative) {
+        case EGxAlternativeForm::eDms: {
+            int degrees = 0;
+            int minutes = 0;
+            double seconds = 0.0;
+            if (CGxMapProjData::zpfGetParamDMS(section, spec.alternativeKeyword, &degrees, &minutes,
+                                               &seconds)) {
+                // The sign is carried by the degrees alone: "-0" degrees is not
+                // negative, so an angle between -1 and 0 degrees can only be
+                // written with negative minutes (0 -30 0 is -0.5).
+                const double sign = degrees < 0 ? -1.0 : 1.0;
+                return degrees + sign * minutes / 60.0 + sign * seconds / 3600.0;
+            }
+            break;
+        }
+        case EGxAlternativeForm::eFeetUs: {
+            double feet = 0.0;
+            if (zpfGetParam(section, spec.alternativeKeyword, 1, 1, &feet))
+                return feet * kInchesPerFoot / kUsInchesPerMetre;
+            break;
+        }
+        case EGxAlternativeForm::eScaleReduction: {
+            // A reduction 1:N shrinks lengths by 1/N, so the scale is (N - 1) / N;
+            // N = 0 gives the infinity the division gives.
+            double n = 0.0;
+            if (zpfGetParam(section, spec.alternativeKeyword, 1, 1, &n)) return (n - 1.0) / n;
+            break;
+        }
+        case EGxAlternativeForm::eNone:
+            break;
+    }
+    return ReadDecimal(section, spec.keyword);
+}
+
+}  // namespace
+
+CGxTabledMapProjData::CGxTabledMapProjData(const GxProjDataLayout& layout_)
+    : params{}, canDelete(false), canEdit(false), layout(&layout_) {}
+
+CGxTabledMapProjData::CGxTabledMapProjData(const GxProjDataLayout& layout_,
+                                           const std::string& name_)
+    : name(name_), params{}, canDelete(false), canEdit(false), layout(&layout_) {}
+
+CGxTabledMapProjData::CGxTabledMapProjData(const GxProjDataLayout& layout_,
+                                           const std::string& name_, const std::string& branchName_,
+                                           const std::string& ellipsoidID_,
+                                           std::initializer_list<double> values, bool canDelete_,
+                                           bool canEdit_)
+    : name(name_),
+      branchName(branchName_),
+      ellipsoidID(ellipsoidID_),
+      params{},
+      canDelete(canDelete_),
+      canEdit(canEdit_),
+      layout(&layout_) {
+    const std::size_t n =
+        std::min({values.size(), static_cast<std::size_t>(layout->count), kGxMaxProjParams});
+    std::copy_n(values.begin(), n, params);
+}
+
+CGxTabledMapProjData::CGxTabledMapProjData(const CGxTabledMapProjData& other) = default;
+CGxTabledMapProjData& CGxTabledMapProjData::operator=(const CGxTabledMapProjData& other) = default;
+CGxTabledMapProjData::~CGxTabledMapProjData() = default;
+
+std::string CGxTabledMapProjData::GetName() const {
+    return name;
+}
+
+void CGxTabledMapProjData::SetName(const std::string& name_) {
+    if (canEdit) name = name_;
+}
+
+std::string CGxTabledMapProjData::GetBranchName() const {
+    return branchName;
+}
+
+void CGxTabledMapProjData::SetBranchName(const std::string& branchName_) {
+    branchName = branchName_;
+}
+
+std::string CGxTabledMapProjData::GetEllipsoidID() const {
+    return ellipsoidID;
+}
+
+void CGxTabledMapProjData::SetEllipsoidID(const std::string& ellipsoidID_) {
+    if (canEdit) ellipsoidID = ellipsoidID_;
+}
+
+void CGxTabledMapProjData::ReadFromHandle(void* section, bool editable) {
+    if (!section) return;
+    // Looking for an alternative form that is absent is not a failure the
+    // caller should see; keep the keyword library's error as it was before.
+    const bool errorBefore = zpfPeekErrorGlb() != eZpfOk;
+
+    double values[kGxMaxProjParams] = {};
+    for (int i = 0; i < layout->count; ++i) values[i] = ReadParameter(section, layout->params[i]);
+    _Assign(ReadText(section, ProjectionName), ReadText(section, BranchName),
+            ReadText(section, Ellipsoid), values, editable, editable);
+
+    if (!errorBefore) zpfGetErrorGlb();
+}
+
+void CGxTabledMapProjData::WriteToHandle(void* file) {
+    // System definitions never go into a file.
+    if (!canEdit || !file) return;
+    void* section = zpfAddSection(file, layout->sectionName);
+    if (!section) return;
+    zpfPutParam(section, ProjectionName, name);
+    zpfPutParam(section, BranchName, branchName);
+    zpfPutParam(section, Ellipsoid, ellipsoidID);
+    for (int i = 0; i < layout->count; ++i)
+        zpfPutParam(section, layout->params[i].keyword, params[i]);
+    zpfEndSection(section);
+}
+
+bool CGxTabledMapProjData::IsSectionID(const std::string& text) const {
+    return text == layout->sectionName ||
+           (layout->oldSectionName && text == layout->oldSectionName);
+}
+
+bool CGxTabledMapProjData::CanDelete() const {
+    return canDelete;
+}
+
+bool CGxTabledMapProjData::CanEdit() const {
+    return canEdit;
+}
+
+std::string CGxTabledMapProjData::GetProjectionTypeTitle() const {
+    return layout->title;
+}
+
+CGxMapProjData::EProjectionType CGxTabledMapProjData::GetProjectionType() const {
+    return layout->type;
+}
+
+int CGxTabledMapProjData::GetNoOfParameters() const {
+    return layout->count;
+}
+
+bool CGxTabledMapProjData::GetParameter(int index, std::string& label, double& value,
+                                        EParamType& kind) const {
+    if (index < 0 || index >= layout->count) return false;
+    label = layout->params[index].label;
+    value = params[index];
+    kind = layout->params[index].kind;
+    return true;
+}
+
+void CGxTabledMapProjData::SetParameters(double* const values) {
+    if (!values) return;
+    std::copy_n(values, layout->count, params);
+}
+
+void CGxTabledMapProjData::_Assign(const std::string& name_, const std::string& branchName_,
+                                   const std::string& ellipsoidID_, const double* values,
+                                   bool canDelete_, bool canEdit_) {
+    name = name_;
+    branchName = branchName_;
+    ellipsoidID = ellipsoidID_;
+    std::fill(std::begin(params), std::end(params), 0.0);
+    if (values) std::copy_n(values, layout->count, params);
+    canDelete = canDelete_;
+    canEdit = canEdit_;
+}
+
+void CGxTabledMapProjData::_AssignDefaults() {
+    double values[kGxMaxProjParams] = {};
+    for (int i = 0; i < layout->count; ++i) values[i] = layout->params[i].defaultValue;
+    _Assign(layout->defaultName, std::string(), layout->defaultEllipsoid, values, false, false);
+}

@@ -1,0 +1,148 @@
+#pragma once
+
+#include <cstddef>
+#include <initializer_list>
+#include <string>
+
+#include "definitions/MapProjData.h"
+#include "foundation/GxExport.h"
+
+// The twenty definition types differ only in their parameter lists, keywords
+// and names. Each type describes itself once in a constant table; one
+// implementation of reading, writing, labelled access and copying serves all.
+
+// Alternative keyword tried before the decimal one when a parameter is read.
+enum class EGxAlternativeForm : int {
+    eNone,            // only the decimal keyword
+    eDms,             // degrees, minutes, seconds under "<keyword>_dms"
+    eFeetUs,          // US survey feet under "<keyword>_ft_us"
+    eScaleReduction,  // the denominator N of a reduction 1:N
+};
+
+// One numeric parameter of a type.
+struct GxParamSpec {
+    const char* label;  // shown by GetParameter, e.g. "First parallel:"
+    CGxMapProjData::EParamType kind;
+    const char* keyword;  // written and read
+    EGxAlternativeForm alternative;
+    const char* alternativeKeyword;  // null when alternative is eNone
+    double defaultValue;             // value in the type's default definition
+};
+
+// An angle with a degrees-minutes-seconds form.
+constexpr GxParamSpec GxAngleDms(const char* label, const char* keyword, const char* dmsKeyword,
+                                 double defaultValue) {
+    return {label,       CGxMapProjData::eAngle, keyword, EGxAlternativeForm::eDms, dmsKeyword,
+            defaultValue};
+}
+
+// An angle read and written only in decimal degrees.
+constexpr GxParamSpec GxAngle(const char* label, const char* keyword, double defaultValue) {
+    return {label,       CGxMapProjData::eAngle, keyword, EGxAlternativeForm::eNone, nullptr,
+            defaultValue};
+}
+
+// The scale factor "Scale", which may also be written as a reduction 1:N.
+constexpr GxParamSpec GxScaleWithReduction(double defaultValue) {
+    return {"Scale:",
+            CGxMapProjData::eScale,
+            CGxMapProjDataIDs::Scale,
+            EGxAlternativeForm::eScaleReduction,
+            CGxMapProjDataIDs::ScaleReduction,
+            defaultValue};
+}
+
+// A scale factor read and written only as a plain factor.
+constexpr GxParamSpec GxScale(const char* label, const char* keyword, double defaultValue) {
+    return {label,       CGxMapProjData::eScale, keyword, EGxAlternativeForm::eNone, nullptr,
+            defaultValue};
+}
+
+// False easting and northing, metres, or US survey feet in the _ft_us forms.
+constexpr GxParamSpec GxFalseEasting(double defaultValue) {
+    return {"False easting:",
+            CGxMapProjData::eLength,
+            CGxMapProjDataIDs::Feast,
+            EGxAlternativeForm::eFeetUs,
+            CGxMapProjDataIDs::FeastFtUs,
+            defaultValue};
+}
+constexpr GxParamSpec GxFalseNorthing(double defaultValue) {
+    return {"False northing:",           CGxMapProjData::eLength,       CGxMapProjDataIDs::Fnorth,
+            EGxAlternativeForm::eFeetUs, CGxMapProjDataIDs::FnorthFtUs, defaultValue};
+}
+
+// Largest parameter count of any type (Krovak).
+constexpr std::size_t kGxMaxProjParams = 10;
+
+// Everything that tells one definition type from another.
+struct GxProjDataLayout {
+    CGxMapProjData::EProjectionType type;
+    const char* title;             // GetProjectionTypeTitle
+    const char* sectionName;       // written, and accepted on reading
+    const char* oldSectionName;    // also accepted on reading, or null
+    const char* defaultName;       // name of the default definition
+    const char* defaultEllipsoid;  // ellipsoid identifier of the default definition
+    int count;                     // number of parameters, at most kGxMaxProjParams
+    const GxParamSpec* params;     // count entries in index order
+};
+
+// The common implementation of the definition family. It holds the fields of
+// every definition (name, branch, ellipsoid identifier, the parameters in
+// index order, the two flags) and follows the type's layout table; a concrete
+// class adds its constructors, named accessors and algorithm factory.
+class GXCART_API CGxTabledMapProjData : public CGxMapProjData {
+public:
+    ~CGxTabledMapProjData() override;
+
+    std::string GetName() const override;
+    void SetName(const std::string& name) override;
+    std::string GetBranchName() const override;
+    void SetBranchName(const std::string& branchName) override;
+    std::string GetEllipsoidID() const override;
+    void SetEllipsoidID(const std::string& ellipsoidID) override;
+    void ReadFromHandle(void* section, bool editable) override;
+    void WriteToHandle(void* file) override;
+    bool IsSectionID(const std::string& text) const override;
+    bool CanDelete() const override;
+    bool CanEdit() const override;
+    std::string GetProjectionTypeTitle() const override;
+    EProjectionType GetProjectionType() const override;
+    int GetNoOfParameters() const override;
+    bool GetParameter(int index, std::string& label, double& value,
+                      EParamType& kind) const override;
+    void SetParameters(double* const values) override;
+
+protected:
+    // Empty strings, parameters 0, neither deletable nor editable.
+    explicit CGxTabledMapProjData(const GxProjDataLayout& layout);
+    CGxTabledMapProjData(const GxProjDataLayout& layout, const std::string& name);
+    // values in index order; missing trailing values are 0.
+    CGxTabledMapProjData(const GxProjDataLayout& layout, const std::string& name,
+                         const std::string& branchName, const std::string& ellipsoidID,
+                         std::initializer_list<double> values, bool canDelete, bool canEdit);
+    CGxTabledMapProjData(const CGxTabledMapProjData& other);
+    CGxTabledMapProjData& operator=(const CGxTabledMapProjData& other);
+
+    double _Param(int index) const { return params[index]; }
+    // The named setters: applied only to an editable definition.
+    void _SetParam(int index, double value) {
+        if (canEdit) params[index] = value;
+    }
+
+private:
+    // The factories of CGxMapProjData fill new objects through these.
+    friend class CGxMapProjData;
+    void _Assign(const std::string& name, const std::string& branchName,
+                 const std::string& ellipsoidID, const double* values, bool canDelete,
+                 bool canEdit);
+    void _AssignDefaults();
+
+    std::string name;
+    std::string branchName;
+    std::string ellipsoidID;
+    double params[kGxMaxProjParams];
+    bool canDelete;
+    bool canEdit;
+    const GxProjDataLayout* layout;
+};
