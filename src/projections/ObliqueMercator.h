@@ -1,0 +1,21 @@
+#pragma once
+
+#include "projections/ObliqueMercatorMath.h"
+
+class CGxEllipsoid;
+
+// Hotine oblique Mercator with its grid origin at the projection centre and
+// the grid rectified by the azimuth of the central line (EPSG variant B with
+// gamma = alpha). With an azimuth of 90 degrees the central line runs east-west
+// through the centre and the projection is the Swiss oblique cylindrical one.
+class GXCART_API CGxObliqueMercator : public CGxObliqueMercatorBase {
+public:
+    // scale on the central line; centre longitude and latitude and the
+    // central line's azimuth at the centre in degrees; false easting and
+    // northing (the grid values of the centre) in the ellipsoid unit.
+    CGxObliqueMercator(const char* name, double scale, double centreLongitude,
+                       double centreLatitude, double azimuth, double falseEasting,
+                       double falseNorthing, const CGxEllipsoid& ellipsoid);
+
+    CGxProjection* Clone() const override;
+};
