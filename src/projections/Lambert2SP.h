@@ -1,0 +1,43 @@
+#pragma once
+
+#include "foundation/Projection.h"
+#include "projections/LambertConeMath.h"
+#include "projections/ProjectionSupport.h"
+
+class CGxEllipsoid;
+
+// Lambert conformal conic with two standard parallels, true to scale on both;
+// coordinates count from a false origin.
+class GXCART_API CGxLambert2SP : public CGxProjection {
+public:
+    // name: coordinate-system string (empty means "NON-UTM"); parallel1,
+    // parallel2: the standard parallels, degrees; originLongitude,
+    // originLatitude: the false origin, degrees; false easting and northing
+    // at the false origin, in the ellipsoid's unit.
+    CGxLambert2SP(const char* name, double parallel1, double parallel2, double originLongitude,
+                  double originLatitude, double falseEasting, double falseNorthing,
+                  const CGxEllipsoid& ellipsoid);
+
+    const char* GetName() const override;
+    void Geo2Proj(double lon, double lat, double* x, double* y) const override;
+    void Proj2Geo(double x, double y, double* lon, double* lat) const override;
+    // The false origin, degrees.
+    void GetOrigin(double* lon, double* lat) const override;
+    // n times the longitude difference from the origin, degrees.
+    double GetConvergence(double lon, double lat) const override;
+    // Projected corners of the +-3 degree box around the false origin; a false
+    // origin at a pole is replaced by the mean standard parallel.
+    void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
+    bool IsLocal() const override;
+    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
+    CGxProjection* Clone() const override;
+
+private:
+    GxProjectionName name;
+    double a;
+    double f;  // flattening, 0 for a sphere
+    double lat1;  // radians
+    double lat2;  // radians
+    double latF;  // radians
+    GxLambertCone cone;
+};

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cmath>
+
+#include "foundation/Tolerance.h"
+#include "projections/ConformalLatitude.h"
+
+// The map geometry shared by the one- and two-parallel Lambert conformal
+// conics. A parallel of isometric term t is drawn as a circle of radius
+// r = scale t^n about the apex; the origin parallel has radius rOrigin, so the
+// apex sits rOrigin north of the false origin (south of it for a southern
+// cone, n < 0). Longitudes turn by n times their difference from lon0, which
+// is not reduced to +-180 degrees.
+//
+// Since t(-phi) = 1/t(phi), a southern cone is worked as the mirror of a
+// northern one, r = scale t(-phi)^|n|: each cone then meets its own apex pole
+// with t exactly 0 (t of -90 degrees in the direct form is a large finite
+// number, because tan(pi/2) is, which misses the apex by centimetres), and in
+// both the isometric term is clamped beyond the apex pole.
+struct GxLambertCone {
+    double e;        // first eccentricity
+    double n;        // cone constant
+    double apex;     // +1 for a cone with its apex at the north pole, -1 south
+    double absN;     // |n|
+    double invAbsN;  // 1/|n|
+    double scale;    // a F, times k0 for the one-parallel form
+    double rOrigin;  // map radius of the origin parallel
+    double lon0;     // radians
+    double falseEasting;
+    double falseNorthing;
+
+    // Degrees in, map units out.
+    void Forward(double lon, double lat, double* x, double* y) const {
+        const double r = Radius(lat * kGxDegToRad);
+        const double theta = n * (lon * kGxDegToRad - lon0);
+        *x = falseEasting + r * std::sin(theta);
+        *y = falseNorthing + rOrigin - r * std::cos(theta);
+    }
+
+    // Map units in, degrees out.
+    void Inverse(double x, double y, double* lon, double* lat) const {
+        const double dx = x - falseEasting;
+        const double dy = rOrigin - (y - falseNorthing);
+        // A southern cone opens the other way: turn the offsets round before
+        // taking the angle, and count the radius negative like n and F.
+        const double theta = n >= 0 ? std::atan2(dx, dy) : std::atan2(-dx, -dy);
+        const double r = apex * std::hypot(dx, dy);
+        const double t = std::pow(r / scale, invAbsN);
+        *lon = (theta / n + lon0) * kGxRadToDeg;
+        *lat = apex * GxLatitudeFromT(t, e) * kGxRadToDeg;
+    }
+
+    // Map radius of the parallel phi (radians).
+    double Radius(double phi) const {
+        double t = GxConformalT(apex * phi, e);
+        // Beyond the apex pole the term turns negative: such a point is taken
+        // to the apex.
+        if (t < 0) t = 0;
+        return scale * std::pow(t, absN);
+    }
+
+    // Fills the cone from the cone constant, the radius factor a F (k0
+    // applied for the one-parallel form) and the origin (angles in radians).
+    void Set(double e_, double n_, double scale_, double lon0_, double latOrigin, double fe,
+             double fn) {
+        e = e_;
+        n = n_;
+        apex = n_ >= 0 ? 1.0 : -1.0;
+        absN = std::fabs(n_);
+        invAbsN = 1 / absN;
+        scale = scale_;
+        rOrigin = Radius(latOrigin);
+        lon0 = lon0_;
+        falseEasting = fe;
+        falseNorthing = fn;
+    }
+};
