@@ -1,0 +1,165 @@
+// Equidistant conic: ellipsoidal and spherical formulas after Snyder, Map
+// Projections: A Working Manual (USGS Professional Paper 1395), chapter 16.
+// The radius of a parallel falls by the meridian arc, so northing differences
+// along the central meridian are true lengths. Southern cones (n < 0) keep
+// positive radii in the inverse by turning both coordinate differences round.
+
+#include "projections/EquidistantConic.h"
+
+#include <cmath>
+
+#include "foundation/Ellipsoid.h"
+#include "foundation/Tolerance.h"
+#include "projections/ConeApexOffsets.h"
+#include "projections/FourierCoefficients.h"
+#include "projections/MeridianArc.h"
+#include "projections/ParallelRadius.h"
+
+namespace {
+
+constexpr int kEquidistantConicType = 19;
+constexpr double kDefaultAreaHalfWidth = 5.0;  // degrees
+
+// The polar angle theta and the signed radius rho of (x, y): the radii of a
+// southern cone are negative.
+void ConeRadiusAndAngle(double x, double y, double falseEasting, double falseNorthing, double rho0,
+                        double n, double* rho, double* theta) {
+    double dx, dy;
+    GxConeApexOffsets(x, y, falseEasting, falseNorthing, rho0, n, &dx, &dy);
+    *theta = std::atan2(dx, dy);
+    *rho = std::sqrt(dx * dx + dy * dy);
+    if (n < 0) *rho = -*rho;
+}
+
+}  // namespace
+
+// ---------------------------------------------------------------- ellipsoid
+
+CGxEquidistantConicEllipsoid::CGxEquidistantConicEllipsoid(
+    double parallel1, double parallel2, double centralMeridian, double originLatitude,
+    double falseEasting, double falseNorthing, const CGxEllipsoid& ellipsoid)
+    : a(ellipsoid.GetMajor()),
+      invFlattening(ellipsoid.GetInvFlatness()),
+      e(ellipsoid.GetEccentricity()),
+      e2(e * e),
+      lat1(parallel1 * kGxDegToRad),
+      lat2(parallel2 * kGxDegToRad),
+      lon0(centralMeridian * kGxDegToRad),
+      lat0(originLatitude * kGxDegToRad),
+      falseEasting(falseEasting),
+      falseNorthing(falseNorthing) {
+    GxComputeFourierCoefficients(kEquidistantConicType, true, e2, M);
+    GxComputeFourierCoefficients(kEquidistantConicType, false, e2, F);
+    const double m1 = GxParallelRadius(lat1, e2);
+    const double Mt1 = GxMeridianArc(lat1, M);
+    // The tangent cone is the limit of the secant formula: -dm/dM = sin phi.
+    if (lat1 == lat2)
+        n = std::sin(lat1);
+    else
+        n = (m1 - GxParallelRadius(lat2, e2)) * a / (a * GxMeridianArc(lat2, M) - a * Mt1);
+    G = m1 / n + Mt1;
+    rho0 = a * G - a * GxMeridianArc(lat0, M);
+}
+
+void CGxEquidistantConicEllipsoid::Geo2Proj(double lon, double lat, double* x, double* y) const {
+    const double rho = a * G - a * GxMeridianArc(lat * kGxDegToRad, M);
+    const double theta = n * (lon * kGxDegToRad - lon0);
+    *x = falseEasting + rho * std::sin(theta);
+    *y = falseNorthing + rho0 - rho * std::cos(theta);
+}
+
+void CGxEquidistantConicEllipsoid::Proj2Geo(double x, double y, double* lon, double* lat) const {
+    double rho, theta;
+    ConeRadiusAndAngle(x, y, falseEasting, falseNorthing, rho0, n, &rho, &theta);
+    const double mu = (a * G - rho) / (a * M[0]);
+    *lat = GxFootpointLatitude(mu, F) * kGxRadToDeg;
+    *lon = (theta / n + lon0) * kGxRadToDeg;
+}
+
+void CGxEquidistantConicEllipsoid::GetOrigin(double* lon, double* lat) const {
+    *lon = lon0 * kGxRadToDeg;
+    *lat = lat0 * kGxRadToDeg;
+}
+
+void CGxEquidistantConicEllipsoid::GetDefaultArea(double* x0, double* y0, double* x1,
+                                                  double* y1) const {
+    GxInnerDefaultArea(*this, lon0 * kGxRadToDeg, lat0 * kGxRadToDeg, kDefaultAreaHalfWidth, x0, y0,
+                       x1, y1);
+}
+
+bool CGxEquidistantConicEllipsoid::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
+    return GxInnerAnonymousEllipsoid(a, invFlattening, out);
+}
+
+CGxProjInterface* CGxEquidistantConicEllipsoid::Clone() const {
+    return new CGxEquidistantConicEllipsoid(*this);
+}
+
+// ------------------------------------------------------------------- sphere
+
+CGxEquidistantConicSphere::CGxEquidistantConicSphere(double parallel1, double parallel2,
+                                                     double centralMeridian, double originLatitude,
+                                                     double falseEasting, double falseNorthing,
+                                                     const CGxEllipsoid& ellipsoid)
+    : R(ellipsoid.GetMajor()),
+      lat1(parallel1 * kGxDegToRad),
+      lat2(parallel2 * kGxDegToRad),
+      lon0(centralMeridian * kGxDegToRad),
+      lat0(originLatitude * kGxDegToRad),
+      falseEasting(falseEasting),
+      falseNorthing(falseNorthing) {
+    if (lat1 != lat2)
+        n = (std::cos(lat1) - std::cos(lat2)) / (lat2 - lat1);
+    else
+        n = std::sin(lat1);
+    G = std::cos(lat1) / n + lat1;
+    rho0 = R * (G - lat0);
+}
+
+void CGxEquidistantConicSphere::Geo2Proj(double lon, double lat, double* x, double* y) const {
+    const double rho = R * (G - lat * kGxDegToRad);
+    const double theta = n * (lon * kGxDegToRad - lon0);
+    *x = falseEasting + rho * std::sin(theta);
+    *y = falseNorthing + rho0 - rho * std::cos(theta);
+}
+
+void CGxEquidistantConicSphere::Proj2Geo(double x, double y, double* lon, double* lat) const {
+    double rho, theta;
+    ConeRadiusAndAngle(x, y, falseEasting, falseNorthing, rho0, n, &rho, &theta);
+    *lon = (theta / n + lon0) * kGxRadToDeg;
+    *lat = (G - rho / R) * kGxRadToDeg;
+}
+
+void CGxEquidistantConicSphere::GetOrigin(double* lon, double* lat) const {
+    *lon = lon0 * kGxRadToDeg;
+    *lat = lat0 * kGxRadToDeg;
+}
+
+void CGxEquidistantConicSphere::GetDefaultArea(double* x0, double* y0, double* x1,
+                                               double* y1) const {
+    GxInnerDefaultArea(*this, lon0 * kGxRadToDeg, lat0 * kGxRadToDeg, kDefaultAreaHalfWidth, x0, y0,
+                       x1, y1);
+}
+
+bool CGxEquidistantConicSphere::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
+    return GxInnerAnonymousEllipsoid(R, 0.0, out);
+}
+
+CGxProjInterface* CGxEquidistantConicSphere::Clone() const {
+    return new CGxEquidistantConicSphere(*this);
+}
+
+// ------------------------------------------------------------------ wrapper
+
+CGxEquidistantConic::CGxEquidistantConic(const char* name, double parallel1, double parallel2,
+                                         double centralMeridian, double originLatitude,
+                                         double falseEasting, double falseNorthing,
+                                         const CGxEllipsoid& ellipsoid)
+    : CGxProjWrapper(name, GxInnerKindFor(ellipsoid),
+                     GxMakeInner<CGxEquidistantConicEllipsoid, CGxEquidistantConicSphere>(
+                         ellipsoid, parallel1, parallel2, centralMeridian, originLatitude,
+                         falseEasting, falseNorthing)) {}
+
+CGxProjection* CGxEquidistantConic::Clone() const {
+    return new CGxEquidistantConic(*this);
+}

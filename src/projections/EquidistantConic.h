@@ -1,0 +1,70 @@
+#pragma once
+
+#include "foundation/GxExport.h"
+#include "projections/ProjInterface.h"
+
+class CGxEllipsoid;
+
+// Equidistant conic with two standard parallels: distances along every
+// meridian are true. Parameters in degrees and in the units of the semi-major
+// axis: parallel1/parallel2 the standard parallels, (centralMeridian,
+// originLatitude) the origin, which maps to (falseEasting, falseNorthing).
+// Equal standard parallels give the tangent cone with n = sin parallel1.
+
+// Ellipsoidal formulas (Snyder, Map Projections: A Working Manual, 16-11 to
+// 16-22, 3-21 and 3-26), with the meridian arc in e^2 to third order and the
+// footpoint latitude in e1 to fourth order.
+class GXCART_API CGxEquidistantConicEllipsoid : public CGxProjInterface {
+public:
+    CGxEquidistantConicEllipsoid(double parallel1, double parallel2, double centralMeridian,
+                                 double originLatitude, double falseEasting, double falseNorthing,
+                                 const CGxEllipsoid& ellipsoid);
+    void Geo2Proj(double lon, double lat, double* x, double* y) const override;
+    void Proj2Geo(double x, double y, double* lon, double* lat) const override;
+    void GetOrigin(double* lon, double* lat) const override;
+    // Ten-degree box around the origin.
+    void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
+    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
+    CGxProjInterface* Clone() const override;
+
+private:
+    double a, invFlattening, e, e2;
+    double lat1, lat2, lon0, lat0;  // radians
+    double falseEasting, falseNorthing;
+    double M[4];  // meridian-arc coefficients M1..M4
+    double F[4];  // footpoint-latitude coefficients F1..F4
+    double n;     // cone constant
+    double G;     // constant of the cone, in units of the semi-major axis
+    double rho0;  // radius of the origin parallel
+};
+
+// Spherical formulas (Snyder 16-1 to 16-10).
+class GXCART_API CGxEquidistantConicSphere : public CGxProjInterface {
+public:
+    CGxEquidistantConicSphere(double parallel1, double parallel2, double centralMeridian,
+                              double originLatitude, double falseEasting, double falseNorthing,
+                              const CGxEllipsoid& ellipsoid);
+    void Geo2Proj(double lon, double lat, double* x, double* y) const override;
+    void Proj2Geo(double x, double y, double* lon, double* lat) const override;
+    void GetOrigin(double* lon, double* lat) const override;
+    // Ten-degree box around the origin.
+    void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
+    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
+    CGxProjInterface* Clone() const override;
+
+private:
+    double R;
+    double lat1, lat2, lon0, lat0;  // radians
+    double falseEasting, falseNorthing;
+    double n, G, rho0;
+};
+
+// The equidistant conic algorithm: the spherical formulas for an inverse
+// flattening of exactly 0, the ellipsoidal ones otherwise.
+class GXCART_API CGxEquidistantConic : public CGxProjWrapper {
+public:
+    CGxEquidistantConic(const char* name, double parallel1, double parallel2,
+                        double centralMeridian, double originLatitude, double falseEasting,
+                        double falseNorthing, const CGxEllipsoid& ellipsoid);
+    CGxProjection* Clone() const override;
+};

@@ -1,0 +1,269 @@
+// Lambert azimuthal equal area: ellipsoidal and spherical formulas after
+// Snyder, Map Projections: A Working Manual (USGS Professional Paper 1395),
+// chapter 24. The ellipsoid maps the authalic latitude onto a sphere of equal
+// area (radius Rq) and corrects the scale of the two axes at the centre (D),
+// so that the centre keeps its true scale in every direction.
+//
+// The two forms differ at the very centre of the oblique aspect: the
+// ellipsoidal inverse recognises a zero distance and returns the centre, the
+// spherical one divides 0 by 0 and returns a NaN latitude.
+
+#include "projections/LambertAzimuthalEqualArea.h"
+
+#include <cmath>
+
+#include "foundation/Ellipsoid.h"
+#include "foundation/Tolerance.h"
+#include "projections/AuthalicLatitude.h"
+#include "projections/FourierCoefficients.h"
+#include "projections/ParallelRadius.h"
+
+namespace {
+
+constexpr int kLambertAzimuthalType = 17;
+constexpr int kOblique = 1;
+constexpr int kNorthPolar = 2;
+constexpr int kSouthPolar = 3;
+constexpr double kObliqueHalfWidth = 3.0;     // degrees
+constexpr double kPolarHalfWidth = 200000.0;  // metres
+constexpr double kQuarterPi = 0.7853981633974483;
+
+int AspectOf(double originLatitude) {
+    if (GxIsNear(originLatitude, 90.0)) return kNorthPolar;
+    if (GxIsNear(originLatitude, -90.0)) return kSouthPolar;
+    return kOblique;
+}
+
+// Default area of both forms: a box of degrees around the centre in the
+// oblique aspect; around a pole, a square whose both ranges come from the
+// easting of the pole. An unknown aspect leaves the corners alone.
+void AzimuthalDefaultArea(const CGxProjInterface& p, int aspect, double lon0, double lat0,
+                          double* x0, double* y0, double* x1, double* y1) {
+    if (aspect == kOblique) {
+        GxInnerDefaultArea(p, lon0, lat0, kObliqueHalfWidth, x0, y0, x1, y1);
+    } else if (aspect == kNorthPolar || aspect == kSouthPolar) {
+        double x, y;
+        p.Geo2Proj(lon0, lat0, &x, &y);
+        *x0 = *y0 = x - kPolarHalfWidth;
+        *x1 = *y1 = x + kPolarHalfWidth;
+    }
+}
+
+}  // namespace
+
+// ---------------------------------------------------------------- ellipsoid
+
+CGxLambertAzimuthalEqualAreaEllipsoid::CGxLambertAzimuthalEqualAreaEllipsoid(
+    double centreLongitude, double originLatitude, double falseEasting, double falseNorthing,
+    const CGxEllipsoid& ellipsoid)
+    : a(ellipsoid.GetMajor()),
+      invFlattening(ellipsoid.GetInvFlatness()),
+      e(ellipsoid.GetEccentricity()),
+      e2(e * e),
+      lon0(centreLongitude * kGxDegToRad),
+      lat0(originLatitude * kGxDegToRad),
+      falseEasting(falseEasting),
+      falseNorthing(falseNorthing),
+      lonOrigin(lon0),
+      aspect(AspectOf(originLatitude)),
+      qP(GxAuthalicQ(1.0, e, e2)),
+      beta0(0.0),
+      sinBeta0(0.0),
+      cosBeta0(1.0),
+      Rq(0.0),
+      D(0.0) {
+    GxComputeFourierCoefficients(kLambertAzimuthalType, false, e2, c);
+    if (aspect == kOblique) {
+        beta0 = std::asin(GxAuthalicQ(std::sin(lat0), e, e2) / qP);
+        sinBeta0 = std::sin(beta0);
+        cosBeta0 = std::cos(beta0);
+        Rq = a * std::sqrt(qP / 2);
+        D = a * GxParallelRadius(lat0, e2) / (Rq * cosBeta0);
+    }
+}
+
+void CGxLambertAzimuthalEqualAreaEllipsoid::Geo2Proj(double lon, double lat, double* x,
+                                                     double* y) const {
+    const double q = GxAuthalicQ(std::sin(lat * kGxDegToRad), e, e2);
+    const double dlon = lon * kGxDegToRad - lonOrigin;
+    const double sinDlon = std::sin(dlon), cosDlon = std::cos(dlon);
+    switch (aspect) {
+        case kOblique: {
+            const double sinBeta = q / qP;
+            const double cosBeta = std::sqrt(1 - sinBeta * sinBeta);
+            const double B =
+                Rq * std::sqrt(2 / (1 + sinBeta0 * sinBeta + cosBeta0 * cosBeta * cosDlon));
+            *x = falseEasting + B * D * cosBeta * sinDlon;
+            *y = falseNorthing + (B / D) * (cosBeta0 * sinBeta - sinBeta0 * cosBeta * cosDlon);
+            break;
+        }
+        case kNorthPolar: {
+            const double rho = a * std::sqrt(qP - q);
+            *x = falseEasting + rho * sinDlon;
+            *y = falseNorthing - rho * cosDlon;
+            break;
+        }
+        case kSouthPolar: {
+            const double rho = a * std::sqrt(qP + q);
+            *x = falseEasting + rho * sinDlon;
+            *y = falseNorthing + rho * cosDlon;
+            break;
+        }
+        default:
+            break;
+    }
+}
+
+void CGxLambertAzimuthalEqualAreaEllipsoid::Proj2Geo(double x, double y, double* lon,
+                                                     double* lat) const {
+    const double dx = x - falseEasting;
+    const double dy = y - falseNorthing;
+    double beta, lambda;
+    switch (aspect) {
+        case kOblique: {
+            const double rho = std::sqrt((dx / D) * (dx / D) + (D * dy) * (D * dy));
+            const double C = 2 * std::asin(rho / (2 * Rq));
+            const double sinC = std::sin(C), cosC = std::cos(C);
+            const double T = rho == 0 ? 0.0 : D * dy * sinC * cosBeta0 / rho;
+            beta = std::asin(cosC * sinBeta0 + T);
+            lambda = lonOrigin + std::atan2(dx * sinC, D * rho * cosBeta0 * cosC -
+                                                           D * D * dy * sinBeta0 * sinC);
+            break;
+        }
+        case kNorthPolar:
+        case kSouthPolar: {
+            const double rho2 = dx * dx + dy * dy;
+            beta = std::asin(1 - rho2 / (a * a * qP));
+            if (lat0 < 0) beta = -beta;
+            lambda = lonOrigin + (aspect == kNorthPolar ? std::atan2(dx, -dy) : std::atan2(dx, dy));
+            break;
+        }
+        default:
+            return;
+    }
+    *lon = lambda * kGxRadToDeg;
+    *lat = GxLatitudeFromAuthalic(beta, c) * kGxRadToDeg;
+}
+
+void CGxLambertAzimuthalEqualAreaEllipsoid::GetOrigin(double* lon, double* lat) const {
+    *lon = lon0 * kGxRadToDeg;
+    *lat = lat0 * kGxRadToDeg;
+}
+
+void CGxLambertAzimuthalEqualAreaEllipsoid::GetDefaultArea(double* x0, double* y0, double* x1,
+                                                           double* y1) const {
+    AzimuthalDefaultArea(*this, aspect, lon0 * kGxRadToDeg, lat0 * kGxRadToDeg, x0, y0, x1, y1);
+}
+
+bool CGxLambertAzimuthalEqualAreaEllipsoid::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
+    return GxInnerAnonymousEllipsoid(a, invFlattening, out);
+}
+
+CGxProjInterface* CGxLambertAzimuthalEqualAreaEllipsoid::Clone() const {
+    return new CGxLambertAzimuthalEqualAreaEllipsoid(*this);
+}
+
+// ------------------------------------------------------------------- sphere
+
+CGxLambertAzimuthalEqualAreaSphere::CGxLambertAzimuthalEqualAreaSphere(
+    double centreLongitude, double originLatitude, double falseEasting, double falseNorthing,
+    const CGxEllipsoid& ellipsoid)
+    : R(ellipsoid.GetMajor()),
+      lon0(centreLongitude * kGxDegToRad),
+      lat0(originLatitude * kGxDegToRad),
+      falseEasting(falseEasting),
+      falseNorthing(falseNorthing),
+      lonOrigin(lon0),
+      latOrigin(lat0),
+      aspect(AspectOf(originLatitude)),
+      sinLat0(std::sin(lat0)),
+      cosLat0(std::cos(lat0)) {}
+
+void CGxLambertAzimuthalEqualAreaSphere::Geo2Proj(double lon, double lat, double* x,
+                                                  double* y) const {
+    const double phi = lat * kGxDegToRad;
+    const double dlon = lon * kGxDegToRad - lon0;
+    const double sinDlon = std::sin(dlon), cosDlon = std::cos(dlon);
+    switch (aspect) {
+        case kOblique: {
+            const double sinPhi = std::sin(phi), cosPhi = std::cos(phi);
+            const double k = std::sqrt(2 / (1 + sinLat0 * sinPhi + cosLat0 * cosPhi * cosDlon));
+            *x = falseEasting + R * k * cosPhi * sinDlon;
+            *y = falseNorthing + R * k * (cosLat0 * sinPhi - sinLat0 * cosPhi * cosDlon);
+            break;
+        }
+        case kNorthPolar: {
+            const double rho = 2 * R * std::sin(kQuarterPi - phi / 2);
+            *x = falseEasting + rho * sinDlon;
+            *y = falseNorthing - rho * cosDlon;
+            break;
+        }
+        case kSouthPolar: {
+            const double rho = 2 * R * std::cos(kQuarterPi - phi / 2);
+            *x = falseEasting + rho * sinDlon;
+            *y = falseNorthing + rho * cosDlon;
+            break;
+        }
+        default:
+            break;
+    }
+}
+
+void CGxLambertAzimuthalEqualAreaSphere::Proj2Geo(double x, double y, double* lon,
+                                                  double* lat) const {
+    const double dx = x - falseEasting;
+    const double dy = y - falseNorthing;
+    const double rho = std::sqrt(dx * dx + dy * dy);
+    const double c = 2 * std::asin(rho / (2 * R));
+    const double sinC = std::sin(c), cosC = std::cos(c);
+    switch (aspect) {
+        case kOblique:
+            *lon = (lon0 + std::atan2(dx * sinC, rho * cosLat0 * cosC - dy * sinLat0 * sinC)) *
+                   kGxRadToDeg;
+            *lat = std::asin(cosC * sinLat0 + dy * sinC * cosLat0 / rho) * kGxRadToDeg;
+            break;
+        case kNorthPolar:
+        case kSouthPolar:
+            *lon = (lon0 + (aspect == kNorthPolar ? std::atan2(dx, -dy) : std::atan2(dx, dy))) *
+                   kGxRadToDeg;
+            *lat = (rho == 0 ? lat0 : std::asin(cosC * sinLat0 + dy * sinC * cosLat0 / rho)) *
+                   kGxRadToDeg;
+            break;
+        default:
+            break;
+    }
+}
+
+void CGxLambertAzimuthalEqualAreaSphere::GetOrigin(double* lon, double* lat) const {
+    *lon = lon0 * kGxRadToDeg;
+    *lat = lat0 * kGxRadToDeg;
+}
+
+void CGxLambertAzimuthalEqualAreaSphere::GetDefaultArea(double* x0, double* y0, double* x1,
+                                                        double* y1) const {
+    AzimuthalDefaultArea(*this, aspect, lon0 * kGxRadToDeg, lat0 * kGxRadToDeg, x0, y0, x1, y1);
+}
+
+bool CGxLambertAzimuthalEqualAreaSphere::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
+    return GxInnerAnonymousEllipsoid(R, 0.0, out);
+}
+
+CGxProjInterface* CGxLambertAzimuthalEqualAreaSphere::Clone() const {
+    return new CGxLambertAzimuthalEqualAreaSphere(*this);
+}
+
+// ------------------------------------------------------------------ wrapper
+
+CGxLambertAzimuthalEqualArea::CGxLambertAzimuthalEqualArea(const char* name, double centreLongitude,
+                                                           double originLatitude,
+                                                           double falseEasting,
+                                                           double falseNorthing,
+                                                           const CGxEllipsoid& ellipsoid)
+    : CGxProjWrapper(
+          name, GxInnerKindFor(ellipsoid),
+          GxMakeInner<CGxLambertAzimuthalEqualAreaEllipsoid, CGxLambertAzimuthalEqualAreaSphere>(
+              ellipsoid, centreLongitude, originLatitude, falseEasting, falseNorthing)) {}
+
+CGxProjection* CGxLambertAzimuthalEqualArea::Clone() const {
+    return new CGxLambertAzimuthalEqualArea(*this);
+}

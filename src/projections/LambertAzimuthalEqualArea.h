@@ -1,0 +1,77 @@
+#pragma once
+
+#include "foundation/GxExport.h"
+#include "projections/ProjInterface.h"
+
+class CGxEllipsoid;
+
+// Lambert azimuthal equal area in its oblique (and equatorial), north-polar
+// and south-polar aspects. Parameters in degrees and in the units of the
+// semi-major axis: centreLongitude and originLatitude the centre, which maps
+// to (falseEasting, falseNorthing). An origin latitude within the nearness
+// tolerance of +90 or -90 selects the polar aspect.
+
+// Ellipsoidal formulas (Snyder, Map Projections: A Working Manual, 24-1 to
+// 24-29) through the authalic latitude; the inverse returns from it by the
+// series in e^2 to third order. The centre itself goes back to the centre.
+class GXCART_API CGxLambertAzimuthalEqualAreaEllipsoid : public CGxProjInterface {
+public:
+    CGxLambertAzimuthalEqualAreaEllipsoid(double centreLongitude, double originLatitude,
+                                          double falseEasting, double falseNorthing,
+                                          const CGxEllipsoid& ellipsoid);
+    void Geo2Proj(double lon, double lat, double* x, double* y) const override;
+    void Proj2Geo(double x, double y, double* lon, double* lat) const override;
+    void GetOrigin(double* lon, double* lat) const override;
+    // Oblique aspect: six-degree box around the centre. Polar aspects: a
+    // 400 km square around the pole, both ranges taken from the easting.
+    void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
+    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
+    CGxProjInterface* Clone() const override;
+
+private:
+    double a, invFlattening, e, e2;
+    double lon0, lat0;  // radians
+    double falseEasting, falseNorthing;
+    double c[4];  // c1, c2, c3 of the authalic-to-geodetic series, and 0
+    double lonOrigin;
+    int aspect;    // 1 oblique, 2 north polar, 3 south polar
+    double qP;     // q at the pole
+    double beta0;  // authalic latitude of the centre (oblique aspect)
+    double sinBeta0, cosBeta0;
+    double Rq;  // radius of the sphere of equal area (oblique aspect)
+    double D;   // scale correction between the two axes (oblique aspect)
+};
+
+// Spherical formulas (Snyder 24-2 to 24-4, 20-14 to 20-18). The inverse of the
+// centre in the oblique aspect divides 0 by 0 and gives a NaN latitude.
+class GXCART_API CGxLambertAzimuthalEqualAreaSphere : public CGxProjInterface {
+public:
+    CGxLambertAzimuthalEqualAreaSphere(double centreLongitude, double originLatitude,
+                                       double falseEasting, double falseNorthing,
+                                       const CGxEllipsoid& ellipsoid);
+    void Geo2Proj(double lon, double lat, double* x, double* y) const override;
+    void Proj2Geo(double x, double y, double* lon, double* lat) const override;
+    void GetOrigin(double* lon, double* lat) const override;
+    // As for the ellipsoid.
+    void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
+    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
+    CGxProjInterface* Clone() const override;
+
+private:
+    double R;
+    double lon0, lat0;  // radians
+    double falseEasting, falseNorthing;
+    double lonOrigin, latOrigin;
+    int aspect;  // 1 oblique, 2 north polar, 3 south polar
+    double sinLat0, cosLat0;
+};
+
+// The Lambert azimuthal equal-area algorithm: the spherical formulas for an
+// inverse flattening of exactly 0, the ellipsoidal ones otherwise.
+class GXCART_API CGxLambertAzimuthalEqualArea : public CGxProjWrapper {
+public:
+    CGxLambertAzimuthalEqualArea(const char* name, double centreLongitude, double originLatitude,
+                                 double falseEasting, double falseNorthing,
+                                 const CGxEllipsoid& ellipsoid);
+    CGxProjection* Clone() const override;
+};
