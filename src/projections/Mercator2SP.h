@@ -1,0 +1,42 @@
+#pragma once
+
+#include "foundation/Projection.h"
+#include "projections/MercatorMath.h"
+#include "projections/ProjectionSupport.h"
+
+class CGxEllipsoid;
+
+// Normal-aspect Mercator on the ellipsoid, true to scale along a standard
+// parallel and its mirror; the equator scale k0 is derived from it.
+class GXCART_API CGxMercator2SP : public CGxProjection {
+public:
+    // name: coordinate-system string (empty means "NON-UTM"); parallel1: the
+    // standard parallel, degrees; centreLongitude in degrees; false easting
+    // and northing in the ellipsoid's unit.
+    CGxMercator2SP(const char* name, double parallel1, double centreLongitude,
+                   double falseEasting, double falseNorthing, const CGxEllipsoid& ellipsoid);
+
+    const char* GetName() const override;
+    void Geo2Proj(double lon, double lat, double* x, double* y) const override;
+    void Proj2Geo(double x, double y, double* lon, double* lat) const override;
+    // The central meridian and latitude 0, degrees.
+    void GetOrigin(double* lon, double* lat) const override;
+    // By finite difference; zero up to rounding on a normal cylinder.
+    double GetConvergence(double lon, double lat) const override;
+    // Centred on Greenwich: the world from 60 S to 81 N; otherwise a +-3
+    // degree box around (centre, 0).
+    void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
+    bool IsLocal() const override;
+    // Writes the derived equator scale k0 into out[0].
+    void GetDerivedParameters(double* out) const override;
+    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
+    CGxProjection* Clone() const override;
+
+private:
+    GxProjectionName name;
+    double a;
+    double f;     // flattening, 0 for a sphere
+    double lat1;  // radians
+    double k0;
+    GxMercatorCylinder cylinder;
+};

@@ -1,0 +1,322 @@
+// Mercator, scale-factor and standard-parallel forms, against PROJ.
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstddef>
+#include <limits>
+#include <memory>
+
+#include "foundation/Ellipsoid.h"
+#include "projections/Mercator1SP.h"
+#include "projections/Mercator2SP.h"
+
+namespace {
+
+// The ellipsoids as PROJ defines them (+ellps=...).
+const CGxEllipsoid kWgs84("WGS 84", "WE", 6378137.0, 298.257223563);
+const CGxEllipsoid kKrassowsky("Krassowsky 1940", "KA", 6378245.0, 298.3);
+const CGxEllipsoid kInternational("International 1924", "IN", 6378388.0, 297.0);
+
+struct Reference {
+    double lon, lat;  // degrees
+    double x, y;      // metres, as printed by cct -d 6
+};
+
+// Forward to 1 mm; PROJ's coordinates back to the input to 1e-9 degrees; our
+// own forward and inverse back to the input to 1e-9 degrees.
+template <std::size_t N>
+void ExpectReference(const CGxProjection& p, const Reference (&table)[N]) {
+    for (const Reference& r : table) {
+        SCOPED_TRACE(testing::Message() << "lon " << r.lon << " lat " << r.lat);
+        double x, y, lon, lat;
+        p.Geo2Proj(r.lon, r.lat, &x, &y);
+        EXPECT_NEAR(x, r.x, 1e-3);
+        EXPECT_NEAR(y, r.y, 1e-3);
+        p.Proj2Geo(r.x, r.y, &lon, &lat);
+        EXPECT_NEAR(lon, r.lon, 1e-9);
+        EXPECT_NEAR(lat, r.lat, 1e-9);
+        p.Proj2Geo(x, y, &lon, &lat);
+        EXPECT_NEAR(lon, r.lon, 1e-9);
+        EXPECT_NEAR(lat, r.lat, 1e-9);
+    }
+}
+
+// A reduced equator scale with a false origin.
+// cct -d 6 +proj=merc +k_0=0.997 +lon_0=110 +x_0=3900000 +y_0=900000 +ellps=WGS84
+const Reference kIndonesia1SP[] = {
+    {95.0, -10.0, 2235217.015187, -208140.677544},
+    {95.0, 0.0, 2235217.015187, 900000.000000},
+    {95.0, 6.5, 2235217.015187, 1618139.232733},
+    {95.0, 23.75, 2235217.015187, 3597654.087942},
+    {104.5, -10.0, 3289579.572235, -208140.677544},
+    {104.5, 0.0, 3289579.572235, 900000.000000},
+    {104.5, 6.5, 3289579.572235, 1618139.232733},
+    {104.5, 23.75, 3289579.572235, 3597654.087942},
+    {110.0, -10.0, 3900000.000000, -208140.677544},
+    {110.0, 0.0, 3900000.000000, 900000.000000},
+    {110.0, 6.5, 3900000.000000, 1618139.232733},
+    {110.0, 23.75, 3900000.000000, 3597654.087942},
+    {117.25, -10.0, 4704645.109326, -208140.677544},
+    {117.25, 0.0, 4704645.109326, 900000.000000},
+    {117.25, 6.5, 4704645.109326, 1618139.232733},
+    {117.25, 23.75, 4704645.109326, 3597654.087942},
+    {125.0, -10.0, 5564782.984813, -208140.677544},
+    {125.0, 0.0, 5564782.984813, 900000.000000},
+    {125.0, 6.5, 5564782.984813, 1618139.232733},
+    {125.0, 23.75, 5564782.984813, 3597654.087942},
+};
+
+// Greenwich-centred, scale 1: out to the antimeridian and 81 degrees.
+// cct -d 6 +proj=merc +k_0=1 +lon_0=0 +x_0=0 +y_0=0 +ellps=WGS84
+const Reference kWorld[] = {
+    {-179.5, -60.0, -19981848.597393, -8362698.548501},
+    {-179.5, -20.5, -19981848.597393, -2317400.678141},
+    {-179.5, 45.0, -19981848.597393, 5591295.918553},
+    {-179.5, 81.0, -19981848.597393, 16171536.910482},
+    {-60.25, -60.0, -6706999.320295, -8362698.548501},
+    {-60.25, -20.5, -6706999.320295, -2317400.678141},
+    {-60.25, 45.0, -6706999.320295, 5591295.918553},
+    {-60.25, 81.0, -6706999.320295, 16171536.910482},
+    {0.0, -60.0, 0.000000, -8362698.548501},
+    {0.0, -20.5, 0.000000, -2317400.678141},
+    {0.0, 45.0, 0.000000, 5591295.918553},
+    {0.0, 81.0, 0.000000, 16171536.910482},
+    {90.75, -60.0, 10102243.789490, -8362698.548501},
+    {90.75, -20.5, 10102243.789490, -2317400.678141},
+    {90.75, 45.0, 10102243.789490, 5591295.918553},
+    {90.75, 81.0, 10102243.789490, 16171536.910482},
+    {180.0, -60.0, 20037508.342789, -8362698.548501},
+    {180.0, -20.5, 20037508.342789, -2317400.678141},
+    {180.0, 45.0, 20037508.342789, 5591295.918553},
+    {180.0, 81.0, 20037508.342789, 16171536.910482},
+};
+
+// Standard parallel 42 N on Krassowsky 1940, negative false northing.
+// cct -d 6 +proj=merc +lat_ts=42 +lon_0=51 +x_0=500000 +y_0=-200000 +ellps=krass
+const Reference kCaspian2SP[] = {
+    {40.0, -35.0, -411373.613208, -3280828.052886},
+    {40.0, 5.25, -411373.613208, 232676.280504},
+    {40.0, 42.0, -411373.613208, 3619897.852038},
+    {40.0, 68.5, -411373.613208, 7657601.396043},
+    {46.75, -35.0, 147878.376715, -3280828.052886},
+    {46.75, 5.25, 147878.376715, 232676.280504},
+    {46.75, 42.0, 147878.376715, 3619897.852038},
+    {46.75, 68.5, 147878.376715, 7657601.396043},
+    {51.0, -35.0, 500000.000000, -3280828.052886},
+    {51.0, 5.25, 500000.000000, 232676.280504},
+    {51.0, 42.0, 500000.000000, 3619897.852038},
+    {51.0, 68.5, 500000.000000, 7657601.396043},
+    {55.5, -35.0, 872834.659949, -3280828.052886},
+    {55.5, 5.25, 872834.659949, 232676.280504},
+    {55.5, 42.0, 872834.659949, 3619897.852038},
+    {55.5, 68.5, 872834.659949, 7657601.396043},
+    {62.0, -35.0, 1411373.613208, -3280828.052886},
+    {62.0, 5.25, 1411373.613208, 232676.280504},
+    {62.0, 42.0, 1411373.613208, 3619897.852038},
+    {62.0, 68.5, 1411373.613208, 7657601.396043},
+};
+
+// Standard parallel 12.5 S on International 1924.
+// cct -d 6 +proj=merc +lat_ts=-12.5 +lon_0=-60 +x_0=1000000 +y_0=10000000 +ellps=intl
+const Reference kAmazon2SP[] = {
+    {-75.0, -55.0, -630532.542431, 2845574.173446},
+    {-75.0, -30.75, -630532.542431, 6505746.206120},
+    {-75.0, -12.5, -630532.542431, 8639377.261027},
+    {-75.0, 3.0, -630532.542431, 10324064.298966},
+    {-75.0, 15.0, -630532.542431, 11638645.635862},
+    {-66.25, -55.0, 320611.440654, 2845574.173446},
+    {-66.25, -30.75, 320611.440654, 6505746.206120},
+    {-66.25, -12.5, 320611.440654, 8639377.261027},
+    {-66.25, 3.0, 320611.440654, 10324064.298966},
+    {-66.25, 15.0, 320611.440654, 11638645.635862},
+    {-60.0, -55.0, 1000000.000000, 2845574.173446},
+    {-60.0, -30.75, 1000000.000000, 6505746.206120},
+    {-60.0, -12.5, 1000000.000000, 8639377.261027},
+    {-60.0, 3.0, 1000000.000000, 10324064.298966},
+    {-60.0, 15.0, 1000000.000000, 11638645.635862},
+    {-52.5, -55.0, 1815266.271215, 2845574.173446},
+    {-52.5, -30.75, 1815266.271215, 6505746.206120},
+    {-52.5, -12.5, 1815266.271215, 8639377.261027},
+    {-52.5, 3.0, 1815266.271215, 10324064.298966},
+    {-52.5, 15.0, 1815266.271215, 11638645.635862},
+    {-45.0, -55.0, 2630532.542431, 2845574.173446},
+    {-45.0, -30.75, 2630532.542431, 6505746.206120},
+    {-45.0, -12.5, 2630532.542431, 8639377.261027},
+    {-45.0, 3.0, 2630532.542431, 10324064.298966},
+    {-45.0, 15.0, 2630532.542431, 11638645.635862},
+};
+
+CGxMercator1SP Indonesia() {
+    return CGxMercator1SP("Indonesia", 0.997, 110, 3900000, 900000, kWgs84);
+}
+
+}  // namespace
+
+TEST(Mercator1SP, AgreesWithProj) {
+    ExpectReference(Indonesia(), kIndonesia1SP);
+    ExpectReference(CGxMercator1SP("World", 1, 0, 0, 0, kWgs84), kWorld);
+}
+
+TEST(Mercator2SP, AgreesWithProjInBothHemispheres) {
+    ExpectReference(CGxMercator2SP("Caspian", 42, 51, 500000, -200000, kKrassowsky), kCaspian2SP);
+    ExpectReference(CGxMercator2SP("Amazon", -12.5, -60, 1000000, 10000000, kInternational),
+                    kAmazon2SP);
+}
+
+TEST(Mercator2SP, DerivedScaleIsTheRadiusOfTheStandardParallel) {
+    // cct -d 9 +proj=merc +lat_ts=42 +lon_0=51 +x_0=0 +y_0=0 +ellps=krass
+    //   52 0 -> 82852.146655253, one degree of equator, so k0 = x / (a pi / 180).
+    // proj -V +proj=merc +lat_ts=-12.5 +lon_0=-60 +ellps=intl, at (-60, 0):
+    //   "Parallel scale (k) : 0.97644978".
+    double k0 = -1;
+    CGxMercator2SP("Caspian", 42, 51, 0, 0, kKrassowsky).GetDerivedParameters(&k0);
+    EXPECT_NEAR(k0, 82852.146655253 / (6378245.0 * 3.141592653589793 / 180), 1e-13);
+    CGxMercator2SP("Amazon", -12.5, -60, 0, 0, kInternational).GetDerivedParameters(&k0);
+    EXPECT_NEAR(k0, 0.97644978, 5e-9);
+
+    // The one-parallel form has no derived parameter and says 0.
+    Indonesia().GetDerivedParameters(&k0);
+    EXPECT_EQ(k0, 0.0);
+}
+
+TEST(Mercator2SP, EquatorAsStandardParallelIsTheScaleOneCylinder) {
+    const CGxMercator2SP p("World", 0, 0, 0, 0, kWgs84);
+    double k0 = -1;
+    p.GetDerivedParameters(&k0);
+    EXPECT_EQ(k0, 1.0);
+    ExpectReference(p, kWorld);
+}
+
+TEST(Mercator, PolesLieAtInfiniteNorthing) {
+    // PROJ refuses the poles; here the isometric latitude is infinite there
+    // and so is the northing, with the sign of the hemisphere, on both forms.
+    const CGxMercator1SP p1 = Indonesia();
+    const CGxMercator2SP p2("Caspian", 42, 51, 500000, -200000, kKrassowsky);
+    for (const CGxProjection* p : {static_cast<const CGxProjection*>(&p1),
+                                   static_cast<const CGxProjection*>(&p2)}) {
+        double x, y;
+        p->Geo2Proj(10, 90, &x, &y);
+        EXPECT_TRUE(std::isinf(y) && y > 0);
+        EXPECT_TRUE(std::isfinite(x));
+        p->Geo2Proj(10, -90, &x, &y);
+        EXPECT_TRUE(std::isinf(y) && y < 0);
+    }
+    // Close to the poles the northing is finite and matches PROJ:
+    // cct -d 6 +proj=merc +k_0=0.997 +lon_0=110 +x_0=3900000 +y_0=900000 +ellps=WGS84
+    //   110 89.999  -> 3900000  74934179.214972
+    //   110 -89.999 -> 3900000 -73134179.214972
+    const Reference nearPoles[] = {{110, 89.999, 3900000, 74934179.214972},
+                                   {110, -89.999, 3900000, -73134179.214972}};
+    ExpectReference(Indonesia(), nearPoles);
+}
+
+TEST(Mercator, EquatorInvertsToLatitudeExactlyZero) {
+    double lon, lat;
+    Indonesia().Proj2Geo(4000000, 900000, &lon, &lat);
+    EXPECT_EQ(lat, 0.0);
+    CGxMercator2SP("Amazon", -12.5, -60, 1000000, 10000000, kInternational)
+        .Proj2Geo(-5e6, 10000000, &lon, &lat);
+    EXPECT_EQ(lat, 0.0);
+}
+
+TEST(Mercator, LongitudeIsNotWrapped) {
+    // 360 degrees east of the centre the easting has grown by 2 pi a k0.
+    // PROJ wraps unless told +over:
+    // cct -d 6 +proj=merc +k_0=0.997 +lon_0=110 +x_0=3900000 +y_0=900000 +ellps=WGS84 +over
+    //   470 10 -> 43854791.635522 2008140.677544
+    double x, y;
+    Indonesia().Geo2Proj(470, 10, &x, &y);
+    EXPECT_NEAR(x, 43854791.635522, 1e-3);
+    EXPECT_NEAR(y, 2008140.677544, 1e-3);
+}
+
+TEST(Mercator, OriginConvergenceAndDefaultArea) {
+    double lon, lat;
+    CGxMercator2SP("Caspian", 42, 51, 500000, -200000, kKrassowsky).GetOrigin(&lon, &lat);
+    EXPECT_NEAR(lon, 51, 1e-12);
+    EXPECT_EQ(lat, 0.0);
+
+    // Meridians are parallel to grid north.
+    EXPECT_NEAR(Indonesia().GetConvergence(125, 23.75), 0.0, 1e-9);
+    EXPECT_NEAR(Indonesia().GetConvergence(95, -10), 0.0, 1e-9);
+
+    // Centred on Greenwich: the world from 60 S to 81 N, on both forms.
+    // cct -d 6 +proj=merc +k_0=1 +lon_0=0 +x_0=0 +y_0=0 +ellps=WGS84
+    //   -180 -60 -> -20037508.342789 -8362698.548501
+    //   180 81   ->  20037508.342789 16171536.910482
+    double x0, y0, x1, y1;
+    const CGxMercator1SP world1("W", 1, 0, 0, 0, kWgs84);
+    const CGxMercator2SP world2("W", 0, 0, 0, 0, kWgs84);
+    for (const CGxProjection* p : {static_cast<const CGxProjection*>(&world1),
+                                   static_cast<const CGxProjection*>(&world2)}) {
+        p->GetDefaultArea(&x0, &y0, &x1, &y1);
+        EXPECT_NEAR(x0, -20037508.342789, 1e-3);
+        EXPECT_NEAR(y0, -8362698.548501, 1e-3);
+        EXPECT_NEAR(x1, 20037508.342789, 1e-3);
+        EXPECT_NEAR(y1, 16171536.910482, 1e-3);
+    }
+    // Centred anywhere else: the 6 by 6 degree box around (centre, 0).
+    // cct -d 6 +proj=merc +k_0=0.997 +lon_0=110 +x_0=3900000 +y_0=900000 +ellps=WGS84
+    //   107 -3 -> 3567043.403037 569119.095390
+    //   113 3  -> 4232956.596963 1230880.904610
+    Indonesia().GetDefaultArea(&x0, &y0, &x1, &y1);
+    EXPECT_NEAR(x0, 3567043.403037, 1e-3);
+    EXPECT_NEAR(y0, 569119.095390, 1e-3);
+    EXPECT_NEAR(x1, 4232956.596963, 1e-3);
+    EXPECT_NEAR(y1, 1230880.904610, 1e-3);
+}
+
+TEST(Mercator, LocalGridIsTheIdentity) {
+    for (const char* name : {"NON-UTM", ""}) {
+        const CGxMercator1SP p(name, 0.997, 110, 3900000, 900000, kWgs84);
+        EXPECT_STREQ(p.GetName(), "NON-UTM");
+        EXPECT_TRUE(p.IsLocal());
+        double x, y;
+        p.Geo2Proj(1234.5, -678.25, &x, &y);
+        EXPECT_EQ(x, 1234.5);
+        EXPECT_EQ(y, -678.25);
+        p.Proj2Geo(1234.5, -678.25, &x, &y);
+        EXPECT_EQ(x, 1234.5);
+        EXPECT_EQ(y, -678.25);
+        EXPECT_EQ(p.GetConvergence(20, 20), 0.0);
+    }
+    EXPECT_FALSE(Indonesia().IsLocal());
+    EXPECT_TRUE(CGxMercator2SP("NON-UTM", 42, 51, 0, 0, kKrassowsky).IsLocal());
+}
+
+TEST(Mercator, AnonymousEllipsoidAndClone) {
+    CGxEllipsoid out;
+    ASSERT_TRUE(CGxMercator2SP("C", 42, 51, 0, 0, kKrassowsky).GetAnonymousEllipsoid(out));
+    EXPECT_EQ(out.GetMajor(), 6378245.0);
+    EXPECT_NEAR(out.GetInvFlatness(), 298.3, 1e-10);
+    const CGxEllipsoid sphere("Sphere", "SP", 6371000.0, -1.0);
+    ASSERT_TRUE(CGxMercator1SP("S", 1, 0, 0, 0, sphere).GetAnonymousEllipsoid(out));
+    EXPECT_EQ(out.GetInvFlatness(), 0.0);
+    const CGxEllipsoid none("None", "NO", -1.0, 300.0);
+    EXPECT_FALSE(CGxMercator1SP("N", 1, 0, 0, 0, none).GetAnonymousEllipsoid(out));
+
+    std::unique_ptr<CGxProjection> clone1(Indonesia().Clone());
+    EXPECT_STREQ(clone1->GetName(), "Indonesia");
+    ExpectReference(*clone1, kIndonesia1SP);
+    std::unique_ptr<CGxProjection> clone2(
+        CGxMercator2SP("Caspian", 42, 51, 500000, -200000, kKrassowsky).Clone());
+    ExpectReference(*clone2, kCaspian2SP);
+    double k0 = 0;
+    clone2->GetDerivedParameters(&k0);
+    EXPECT_NEAR(k0, 0.74426089, 5e-9);
+}
+
+TEST(Mercator, NotANumberStaysNotANumber) {
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    double x, y;
+    Indonesia().Geo2Proj(nan, nan, &x, &y);
+    EXPECT_TRUE(std::isnan(x));
+    EXPECT_TRUE(std::isnan(y));
+    Indonesia().Proj2Geo(nan, nan, &x, &y);
+    EXPECT_TRUE(std::isnan(x));
+    EXPECT_TRUE(std::isnan(y));
+    // Beyond a pole there is no point of the map.
+    Indonesia().Geo2Proj(110, 95, &x, &y);
+    EXPECT_TRUE(std::isnan(y));
+}
