@@ -1,0 +1,132 @@
+#include "projections/Krovak.h"
+
+#include <cmath>
+
+#include "foundation/Ellipsoid.h"
+#include "foundation/Tolerance.h"
+#include "projections/ConformalLatitude.h"
+
+namespace {
+
+constexpr double kQuarterPi = 0.7853981633974483;
+// Half the side of the default square, ellipsoid units.
+constexpr double kDefaultAreaHalfSide = 500000.0;
+
+}  // namespace
+
+CGxKrovak::CGxKrovak(const char* name_, double scaleAtPseudoParallel, double pseudoParallel,
+                     double centreLongitude, double centreLatitude, double azimuth,
+                     double xyPlaneRotation, double xScale_, double yScale_, double falseEasting_,
+                     double falseNorthing_, const CGxEllipsoid& ellipsoid)
+    : name(name_),
+      a(ellipsoid.GetMajor()),
+      f(ellipsoid.GetFlatness()),
+      e(ellipsoid.GetEccentricity()),
+      e2(e * e),
+      kp(scaleAtPseudoParallel),
+      latP(pseudoParallel * kGxDegToRad),
+      latC(centreLatitude * kGxDegToRad),
+      lon0(centreLongitude * kGxDegToRad),
+      alphaC(azimuth * kGxDegToRad),
+      rotation(xyPlaneRotation * kGxDegToRad),
+      xScale(xScale_),
+      yScale(yScale_),
+      falseEasting(falseEasting_),
+      falseNorthing(falseNorthing_) {
+    const double s = std::sin(latC);
+    const double cosLat = std::cos(latC);
+    const double es = e * s;
+    A = a * std::sqrt(1 - e2) / (1 - e2 * s * s);
+    B = std::sqrt(1 + e2 * cosLat * cosLat * cosLat * cosLat / (1 - e2));
+    gamma0 = std::asin(s / B);
+    // The Gaussian sphere maps latitude phi to U with
+    // tan(pi/4 + U/2) = t0 / t(phi)^B; t0 sends the centre latitude to gamma0.
+    t0 = std::tan(kQuarterPi + gamma0 / 2) * std::pow((1 + es) / (1 - es), e * B / 2) /
+         std::pow(std::tan(kQuarterPi + latC / 2), B);
+    n = std::sin(latP);
+    r0 = kp * A / std::tan(latP);
+    cosRot = std::cos(rotation);
+    sinRot = std::sin(rotation);
+    cosAlpha = std::cos(alphaC);
+    sinAlpha = std::sin(alphaC);
+    tanHalfP = std::tan(kQuarterPi + latP / 2);
+}
+
+const char* CGxKrovak::GetName() const { return name.name; }
+
+void CGxKrovak::Geo2Proj(double lon, double lat, double* x, double* y) const {
+    if (name.isLocal) {
+        *x = lon;
+        *y = lat;
+        return;
+    }
+    // Latitude U and longitude V on the Gaussian sphere; t0 / t^B is
+    // tan(pi/4 + U/2) written with the conformal term t(phi) = exp(-psi).
+    const double t = GxConformalT(lat * kGxDegToRad, e);
+    const double U = 2 * (std::atan(t0 / std::pow(t, B)) - kQuarterPi);
+    const double V = B * (lon0 - lon * kGxDegToRad);
+    const double sinU = std::sin(U), cosU = std::cos(U);
+    const double cosV = std::cos(V), sinV = std::sin(V);
+    // Latitude T and longitude D about the pseudo pole.
+    const double T = std::asin(cosAlpha * sinU + sinAlpha * cosU * cosV);
+    const double sinT = std::sin(T), cosT = std::cos(T);
+    const double D =
+        std::atan2(cosU * sinV / cosT, (cosAlpha * sinT - sinU) / (sinAlpha * cosT));
+    const double theta = n * D;
+    const double r = r0 * std::pow(tanHalfP / std::tan(kQuarterPi + T / 2), n);
+    const double xp = r * std::cos(theta) * xScale;
+    const double yp = r * std::sin(theta) * yScale;
+    *x = xp * cosRot - yp * sinRot + falseEasting;
+    *y = yp * cosRot + xp * sinRot + falseNorthing;
+}
+
+void CGxKrovak::Proj2Geo(double x, double y, double* lon, double* lat) const {
+    if (name.isLocal) {
+        *lon = x;
+        *lat = y;
+        return;
+    }
+    const double dx = x - falseEasting;
+    const double dy = y - falseNorthing;
+    // Each plane coordinate is rounded through its false origin, so that it
+    // carries no more digits than a grid value of that size.
+    const double yp = ((cosRot * dy - sinRot * dx) / yScale + falseNorthing) - falseNorthing;
+    const double xp = ((cosRot * dx + sinRot * dy) / xScale + falseEasting) - falseEasting;
+    const double D = std::atan2(yp, xp) / n;
+    const double r = std::sqrt(xp * xp + yp * yp);
+    const double T = 2 * (std::atan(tanHalfP * std::pow(r0 / r, 1 / n)) - kQuarterPi);
+    const double sinT = std::sin(T), cosT = std::cos(T);
+    const double U = std::asin(cosAlpha * sinT - sinAlpha * cosT * std::cos(D));
+    const double V = std::asin(cosT * std::sin(D) / std::cos(U));
+    *lon = (lon0 - V / B) * kGxRadToDeg;
+    // Back from the Gaussian sphere to t(phi) of the ellipsoid, then the
+    // latitude by the usual fixed-point iteration.
+    const double t = std::pow(t0 / std::tan(kQuarterPi + U / 2), 1 / B);
+    *lat = GxLatitudeFromT(t, e) * kGxRadToDeg;
+}
+
+void CGxKrovak::GetOrigin(double* lon, double* lat) const {
+    *lon = lon0 * kGxRadToDeg;
+    *lat = latC * kGxRadToDeg;
+}
+
+double CGxKrovak::GetConvergence(double lon, double lat) const {
+    if (name.isLocal) return 0.0;
+    return GxNumericalConvergence(*this, lon, lat);
+}
+
+void CGxKrovak::GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const {
+    double lon, lat, x, y;
+    GetOrigin(&lon, &lat);
+    Geo2Proj(lon, lat, &x, &y);
+    *x0 = *y0 = x - kDefaultAreaHalfSide;
+    *x1 = *y1 = x + kDefaultAreaHalfSide;
+}
+
+bool CGxKrovak::IsLocal() const { return name.isLocal; }
+
+bool CGxKrovak::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
+    return GxAnonymousEllipsoid(a, f, out);
+}
+
+CGxProjection* CGxKrovak::Clone() const { return new CGxKrovak(*this); }
