@@ -1,0 +1,208 @@
+#include "projections/TransverseMercator.h"
+
+#include <cmath>
+
+#include "foundation/Ellipsoid.h"
+#include "foundation/Tolerance.h"
+#include "projections/ClenshawSeries.h"
+#include "projections/FourierCoefficients.h"
+
+namespace {
+
+constexpr int kTransverseMercatorType = 1;
+constexpr int kTerms = 4;
+// Northings are folded over the poles and mirrored at the equator about this
+// value, a round quarter meridian.
+constexpr double kFoldNorthing = 10000000.0;
+constexpr double kLocalAreaSize = 10000.0;
+constexpr double kDefaultAreaHalf = 3.0;
+
+// eta^2 = e'^2 cos^2 phi, written as (1 - e^2 sin^2 phi)/(1 - e^2) - 1, with e^2
+// taken from the scaled axes k0 a and k0 b.
+double SecondEccentricityTerm(double sinphi, double a, double b, double k0) {
+    const double A = k0 * a, Bs = k0 * b;
+    const double e2 = (A * A - Bs * Bs) / (A * A);
+    return (1 - e2 * sinphi * sinphi) / (1 - e2) - 1;
+}
+
+}  // namespace
+
+void GxGaussianLatitudeSeries(double n, double* toGaussian, double* toGeodetic) {
+    // Geodetic to Gaussian (conformal) latitude, series in n, fourth order.
+    toGaussian[0] = n * (-2.0 + n * (2.0 / 3 + n * (4.0 / 3 - 82.0 * n / 45)));
+    toGaussian[1] = n * n * (5.0 / 3 + n * (-16.0 / 15 - 13.0 * n / 9));
+    toGaussian[2] = n * n * n * (-26.0 / 15 + 34.0 * n / 21);
+    toGaussian[3] = 1237.0 * n * n * n * n / 630;
+    // Gaussian (conformal) to geodetic latitude, series in n, fourth order.
+    toGeodetic[0] = n * (2.0 + n * (-2.0 / 3 + n * (-2.0 + 116.0 * n / 45)));
+    toGeodetic[1] = n * n * (7.0 / 3 + n * (-8.0 / 5 - 227.0 * n / 45));
+    toGeodetic[2] = n * n * n * (56.0 / 15 - 136.0 * n / 35);
+    toGeodetic[3] = 4279.0 * n * n * n * n / 630;
+}
+
+double GxTransverseMercatorConvergence(double dl, double phi, double a, double b, double k0) {
+    const double s = std::sin(phi), c = std::cos(phi), t = std::tan(phi);
+    const double eta2 = SecondEccentricityTerm(s, a, b, k0);
+    const double dl2 = dl * dl;
+    const double c2 = c * c;
+    const double gamma = dl * s + dl2 * dl * s * c2 * (1 + 3 * eta2 + 2 * eta2 * eta2) / 3 +
+                         dl2 * dl2 * dl * s * c2 * c2 * (2 - t * t) / 15;
+    return gamma * kGxRadToDeg;
+}
+
+CGxTransverseMercator::CGxTransverseMercator(const char* name_, double k0_, double lon0_,
+                                             double lat0_, double FE_, double FN_,
+                                             const CGxEllipsoid& ellipsoid)
+    : name(name_),
+      a(ellipsoid.GetMajor()),
+      b(ellipsoid.GetMinor()),
+      k0(k0_),
+      f(ellipsoid.GetFlatness()),
+      FE(FE_),
+      FN(FN_),
+      lon0(lon0_),
+      lat0(lat0_),
+      n(f / (2 - f)),
+      X(n * n / 4 + n * n * n * n / 64),
+      originNorthing(0.0) {
+    GxGaussianLatitudeSeries(n, G1, G2);
+    // Krueger's forward series and the inverse one with its own (negative) signs.
+    GxComputeFourierCoefficients(kTransverseMercatorType, true, n, U1);
+    GxComputeFourierCoefficients(kTransverseMercatorType, false, n, U2);
+    for (double& u : U2) u = -u;
+    // k0 a (1 + X)/(1 + n), arranged as a plus a small correction; the rounding
+    // of this arrangement is part of the grid's established values.
+    Qk = a + (k0 * X - n - (1 - k0)) * a / (n + 1);
+    if (lat0 != 0.0) {
+        double x0;
+        _Forward(lon0, lat0, FE, 0.0, &x0, &originNorthing);
+    }
+}
+
+const char* CGxTransverseMercator::GetName() const { return name.name; }
+
+void CGxTransverseMercator::_Forward(double lon, double lat, double fe, double fn, double* x,
+                                     double* y) const {
+    // Northern hemisphere only; the south is mirrored below.
+    const double p = std::fabs(lat) * kGxDegToRad;
+    const double g = p + GxClenshawSine(G1, kTerms, 2 * p);
+    const double dl = (lon - lon0) * kGxDegToRad;
+    const double sg = std::sin(g), cg = std::cos(g);
+    const double sdl = std::sin(dl), cdl = std::cos(dl);
+    // Spherical transverse Mercator on the Gaussian sphere.
+    const double u = cdl * cg;
+    const double t = sdl * cg;
+    const double gp = std::atan2(sg, u);
+    const double ep = std::atanh(t);
+    // sin, cos of 2g' and sinh, cosh of 2e' without further transcendental
+    // calls: tan g' = sg/u and tanh e' = t, and 1 - t^2 = sg^2 + u^2.
+    const double inv = 1 / (sg * sg + u * u);
+    double R, I;
+    GxClenshawComplexSine(U1, kTerms, 2 * sg * u * inv, (u * u - sg * sg) * inv, 2 * t * inv,
+                          (1 + t * t) * inv, &R, &I);
+    double northing = (gp + R) * Qk;
+    *x = (ep + I) * Qk + fe;
+    if (lat > 90.0) {
+        northing = 2 * kFoldNorthing - northing;
+    } else if (lat >= -90.0 && lat < 0.0) {
+        northing = -northing;
+    } else if (lat < -90.0) {
+        northing = northing - 2 * kFoldNorthing;
+    }
+    *y = northing + fn;
+}
+
+void CGxTransverseMercator::_Inverse(double x, double y, double* lon, double* lat) const {
+    const double dN = y - FN;
+    const double ce = (x - FE) / Qk;
+    const double cn = std::fabs(dN / Qk);
+    const double e2ce = std::exp(2 * ce);
+    double R, I;
+    GxClenshawComplexSine(U2, kTerms, std::sin(2 * cn), std::cos(2 * cn),
+                          (e2ce - 1 / e2ce) / 2, (e2ce + 1 / e2ce) / 2, &R, &I);
+    const double cnp = cn + R;
+    const double cep = ce + I;
+    const double scn = std::sin(cnp), ccn = std::cos(cnp);
+    const double shce = std::sinh(cep);
+    const double lam = std::atan2(shce, ccn);
+    // cos(atan2(shce, ccn)) without the cosine call.
+    const double r = std::sqrt(shce * shce + ccn * ccn);
+    const double coslam = r > 0 ? ccn / r : 1.0;
+    const double gy = scn * coslam;
+    const double g = std::atan2(gy, ccn);
+    // Gaussian back to geodetic latitude; sin 2g and cos 2g from tan g = gy/ccn.
+    const double inv = 1 / (gy * gy + ccn * ccn);
+    double phi = (g + GxClenshawSine(G2, kTerms, 2 * gy * ccn * inv, (ccn * ccn - gy * gy) * inv)) *
+                 kGxRadToDeg;
+    if (dN >= kFoldNorthing) {
+        phi = phi + 180.0;
+    } else if (dN > -kFoldNorthing && dN < 0.0) {
+        phi = -phi;
+    } else if (dN <= -kFoldNorthing) {
+        phi = -180.0 - phi;
+    }
+    *lat = phi;
+    *lon = lam * kGxRadToDeg + lon0;
+}
+
+void CGxTransverseMercator::Geo2Proj(double lon, double lat, double* x, double* y) const {
+    if (name.isLocal) {
+        *x = lon;
+        *y = lat;
+        return;
+    }
+    _Forward(lon, lat, FE, FN, x, y);
+    *y -= originNorthing;
+}
+
+void CGxTransverseMercator::Proj2Geo(double x, double y, double* lon, double* lat) const {
+    if (name.isLocal) {
+        *lon = x;
+        *lat = y;
+        return;
+    }
+    _Inverse(x, y + originNorthing, lon, lat);
+}
+
+void CGxTransverseMercator::GetOrigin(double* lon, double* lat) const {
+    *lon = lon0;
+    *lat = lat0;
+}
+
+double CGxTransverseMercator::GetConvergence(double lon, double lat) const {
+    if (name.isLocal) return 0.0;
+    return GxTransverseMercatorConvergence((lon - lon0) * kGxDegToRad, lat * kGxDegToRad, a, b,
+                                           k0);
+}
+
+double CGxTransverseMercator::GetScaleFactor(double lon, double lat) const {
+    const double phi = lat * kGxDegToRad;
+    const double dl = (lon - lon0) * kGxDegToRad;
+    const double c = std::cos(phi), t = std::tan(phi);
+    const double eta2 = SecondEccentricityTerm(std::sin(phi), a, b, k0);
+    const double te = std::tan(eta2 * phi);
+    const double c2 = c * c, dl2 = dl * dl;
+    return k0 * (1 + c2 * (1 + eta2) * dl2 / 2 +
+                 c2 * c2 * dl2 * dl2 * (5 - 4 * t * t + 14 * eta2 - 28 * te * te));
+}
+
+void CGxTransverseMercator::GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const {
+    if (IsLocal()) {
+        *x0 = 0.0;
+        *y0 = 0.0;
+        *x1 = kLocalAreaSize;
+        *y1 = kLocalAreaSize;
+        return;
+    }
+    double lon, lat;
+    GetOrigin(&lon, &lat);
+    GxDefaultAreaAround(*this, lon, lat, kDefaultAreaHalf, x0, y0, x1, y1);
+}
+
+bool CGxTransverseMercator::IsLocal() const { return name.isLocal; }
+
+bool CGxTransverseMercator::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
+    return GxAnonymousEllipsoid(a, f, out);
+}
+
+CGxProjection* CGxTransverseMercator::Clone() const { return new CGxTransverseMercator(*this); }

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "foundation/Projection.h"
+#include "projections/ProjectionSupport.h"
+
+class CGxEllipsoid;
+
+// Transverse Mercator in the Gauss-Krueger form: geodetic latitude to the
+// Gaussian (conformal) latitude by a sine series, the spherical transverse
+// projection of the Gaussian sphere, then Krueger's complex series in the third
+// flattening n (fourth order) summed by complex Clenshaw. Formulas after
+// Krueger (1912) in the arrangement of Engsager & Poder and Karney (2011).
+//
+// The southern hemisphere is the mirror image of the northern one: the forward
+// works on |lat| and negates the northing afterwards; northings are folded
+// again for latitudes beyond the poles (lat > 90 gives 20000 km - y, lat < -90
+// gives y - 20000 km). A latitude of origin other than 0 is handled by
+// subtracting the northing of the origin.
+class GXCART_API CGxTransverseMercator : public CGxProjection {
+public:
+    // name: coordinate-system string (empty means "NON-UTM"); k0: scale on the
+    // central meridian; lon0, lat0: central meridian and latitude of origin in
+    // degrees; FE, FN: false easting and northing in metres.
+    CGxTransverseMercator(const char* name, double k0, double lon0, double lat0, double FE,
+                          double FN, const CGxEllipsoid& ellipsoid);
+
+    const char* GetName() const override;
+    void Geo2Proj(double lon, double lat, double* x, double* y) const override;
+    void Proj2Geo(double x, double y, double* lon, double* lat) const override;
+    // Central meridian and latitude of origin, degrees.
+    void GetOrigin(double* lon, double* lat) const override;
+    // Fifth-order series in the longitude difference, degrees; 0 on a local grid.
+    double GetConvergence(double lon, double lat) const override;
+    // Projected corners of the +-3 degree box around the origin; (0, 0) to
+    // (10000, 10000) on a local grid.
+    void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
+    bool IsLocal() const override;
+    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
+    CGxProjection* Clone() const override;
+
+    // Point scale factor by the classic series in the longitude difference.
+    // The fourth-order term is kept as this library has always evaluated it:
+    // without the usual division by 24 and with tan^2 of (eta^2 phi) as its
+    // last summand, so values away from the central meridian differ from the
+    // textbook series.
+    double GetScaleFactor(double lon, double lat) const;
+
+private:
+    // The projection without the origin-northing shift, with the given false
+    // easting and northing.
+    void _Forward(double lon, double lat, double fe, double fn, double* x, double* y) const;
+    void _Inverse(double x, double y, double* lon, double* lat) const;
+
+    GxProjectionName name;
+    double a;
+    double b;
+    double k0;
+    double f;
+    double FE;
+    double FN;
+    double lon0;  // degrees
+    double lat0;  // degrees
+    double n;     // third flattening f / (2 - f)
+    double X;     // n^2/4 + n^4/64
+    double Qk;    // k0 times the rectifying radius
+    double G1[4];
+    double G2[4];
+    double U1[4];
+    double U2[4];
+    double originNorthing;  // northing of (lon0, lat0) before FN; 0 when lat0 is 0
+};
+
+// Series between the geodetic latitude and the Gaussian (conformal) latitude
+// of the ellipsoid with third flattening n, fourth order in n:
+// chi = phi + sum_k toGaussian[k-1] sin(2k phi) and
+// phi = chi + sum_k toGeodetic[k-1] sin(2k chi). Each array takes four values.
+void GxGaussianLatitudeSeries(double n, double* toGaussian, double* toGeodetic);
+
+// Grid convergence shared by both Transverse Mercator classes: the series in
+// the longitude difference dl (radians) at latitude phi (radians), with the
+// second eccentricity term taken from the scaled axes k0 a and k0 b; degrees.
+double GxTransverseMercatorConvergence(double dl, double phi, double a, double b, double k0);

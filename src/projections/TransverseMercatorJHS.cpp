@@ -1,0 +1,286 @@
+#include "projections/TransverseMercatorJHS.h"
+
+#include <cmath>
+
+#include "foundation/Ellipsoid.h"
+#include "foundation/Tolerance.h"
+#include "projections/ClenshawSeries.h"
+#include "projections/FourierCoefficients.h"
+#include "projections/TransverseMercator.h"
+
+namespace {
+
+constexpr int kTransverseMercatorType = 1;
+constexpr int kTerms = 4;
+constexpr double kHalfPi = kGxPi / 2;
+constexpr double kTwoPi = 2 * kGxPi;
+// Beyond this many half turns the longitude is reduced in one step instead of
+// turn by turn.
+constexpr double kWrapJumpLimit = 64 * kGxPi;
+// Stop of the isometric-latitude iteration, radians, and its pass limit.
+constexpr double kIterationTolerance = 1e-12;
+constexpr int kMaxIterations = 100;
+constexpr double kLocalAreaSize = 10000.0;
+constexpr double kDefaultAreaHalf = 3.0;
+
+// The correction q = e atanh(e sin phi) between the isometric latitudes of the
+// sphere and the ellipsoid stays below 0.007 on terrestrial ellipsoids. Up to
+// this size its hyperbolic functions come from their Taylor series, exact to
+// double precision and much cheaper than exp; beyond it from exp.
+constexpr double kSmallCorrection = 0.02;
+
+inline void SinhCoshOfCorrection(double q, double* sh, double* ch) {
+    if (std::fabs(q) <= kSmallCorrection) {
+        const double q2 = q * q;
+        *sh = q * (1 + q2 / 6 * (1 + q2 / 20 * (1 + q2 / 42)));
+        *ch = 1 + q2 / 2 * (1 + q2 / 12 * (1 + q2 / 30 * (1 + q2 / 56)));
+    } else {
+        const double E = std::exp(q), iE = 1 / E;
+        *sh = (E - iE) / 2;
+        *ch = (E + iE) / 2;
+    }
+}
+
+inline double TanhOfCorrection(double q) {
+    if (std::fabs(q) <= kSmallCorrection) {
+        const double q2 = q * q;
+        return q * (1 + q2 * (-1.0 / 3 + q2 * (2.0 / 15 + q2 * (-17.0 / 315 + q2 * 62.0 / 2835))));
+    }
+    return std::tanh(q);
+}
+
+// Multiple angles 2, 4, 6, 8 times an angle from the sine and cosine (ordinary
+// and hyperbolic) of the doubled angle, by the double- and triple-angle
+// identities; s[k], c[k] hold sin, cos of 2(k+1) times the angle.
+struct Multiples {
+    double s[4];
+    double c[4];
+};
+
+inline Multiples CircularMultiples(double s2, double c2) {
+    Multiples m;
+    m.s[0] = s2;
+    m.c[0] = c2;
+    m.s[1] = 2 * s2 * c2;
+    m.c[1] = c2 * c2 - s2 * s2;
+    m.s[2] = m.s[1] * c2 + m.c[1] * s2;
+    m.c[2] = m.c[1] * c2 - m.s[1] * s2;
+    m.s[3] = 2 * m.s[1] * m.c[1];
+    m.c[3] = m.c[1] * m.c[1] - m.s[1] * m.s[1];
+    return m;
+}
+
+inline Multiples HyperbolicMultiples(double sh2, double ch2) {
+    Multiples m;
+    m.s[0] = sh2;
+    m.c[0] = ch2;
+    m.s[1] = 2 * sh2 * ch2;
+    m.c[1] = ch2 * ch2 + sh2 * sh2;
+    m.s[2] = m.s[1] * ch2 + m.c[1] * sh2;
+    m.c[2] = m.c[1] * ch2 + m.s[1] * sh2;
+    m.s[3] = 2 * m.s[1] * m.c[1];
+    m.c[3] = m.c[1] * m.c[1] + m.s[1] * m.s[1];
+    return m;
+}
+
+// sum_k c_k sin(2k xi) cosh(2k eta) and sum_k c_k cos(2k xi) sinh(2k eta): the
+// real and imaginary parts of sum_k c_k sin(2k (xi + i eta)).
+inline void KruegerSums(const double* coef, const Multiples& circ, const Multiples& hyp,
+                        double* dxi, double* deta) {
+    double sx = 0.0, se = 0.0;
+    for (int k = 0; k < kTerms; ++k) {
+        sx += coef[k] * circ.s[k] * hyp.c[k];
+        se += coef[k] * circ.c[k] * hyp.s[k];
+    }
+    *dxi = sx;
+    *deta = se;
+}
+
+}  // namespace
+
+CGxTransverseMercatorJHS::CGxTransverseMercatorJHS(const char* name_, double k0_, double lon0_,
+                                                   double lat0_, double FE_, double FN_,
+                                                   const CGxEllipsoid& ellipsoid)
+    : name(name_),
+      a(ellipsoid.GetMajor()),
+      b(ellipsoid.GetMinor()),
+      k0(k0_),
+      f(ellipsoid.GetFlatness()),
+      FE(FE_),
+      FN(FN_),
+      lon0(lon0_ * kGxDegToRad),
+      lat0(lat0_ * kGxDegToRad),
+      e(ellipsoid.GetEccentricity()),
+      n(f / (2 - f)),
+      B(a / (1 + n) * (1 + n * n / 4 + n * n * n * n / 64)) {
+    GxComputeFourierCoefficients(kTransverseMercatorType, true, n, h);
+    GxComputeFourierCoefficients(kTransverseMercatorType, false, n, hp);
+    double toGaussian[4];
+    GxGaussianLatitudeSeries(n, toGaussian, toGeodetic);
+    // Meridian arc of the origin through the conformal and rectifying
+    // latitudes; the poles are taken exactly, where tan(lat0) breaks down.
+    if (lat0 == 0.0) {
+        M0 = 0.0;
+    } else if (GxIsNear(lat0, kHalfPi)) {
+        M0 = B * kHalfPi;
+    } else if (GxIsNear(lat0, -kHalfPi)) {
+        M0 = -B * kHalfPi;
+    } else {
+        const double Q0 = std::asinh(std::tan(lat0)) - e * std::atanh(e * std::sin(lat0));
+        const double b0 = std::atan(std::sinh(Q0));
+        const double x0 = std::asin(std::sin(b0));
+        M0 = B * (x0 + GxClenshawSine(h, kTerms, 2 * x0));
+    }
+    Bk0 = B * k0;
+    invBk0 = 1 / Bk0;
+    k0M0 = k0 * M0;
+}
+
+const char* CGxTransverseMercatorJHS::GetName() const { return name.name; }
+
+double CGxTransverseMercatorJHS::_LongitudeFromOrigin(double lam) const {
+    const double d = lam - lon0;
+    if (d >= -kGxPi && d <= kGxPi) return d;  // the usual case; NaN falls through
+    if (!std::isfinite(d)) return d;
+    // Far-out values in one exact step, so that no input can keep the turn
+    // loop below running.
+    if (std::fabs(d) > kWrapJumpLimit) return std::remainder(d, kTwoPi);
+    while (lam - lon0 < -kGxPi) lam += kTwoPi;
+    while (lam - lon0 > kGxPi) lam -= kTwoPi;
+    return lam - lon0;
+}
+
+void CGxTransverseMercatorJHS::Geo2Proj(double lon, double lat, double* x, double* y) const {
+    if (name.isLocal) {
+        *x = lon;
+        *y = lat;
+        return;
+    }
+    const double dl = _LongitudeFromOrigin(lon * kGxDegToRad);
+    const double phi = lat * kGxDegToRad;
+    const double sphi = std::sin(phi), cphi = std::cos(phi);
+
+    // Conformal latitude beta, tan beta = sinh Q with the isometric latitude
+    // Q = asinh(tan phi) - e atanh(e sin phi). With psi = asinh(tan phi),
+    // sinh psi = tan phi and cosh psi = 1/|cos phi|, so sinh Q and cosh Q follow
+    // from sinh and cosh of q = e atanh(e sin phi); the sign of cos phi keeps
+    // latitudes beyond the poles as tan phi has them.
+    double shq, chq;
+    SinhCoshOfCorrection(e * std::atanh(e * sphi), &shq, &chq);
+    const double sp = cphi < 0 ? -sphi : sphi;
+    const double den = 1 / (chq - sp * shq);
+    const double sb = (sp * chq - shq) * den;  // sin beta = tanh Q
+    const double cb = std::fabs(cphi) * den;   // cos beta = 1/cosh Q
+
+    // Spherical transverse Mercator of the conformal sphere:
+    // eta0 = atanh(cos beta sin dl) and sin xi0 = sin beta cosh eta0, taken as
+    // tan xi0 = tan beta / |cos dl|, which stays accurate near the pole.
+    const double sdl = std::sin(dl), cdl = std::cos(dl);
+    const double t = cb * sdl;
+    const double u = cb * cdl;
+    const double eta0 = std::atanh(t);
+    double xi0 = std::atan(sb / std::fabs(u));
+    if (std::fabs(dl) > kHalfPi) xi0 = (phi > 0 ? kGxPi : -kGxPi) - xi0;
+
+    // sin, cos of 2 xi0 and sinh, cosh of 2 eta0 from the same quantities:
+    // tan xi0 = sb/u (the fold changes 2 xi0 by whole turns only), tanh eta0 = t,
+    // and 1 - t^2 = sb^2 + u^2.
+    const double inv = 1 / (sb * sb + u * u);
+    const Multiples circ = CircularMultiples(2 * sb * u * inv, (u * u - sb * sb) * inv);
+    const Multiples hyp = HyperbolicMultiples(2 * t * inv, (1 + t * t) * inv);
+    double dxi, deta;
+    KruegerSums(h, circ, hyp, &dxi, &deta);
+
+    *x = FE + Bk0 * (eta0 + deta);
+    *y = FN + Bk0 * (xi0 + dxi) - k0M0;
+}
+
+void CGxTransverseMercatorJHS::Proj2Geo(double x, double y, double* lon, double* lat) const {
+    if (name.isLocal) {
+        *lon = x;
+        *lat = y;
+        return;
+    }
+    const double etap = (x - FE) * invBk0;
+    const double xip = (y - FN + k0M0) * invBk0;
+
+    const double e2 = std::exp(2 * etap), ie2 = 1 / e2;
+    const Multiples circ = CircularMultiples(std::sin(2 * xip), std::cos(2 * xip));
+    const Multiples hyp = HyperbolicMultiples((e2 - ie2) / 2, (e2 + ie2) / 2);
+    double dxi, deta;
+    KruegerSums(hp, circ, hyp, &dxi, &deta);
+    const double xi0 = xip - dxi;
+    const double eta0 = etap - deta;
+
+    // Conformal latitude: sin beta' = sin xi0' / cosh eta0' and
+    // cos beta' = sqrt(sinh^2 eta0' + cos^2 xi0') / cosh eta0', free of
+    // cancellation near the pole. The isometric latitude Q' = atanh(sin beta').
+    const double sxi = std::sin(xi0), cxi = std::cos(xi0);
+    const double ee = std::exp(eta0), iee = 1 / ee;
+    const double sheta = (ee - iee) / 2, cheta = (ee + iee) / 2;
+    const double sb = sxi / cheta;
+    const double cb = std::sqrt(sheta * sheta + cxi * cxi) / cheta;
+
+    // Geodetic isometric latitude Q = Q' + q by the fixed-point iteration
+    // Q <- Q' + e atanh(e tanh Q), which contracts by about e^2 per pass. Only
+    // q changes, and tanh(Q' + q) = (sin beta' + tanh q)/(1 + sin beta' tanh q).
+    // It starts from the fourth-order series for the geodetic latitude,
+    // phi0 = beta' + d, good to about 1e-13 rad, so that one pass usually
+    // confirms it. A pass that moves less than the tolerance ends it, and so
+    // does a NaN.
+    const double d = GxClenshawSine(toGeodetic, kTerms, 2 * sb * cb, (cb - sb) * (cb + sb));
+    const double d2 = d * d;
+    const double sphi0 = sb * (1 - d2 / 2 * (1 - d2 / 12)) + cb * d * (1 - d2 / 6);
+    double q = e * std::atanh(e * sphi0);
+    for (int i = 0; i < kMaxIterations; ++i) {
+        const double tq = TanhOfCorrection(q);
+        const double next = e * std::atanh(e * (sb + tq) / (1 + sb * tq));
+        const double step = std::fabs(next - q);
+        q = next;
+        if (!(step >= kIterationTolerance)) break;
+    }
+    // tan(lat) = sinh(Q' + q) = (sin beta' cosh q + sinh q) / cos beta'.
+    double shq, chq;
+    SinhCoshOfCorrection(q, &shq, &chq);
+    *lat = std::atan2(sb * chq + shq, cb) * kGxRadToDeg;
+
+    // Longitude: asin(tanh eta0' / cos beta') = atan2(sinh eta0', |cos xi0'|),
+    // mirrored into the far half for points beyond the pole.
+    double dl = std::atan2(sheta, std::fabs(cxi));
+    if (!(xip >= -kHalfPi && xip <= kHalfPi)) dl = (etap >= 0 ? kGxPi : -kGxPi) - dl;
+    *lon = (lon0 + dl) * kGxRadToDeg;
+}
+
+void CGxTransverseMercatorJHS::GetOrigin(double* lon, double* lat) const {
+    *lon = lon0 * kGxRadToDeg;
+    *lat = lat0 * kGxRadToDeg;
+}
+
+double CGxTransverseMercatorJHS::GetConvergence(double lon, double lat) const {
+    if (name.isLocal) return 0.0;
+    return GxTransverseMercatorConvergence(lon * kGxDegToRad - lon0, lat * kGxDegToRad, a, b, k0);
+}
+
+void CGxTransverseMercatorJHS::GetDefaultArea(double* x0, double* y0, double* x1,
+                                              double* y1) const {
+    if (IsLocal()) {
+        *x0 = 0.0;
+        *y0 = 0.0;
+        *x1 = kLocalAreaSize;
+        *y1 = kLocalAreaSize;
+        return;
+    }
+    double lon, lat;
+    GetOrigin(&lon, &lat);
+    GxDefaultAreaAround(*this, lon, lat, kDefaultAreaHalf, x0, y0, x1, y1);
+}
+
+bool CGxTransverseMercatorJHS::IsLocal() const { return name.isLocal; }
+
+bool CGxTransverseMercatorJHS::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
+    return GxAnonymousEllipsoid(a, f, out);
+}
+
+CGxProjection* CGxTransverseMercatorJHS::Clone() const {
+    return new CGxTransverseMercatorJHS(*this);
+}

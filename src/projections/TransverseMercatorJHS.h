@@ -1,0 +1,63 @@
+#pragma once
+
+#include "foundation/Projection.h"
+#include "projections/ProjectionSupport.h"
+
+class CGxEllipsoid;
+
+// Transverse Mercator by Krueger's series in the conformal-latitude form of the
+// Finnish recommendation JHS 154 (also IOGP Guidance Note 7-2): conformal
+// latitude, the spherical transverse projection (xi0, eta0), then four harmonic
+// terms in the third flattening n. This is the Transverse Mercator the library
+// builds for its own coordinate systems.
+//
+// Longitudes are taken relative to the central meridian within +-180 degrees
+// (lon0 + 359 is lon0 - 1). Points more than 90 degrees of longitude away from
+// the central meridian lie beyond the pole on the grid: the forward folds xi0
+// over the pole and the inverse unfolds it for |xi'| > pi/2.
+class GXCART_API CGxTransverseMercatorJHS : public CGxProjection {
+public:
+    // name: coordinate-system string (empty means "NON-UTM"); k0: scale on the
+    // central meridian; lon0, lat0: central meridian and latitude of origin in
+    // degrees; FE, FN: false easting and northing in metres.
+    CGxTransverseMercatorJHS(const char* name, double k0, double lon0, double lat0, double FE,
+                             double FN, const CGxEllipsoid& ellipsoid);
+
+    const char* GetName() const override;
+    void Geo2Proj(double lon, double lat, double* x, double* y) const override;
+    void Proj2Geo(double x, double y, double* lon, double* lat) const override;
+    // Central meridian and latitude of origin, degrees.
+    void GetOrigin(double* lon, double* lat) const override;
+    // Fifth-order series in the longitude difference, degrees; 0 on a local grid.
+    double GetConvergence(double lon, double lat) const override;
+    // Projected corners of the +-3 degree box around the origin; (0, 0) to
+    // (10000, 10000) on a local grid.
+    void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
+    bool IsLocal() const override;
+    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
+    CGxProjection* Clone() const override;
+
+private:
+    // Longitude (radians) minus lon0, brought into [-pi, pi].
+    double _LongitudeFromOrigin(double lam) const;
+
+    GxProjectionName name;
+    double a;
+    double b;
+    double k0;
+    double f;
+    double FE;
+    double FN;
+    double lon0;  // radians
+    double lat0;  // radians
+    double e;
+    double n;   // third flattening f / (2 - f)
+    double B;   // rectifying radius a/(1 + n) (1 + n^2/4 + n^4/64)
+    double M0;  // meridian arc from the equator to lat0, metres, unscaled
+    double h[4];
+    double hp[4];  // inverse coefficients, positive
+    double toGeodetic[4];  // conformal to geodetic latitude series, start of the inverse
+    double Bk0;    // B k0
+    double invBk0;
+    double k0M0;
+};
