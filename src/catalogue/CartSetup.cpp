@@ -1,0 +1,33 @@
+#include "catalogue/CartSetup.h"
+
+#include "catalogue/PlatformFolders.h"
+
+namespace {
+const char* const kSystemEllipsoids = "ellipsoid.zpf";
+const char* const kCustomEllipsoids = "custom_ellipsoid.zpf";
+}  // namespace
+
+CGxCartSetup& CGxCartSetup::Instance() {
+    static CGxCartSetup setup;
+    return setup;
+}
+
+CGxCartSetup::CGxCartSetup() = default;
+
+CGxCartSetup::~CGxCartSetup() { WriteModified(); }
+
+void CGxCartSetup::ReadData(const std::string& dataPath, const std::string& userPath_) {
+    userPath = userPath_;
+    ellipsoids.ReadEllipsoids(dataPath + kSystemEllipsoids, false);
+    if (!userPath.empty()) ellipsoids.ReadEllipsoids(userPath + kCustomEllipsoids, true);
+    ellipsoids.GenerateCompleteList();
+}
+
+void CGxCartSetup::WriteModified() {
+    if (userPath.empty()) return;
+    if (ellipsoidListModified && GxEnsureFolder(userPath)) {
+        // A failed write leaves the previous file as it was.
+        if (ellipsoids.WriteCustomEllipsoids(userPath + kCustomEllipsoids))
+            ellipsoidListModified = false;
+    }
+}
