@@ -1,0 +1,130 @@
+// Per-point cost of the oblique Mercator family, Krovak and the New Zealand
+// map grid, forward and inverse, over 1000 points spread across each grid's
+// natural area. Times are per iteration of 1000 points; items/s gives points
+// per second.
+
+#include <benchmark/benchmark.h>
+
+#include <vector>
+
+#include "foundation/Ellipsoid.h"
+#include "projections/HotineObliqueMercator.h"
+#include "projections/Krovak.h"
+#include "projections/NewZealandMapGrid.h"
+#include "projections/ObliqueMercator.h"
+#include "projections/RectifiedSkewOrthomorphic.h"
+
+namespace {
+
+constexpr int kSide = 40;  // a 40 x 25 mesh
+constexpr int kPoints = 1000;
+
+const CGxEllipsoid kGrs80("GRS 1980", "RF", 6378137.0, 298.257222101);
+const CGxEllipsoid kBessel("Bessel 1841", "BR", 6377397.155, 299.1528128);
+const CGxEllipsoid kEverestSabah("Everest (Sabah & Sarawak)", "EB", 6377298.556, 300.8017);
+const CGxEllipsoid kInternational("International 1924", "IN", 6378388.0, 297.0);
+
+struct Points {
+    std::vector<double> lon, lat, x, y;
+};
+
+// A 40 x 25 mesh over [lon0, lon1] x [lat0, lat1] and its grid coordinates.
+Points Mesh(const CGxProjection& p, double lon0, double lon1, double lat0, double lat1) {
+    Points pts;
+    for (int i = 0; i < kSide; ++i) {
+        for (int j = 0; j < kPoints / kSide; ++j) {
+            const double lon = lon0 + (lon1 - lon0) * i / (kSide - 1);
+            const double lat = lat0 + (lat1 - lat0) * j / (kPoints / kSide - 1);
+            double x, y;
+            p.Geo2Proj(lon, lat, &x, &y);
+            pts.lon.push_back(lon);
+            pts.lat.push_back(lat);
+            pts.x.push_back(x);
+            pts.y.push_back(y);
+        }
+    }
+    return pts;
+}
+
+void Forward(benchmark::State& state, const CGxProjection& p, const Points& pts) {
+    for (auto _ : state) {
+        for (int i = 0; i < kPoints; ++i) {
+            double x, y;
+            p.Geo2Proj(pts.lon[i], pts.lat[i], &x, &y);
+            benchmark::DoNotOptimize(x);
+            benchmark::DoNotOptimize(y);
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * kPoints);
+}
+
+void Inverse(benchmark::State& state, const CGxProjection& p, const Points& pts) {
+    for (auto _ : state) {
+        for (int i = 0; i < kPoints; ++i) {
+            double lon, lat;
+            p.Proj2Geo(pts.x[i], pts.y[i], &lon, &lat);
+            benchmark::DoNotOptimize(lon);
+            benchmark::DoNotOptimize(lat);
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * kPoints);
+}
+
+// Alaska zone 1.
+const CGxHotineObliqueMercator kHotine("Alaska 1", 0.9999, -133.666666666667, 57,
+                                       323.130102361111, 5000000, -5000000, kGrs80);
+// Swiss grid.
+const CGxObliqueMercator kOblique("LV95", 1, 7.43958333333333, 46.9524055555556, 90, 2600000,
+                                  1200000, kBessel);
+// RSO Borneo.
+const CGxRectifiedSkewOrthomorphic kRso("RSO Borneo", 0.99984, 115, 4, 53.3158204722222,
+                                        53.1301023611111, 2000000, 5000000, kEverestSabah);
+// S-JTSK east/north.
+const CGxKrovak kKrovak("S-JTSK", 0.9999, 78.5, 24.8333333333333, 49.5, 30.2881397527778, 90, -1,
+                        1, 0, 0, kBessel);
+const CGxNewZealandMapGrid kNzmg("NZMG", 173, -41, 2510000, 6023150, kInternational);
+
+const Points& HotinePoints() {
+    static const Points pts = Mesh(kHotine, -141, -129, 54, 60);
+    return pts;
+}
+const Points& ObliquePoints() {
+    static const Points pts = Mesh(kOblique, 5.9, 10.5, 45.8, 47.8);
+    return pts;
+}
+const Points& RsoPoints() {
+    static const Points pts = Mesh(kRso, 109.5, 119.5, 0.8, 7.5);
+    return pts;
+}
+const Points& KrovakPoints() {
+    static const Points pts = Mesh(kKrovak, 12, 22.6, 47.7, 51.1);
+    return pts;
+}
+const Points& NzmgPoints() {
+    static const Points pts = Mesh(kNzmg, 166.4, 178.6, -47.3, -34.4);
+    return pts;
+}
+
+void BM_HotineObliqueMercatorForward(benchmark::State& s) { Forward(s, kHotine, HotinePoints()); }
+void BM_HotineObliqueMercatorInverse(benchmark::State& s) { Inverse(s, kHotine, HotinePoints()); }
+void BM_ObliqueMercatorForward(benchmark::State& s) { Forward(s, kOblique, ObliquePoints()); }
+void BM_ObliqueMercatorInverse(benchmark::State& s) { Inverse(s, kOblique, ObliquePoints()); }
+void BM_RectifiedSkewOrthomorphicForward(benchmark::State& s) { Forward(s, kRso, RsoPoints()); }
+void BM_RectifiedSkewOrthomorphicInverse(benchmark::State& s) { Inverse(s, kRso, RsoPoints()); }
+void BM_KrovakForward(benchmark::State& s) { Forward(s, kKrovak, KrovakPoints()); }
+void BM_KrovakInverse(benchmark::State& s) { Inverse(s, kKrovak, KrovakPoints()); }
+void BM_NewZealandMapGridForward(benchmark::State& s) { Forward(s, kNzmg, NzmgPoints()); }
+void BM_NewZealandMapGridInverse(benchmark::State& s) { Inverse(s, kNzmg, NzmgPoints()); }
+
+BENCHMARK(BM_HotineObliqueMercatorForward);
+BENCHMARK(BM_HotineObliqueMercatorInverse);
+BENCHMARK(BM_ObliqueMercatorForward);
+BENCHMARK(BM_ObliqueMercatorInverse);
+BENCHMARK(BM_RectifiedSkewOrthomorphicForward);
+BENCHMARK(BM_RectifiedSkewOrthomorphicInverse);
+BENCHMARK(BM_KrovakForward);
+BENCHMARK(BM_KrovakInverse);
+BENCHMARK(BM_NewZealandMapGridForward);
+BENCHMARK(BM_NewZealandMapGridInverse);
+
+}  // namespace
