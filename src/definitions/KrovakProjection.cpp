@@ -7,7 +7,7 @@ namespace {
 using IDs = CGxMapProjDataIDs;
 
 // Label, kind, keywords and default value of each parameter, in index order.
-constexpr GxParamSpec kParams[] = {
+constexpr GxParamRow kParams[] = {
     GxScale("Scale at pseudo parallel:", IDs::ScaleAtPseudoParallel, 0.9999),
     GxAngleDms("Pseudo parallel:", IDs::PseudoParallel, IDs::PseudoParallelDms, 0),
     GxAngleDms("Longitude of center:", IDs::CenterLongitude, IDs::CenterLongitudeDms, 0),

@@ -7,7 +7,7 @@ namespace {
 using IDs = CGxMapProjDataIDs;
 
 // Label, kind, keywords and default value of each parameter, in index order.
-constexpr GxParamSpec kParams[] = {
+constexpr GxParamRow kParams[] = {
     GxAngleDms("First parallel:", IDs::Parallel1, IDs::Parallel1Dms, 5),
     GxAngleDms("Second parallel:", IDs::Parallel2, IDs::Parallel2Dms, 10),
     GxAngleDms("Longitude origin:", IDs::OriginLongitude, IDs::OriginLongitudeDms, 0),

@@ -109,9 +109,13 @@ CGxMapProjData::EProjectionType CGxMapProjData::Enum2ProjectionType(int index) {
     return static_cast<EProjectionType>(index + 1);
 }
 
-int CGxMapProjData::ProjectionType2Enum(EProjectionType type) { return type - 1; }
+int CGxMapProjData::ProjectionType2Enum(EProjectionType type) {
+    return type - 1;
+}
 
-int CGxMapProjData::GetNoOfProjections() { return kNoOfProjections; }
+int CGxMapProjData::GetNoOfProjections() {
+    return kNoOfProjections;
+}
 
 bool CGxMapProjData::IsEquivalent(int flags, EProjectionType type) {
     // A rotated grid is still longitude/latitude, so it counts as geographic.

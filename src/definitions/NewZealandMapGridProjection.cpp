@@ -7,7 +7,7 @@ namespace {
 using IDs = CGxMapProjDataIDs;
 
 // Label, kind, keywords and default value of each parameter, in index order.
-constexpr GxParamSpec kParams[] = {
+constexpr GxParamRow kParams[] = {
     GxAngleDms("Longitude origin:", IDs::OriginLongitude, IDs::OriginLongitudeDms, 173),
     GxAngleDms("Latitude origin:", IDs::OriginLatitude, IDs::OriginLatitudeDms, -41),
     GxFalseEasting(2510000),

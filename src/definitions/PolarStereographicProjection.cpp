@@ -7,7 +7,7 @@ namespace {
 using IDs = CGxMapProjDataIDs;
 
 // Label, kind, keywords and default value of each parameter, in index order.
-constexpr GxParamSpec kParams[] = {
+constexpr GxParamRow kParams[] = {
     GxScaleWithReduction(1),
     GxAngleDms("Central meridian:", IDs::Centre, IDs::CentreDms, 0),
     GxAngleDms("Latitude origin:", IDs::OriginLatitude, IDs::OriginLatitudeDms, 0),

@@ -7,7 +7,7 @@ namespace {
 using IDs = CGxMapProjDataIDs;
 
 // Label, kind, keywords and default value of each parameter, in index order.
-constexpr GxParamSpec kParams[] = {
+constexpr GxParamRow kParams[] = {
     GxScaleWithReduction(0.9996),
     GxAngleDms("Longitude of center:", IDs::CenterLongitude, IDs::CenterLongitudeDms, 0),
     GxAngleDms("Latitude of center:", IDs::CenterLatitude, IDs::CenterLatitudeDms, 0),

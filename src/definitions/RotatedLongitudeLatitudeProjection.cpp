@@ -7,7 +7,7 @@ namespace {
 using IDs = CGxMapProjDataIDs;
 
 // Label, kind, keywords and default value of each parameter, in index order.
-constexpr GxParamSpec kParams[] = {
+constexpr GxParamRow kParams[] = {
     GxAngle("Longitude of south pole:", IDs::LongitudeOfSouthPole, 0),
     GxAngle("Latitude of south pole:", IDs::LatitudeOfSouthPole, 0),
     GxAngle("Angle of rotation:", IDs::AngleOfRotation, 0),

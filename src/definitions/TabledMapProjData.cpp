@@ -25,13 +25,13 @@ double ReadDecimal(void* section, const char* keyword) {
 
 // The parameter from its alternative form when that is present, else from its
 // decimal keyword.
-double ReadParameter(void* section, const GxParamSpec& spec) {
-    switch (spec.alternative) {
+double ReadParameter(void* section, const GxParamRow& row) {
+    switch (row.alternative) {
         case EGxAlternativeForm::eDms: {
             int degrees = 0;
             int minutes = 0;
             double seconds = 0.0;
-            if (CGxMapProjData::zpfGetParamDMS(section, spec.alternativeKeyword, &degrees, &minutes,
+            if (CGxMapProjData::zpfGetParamDMS(section, row.alternativeKeyword, &degrees, &minutes,
                                                &seconds)) {
                 // The sign is carried by the degrees alone: "-0" degrees is not
                 // negative, so an angle between -1 and 0 degrees can only be
@@ -43,21 +43,21 @@ double ReadParameter(void* section, const GxParamSpec& spec) {
         }
         case EGxAlternativeForm::eFeetUs: {
             double feet = 0.0;
-            if (zpfGetParam(section, spec.alternativeKeyword, 1, 1, &feet))
+            if (zpfGetParam(section, row.alternativeKeyword, 1, 1, &feet))
                 return feet * kInchesPerFoot / kUsInchesPerMetre;
             break;
         }
         case EGxAlternativeForm::eScaleReduction: {
-            // A reduction 1:N shrinks lengths by 1/N, so the scale is (N - 1) / N;
+            // A reduction of 1:N lowers the scale by 1/N: (N - 1) / N;
             // N = 0 gives the infinity the division gives.
             double n = 0.0;
-            if (zpfGetParam(section, spec.alternativeKeyword, 1, 1, &n)) return (n - 1.0) / n;
+            if (zpfGetParam(section, row.alternativeKeyword, 1, 1, &n)) return (n - 1.0) / n;
             break;
         }
         case EGxAlternativeForm::eNone:
             break;
     }
-    return ReadDecimal(section, spec.keyword);
+    return ReadDecimal(section, row.keyword);
 }
 
 }  // namespace
@@ -116,16 +116,10 @@ void CGxTabledMapProjData::SetEllipsoidID(const std::string& ellipsoidID_) {
 
 void CGxTabledMapProjData::ReadFromHandle(void* section, bool editable) {
     if (!section) return;
-    // Looking for an alternative form that is absent is not a failure the
-    // caller should see; keep the keyword library's error as it was before.
-    const bool errorBefore = zpfPeekErrorGlb() != eZpfOk;
-
     double values[kGxMaxProjParams] = {};
     for (int i = 0; i < layout->count; ++i) values[i] = ReadParameter(section, layout->params[i]);
     _Assign(ReadText(section, ProjectionName), ReadText(section, BranchName),
             ReadText(section, Ellipsoid), values, editable, editable);
-
-    if (!errorBefore) zpfGetErrorGlb();
 }
 
 void CGxTabledMapProjData::WriteToHandle(void* file) {

@@ -20,7 +20,7 @@ enum class EGxAlternativeForm : int {
 };
 
 // One numeric parameter of a type.
-struct GxParamSpec {
+struct GxParamRow {
     const char* label;  // shown by GetParameter, e.g. "First parallel:"
     CGxMapProjData::EParamType kind;
     const char* keyword;  // written and read
@@ -30,20 +30,20 @@ struct GxParamSpec {
 };
 
 // An angle with a degrees-minutes-seconds form.
-constexpr GxParamSpec GxAngleDms(const char* label, const char* keyword, const char* dmsKeyword,
-                                 double defaultValue) {
+constexpr GxParamRow GxAngleDms(const char* label, const char* keyword, const char* dmsKeyword,
+                                double defaultValue) {
     return {label,       CGxMapProjData::eAngle, keyword, EGxAlternativeForm::eDms, dmsKeyword,
             defaultValue};
 }
 
 // An angle read and written only in decimal degrees.
-constexpr GxParamSpec GxAngle(const char* label, const char* keyword, double defaultValue) {
+constexpr GxParamRow GxAngle(const char* label, const char* keyword, double defaultValue) {
     return {label,       CGxMapProjData::eAngle, keyword, EGxAlternativeForm::eNone, nullptr,
             defaultValue};
 }
 
 // The scale factor "Scale", which may also be written as a reduction 1:N.
-constexpr GxParamSpec GxScaleWithReduction(double defaultValue) {
+constexpr GxParamRow GxScaleWithReduction(double defaultValue) {
     return {"Scale:",
             CGxMapProjData::eScale,
             CGxMapProjDataIDs::Scale,
@@ -53,13 +53,13 @@ constexpr GxParamSpec GxScaleWithReduction(double defaultValue) {
 }
 
 // A scale factor read and written only as a plain factor.
-constexpr GxParamSpec GxScale(const char* label, const char* keyword, double defaultValue) {
+constexpr GxParamRow GxScale(const char* label, const char* keyword, double defaultValue) {
     return {label,       CGxMapProjData::eScale, keyword, EGxAlternativeForm::eNone, nullptr,
             defaultValue};
 }
 
 // False easting and northing, metres, or US survey feet in the _ft_us forms.
-constexpr GxParamSpec GxFalseEasting(double defaultValue) {
+constexpr GxParamRow GxFalseEasting(double defaultValue) {
     return {"False easting:",
             CGxMapProjData::eLength,
             CGxMapProjDataIDs::Feast,
@@ -67,7 +67,7 @@ constexpr GxParamSpec GxFalseEasting(double defaultValue) {
             CGxMapProjDataIDs::FeastFtUs,
             defaultValue};
 }
-constexpr GxParamSpec GxFalseNorthing(double defaultValue) {
+constexpr GxParamRow GxFalseNorthing(double defaultValue) {
     return {"False northing:",           CGxMapProjData::eLength,       CGxMapProjDataIDs::Fnorth,
             EGxAlternativeForm::eFeetUs, CGxMapProjDataIDs::FnorthFtUs, defaultValue};
 }
@@ -84,7 +84,7 @@ struct GxProjDataLayout {
     const char* defaultName;       // name of the default definition
     const char* defaultEllipsoid;  // ellipsoid identifier of the default definition
     int count;                     // number of parameters, at most kGxMaxProjParams
-    const GxParamSpec* params;     // count entries in index order
+    const GxParamRow* params;      // count entries in index order
 };
 
 // The common implementation of the definition family. It holds the fields of
