@@ -79,7 +79,9 @@ CGxTransverseMercator::CGxTransverseMercator(const char* name_, double k0_, doub
     }
 }
 
-const char* CGxTransverseMercator::GetName() const { return name.name; }
+const char* CGxTransverseMercator::GetName() const {
+    return name.name;
+}
 
 void CGxTransverseMercator::_Forward(double lon, double lat, double fe, double fn, double* x,
                                      double* y) const {
@@ -118,8 +120,8 @@ void CGxTransverseMercator::_Inverse(double x, double y, double* lon, double* la
     const double cn = std::fabs(dN / Qk);
     const double e2ce = std::exp(2 * ce);
     double R, I;
-    GxClenshawComplexSine(U2, kTerms, std::sin(2 * cn), std::cos(2 * cn),
-                          (e2ce - 1 / e2ce) / 2, (e2ce + 1 / e2ce) / 2, &R, &I);
+    GxClenshawComplexSine(U2, kTerms, std::sin(2 * cn), std::cos(2 * cn), (e2ce - 1 / e2ce) / 2,
+                          (e2ce + 1 / e2ce) / 2, &R, &I);
     const double cnp = cn + R;
     const double cep = ce + I;
     const double scn = std::sin(cnp), ccn = std::cos(cnp);
@@ -171,8 +173,7 @@ void CGxTransverseMercator::GetOrigin(double* lon, double* lat) const {
 
 double CGxTransverseMercator::GetConvergence(double lon, double lat) const {
     if (name.isLocal) return 0.0;
-    return GxTransverseMercatorConvergence((lon - lon0) * kGxDegToRad, lat * kGxDegToRad, a, b,
-                                           k0);
+    return GxTransverseMercatorConvergence((lon - lon0) * kGxDegToRad, lat * kGxDegToRad, a, b, k0);
 }
 
 double CGxTransverseMercator::GetScaleFactor(double lon, double lat) const {
@@ -199,10 +200,14 @@ void CGxTransverseMercator::GetDefaultArea(double* x0, double* y0, double* x1, d
     GxDefaultAreaAround(*this, lon, lat, kDefaultAreaHalf, x0, y0, x1, y1);
 }
 
-bool CGxTransverseMercator::IsLocal() const { return name.isLocal; }
+bool CGxTransverseMercator::IsLocal() const {
+    return name.isLocal;
+}
 
 bool CGxTransverseMercator::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
     return GxAnonymousEllipsoid(a, f, out);
 }
 
-CGxProjection* CGxTransverseMercator::Clone() const { return new CGxTransverseMercator(*this); }
+CGxProjection* CGxTransverseMercator::Clone() const {
+    return new CGxTransverseMercator(*this);
+}

@@ -136,7 +136,9 @@ CGxTransverseMercatorJHS::CGxTransverseMercatorJHS(const char* name_, double k0_
     k0M0 = k0 * M0;
 }
 
-const char* CGxTransverseMercatorJHS::GetName() const { return name.name; }
+const char* CGxTransverseMercatorJHS::GetName() const {
+    return name.name;
+}
 
 double CGxTransverseMercatorJHS::_LongitudeFromOrigin(double lam) const {
     const double d = lam - lon0;
@@ -275,7 +277,9 @@ void CGxTransverseMercatorJHS::GetDefaultArea(double* x0, double* y0, double* x1
     GxDefaultAreaAround(*this, lon, lat, kDefaultAreaHalf, x0, y0, x1, y1);
 }
 
-bool CGxTransverseMercatorJHS::IsLocal() const { return name.isLocal; }
+bool CGxTransverseMercatorJHS::IsLocal() const {
+    return name.isLocal;
+}
 
 bool CGxTransverseMercatorJHS::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
     return GxAnonymousEllipsoid(a, f, out);

@@ -55,9 +55,9 @@ private:
     double B;   // rectifying radius a/(1 + n) (1 + n^2/4 + n^4/64)
     double M0;  // meridian arc from the equator to lat0, metres, unscaled
     double h[4];
-    double hp[4];  // inverse coefficients, positive
+    double hp[4];          // inverse coefficients, positive
     double toGeodetic[4];  // conformal to geodetic latitude series, start of the inverse
-    double Bk0;    // B k0
+    double Bk0;            // B k0
     double invBk0;
     double k0M0;
 };
