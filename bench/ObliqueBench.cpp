@@ -71,8 +71,8 @@ void Inverse(benchmark::State& state, const CGxProjection& p, const Points& pts)
 }
 
 // Alaska zone 1.
-const CGxHotineObliqueMercator kHotine("Alaska 1", 0.9999, -133.666666666667, 57,
-                                       323.130102361111, 5000000, -5000000, kGrs80);
+const CGxHotineObliqueMercator kHotine("Alaska 1", 0.9999, -133.666666666667, 57, 323.130102361111,
+                                       5000000, -5000000, kGrs80);
 // Swiss grid.
 const CGxObliqueMercator kOblique("LV95", 1, 7.43958333333333, 46.9524055555556, 90, 2600000,
                                   1200000, kBessel);
@@ -80,8 +80,8 @@ const CGxObliqueMercator kOblique("LV95", 1, 7.43958333333333, 46.9524055555556,
 const CGxRectifiedSkewOrthomorphic kRso("RSO Borneo", 0.99984, 115, 4, 53.3158204722222,
                                         53.1301023611111, 2000000, 5000000, kEverestSabah);
 // S-JTSK east/north.
-const CGxKrovak kKrovak("S-JTSK", 0.9999, 78.5, 24.8333333333333, 49.5, 30.2881397527778, 90, -1,
-                        1, 0, 0, kBessel);
+const CGxKrovak kKrovak("S-JTSK", 0.9999, 78.5, 24.8333333333333, 49.5, 30.2881397527778, 90, -1, 1,
+                        0, 0, kBessel);
 const CGxNewZealandMapGrid kNzmg("NZMG", 173, -41, 2510000, 6023150, kInternational);
 
 const Points& HotinePoints() {
@@ -105,16 +105,36 @@ const Points& NzmgPoints() {
     return pts;
 }
 
-void BM_HotineObliqueMercatorForward(benchmark::State& s) { Forward(s, kHotine, HotinePoints()); }
-void BM_HotineObliqueMercatorInverse(benchmark::State& s) { Inverse(s, kHotine, HotinePoints()); }
-void BM_ObliqueMercatorForward(benchmark::State& s) { Forward(s, kOblique, ObliquePoints()); }
-void BM_ObliqueMercatorInverse(benchmark::State& s) { Inverse(s, kOblique, ObliquePoints()); }
-void BM_RectifiedSkewOrthomorphicForward(benchmark::State& s) { Forward(s, kRso, RsoPoints()); }
-void BM_RectifiedSkewOrthomorphicInverse(benchmark::State& s) { Inverse(s, kRso, RsoPoints()); }
-void BM_KrovakForward(benchmark::State& s) { Forward(s, kKrovak, KrovakPoints()); }
-void BM_KrovakInverse(benchmark::State& s) { Inverse(s, kKrovak, KrovakPoints()); }
-void BM_NewZealandMapGridForward(benchmark::State& s) { Forward(s, kNzmg, NzmgPoints()); }
-void BM_NewZealandMapGridInverse(benchmark::State& s) { Inverse(s, kNzmg, NzmgPoints()); }
+void BM_HotineObliqueMercatorForward(benchmark::State& s) {
+    Forward(s, kHotine, HotinePoints());
+}
+void BM_HotineObliqueMercatorInverse(benchmark::State& s) {
+    Inverse(s, kHotine, HotinePoints());
+}
+void BM_ObliqueMercatorForward(benchmark::State& s) {
+    Forward(s, kOblique, ObliquePoints());
+}
+void BM_ObliqueMercatorInverse(benchmark::State& s) {
+    Inverse(s, kOblique, ObliquePoints());
+}
+void BM_RectifiedSkewOrthomorphicForward(benchmark::State& s) {
+    Forward(s, kRso, RsoPoints());
+}
+void BM_RectifiedSkewOrthomorphicInverse(benchmark::State& s) {
+    Inverse(s, kRso, RsoPoints());
+}
+void BM_KrovakForward(benchmark::State& s) {
+    Forward(s, kKrovak, KrovakPoints());
+}
+void BM_KrovakInverse(benchmark::State& s) {
+    Inverse(s, kKrovak, KrovakPoints());
+}
+void BM_NewZealandMapGridForward(benchmark::State& s) {
+    Forward(s, kNzmg, NzmgPoints());
+}
+void BM_NewZealandMapGridInverse(benchmark::State& s) {
+    Inverse(s, kNzmg, NzmgPoints());
+}
 
 BENCHMARK(BM_HotineObliqueMercatorForward);
 BENCHMARK(BM_HotineObliqueMercatorInverse);

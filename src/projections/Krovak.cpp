@@ -52,7 +52,9 @@ CGxKrovak::CGxKrovak(const char* name_, double scaleAtPseudoParallel, double pse
     tanHalfP = std::tan(kQuarterPi + latP / 2);
 }
 
-const char* CGxKrovak::GetName() const { return name.name; }
+const char* CGxKrovak::GetName() const {
+    return name.name;
+}
 
 void CGxKrovak::Geo2Proj(double lon, double lat, double* x, double* y) const {
     if (name.isLocal) {
@@ -70,8 +72,7 @@ void CGxKrovak::Geo2Proj(double lon, double lat, double* x, double* y) const {
     // Latitude T and longitude D about the pseudo pole.
     const double T = std::asin(cosAlpha * sinU + sinAlpha * cosU * cosV);
     const double sinT = std::sin(T), cosT = std::cos(T);
-    const double D =
-        std::atan2(cosU * sinV / cosT, (cosAlpha * sinT - sinU) / (sinAlpha * cosT));
+    const double D = std::atan2(cosU * sinV / cosT, (cosAlpha * sinT - sinU) / (sinAlpha * cosT));
     const double theta = n * D;
     const double r = r0 * std::pow(tanHalfP / std::tan(kQuarterPi + T / 2), n);
     const double xp = r * std::cos(theta) * xScale;
@@ -123,10 +124,14 @@ void CGxKrovak::GetDefaultArea(double* x0, double* y0, double* x1, double* y1) c
     *x1 = *y1 = x + kDefaultAreaHalfSide;
 }
 
-bool CGxKrovak::IsLocal() const { return name.isLocal; }
+bool CGxKrovak::IsLocal() const {
+    return name.isLocal;
+}
 
 bool CGxKrovak::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
     return GxAnonymousEllipsoid(a, f, out);
 }
 
-CGxProjection* CGxKrovak::Clone() const { return new CGxKrovak(*this); }
+CGxProjection* CGxKrovak::Clone() const {
+    return new CGxKrovak(*this);
+}

@@ -22,9 +22,9 @@ public:
     // false easting and northing in the ellipsoid unit, added after the
     // rotation.
     CGxKrovak(const char* name, double scaleAtPseudoParallel, double pseudoParallel,
-              double centreLongitude, double centreLatitude, double azimuth,
-              double xyPlaneRotation, double xScale, double yScale, double falseEasting,
-              double falseNorthing, const CGxEllipsoid& ellipsoid);
+              double centreLongitude, double centreLatitude, double azimuth, double xyPlaneRotation,
+              double xScale, double yScale, double falseEasting, double falseNorthing,
+              const CGxEllipsoid& ellipsoid);
 
     const char* GetName() const override;
     void Geo2Proj(double lon, double lat, double* x, double* y) const override;

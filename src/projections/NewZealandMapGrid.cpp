@@ -19,10 +19,18 @@ constexpr int kMaxPasses = 100;
 constexpr double kAreaX0 = 2000000.0, kAreaY0 = 5300000.0;
 constexpr double kAreaX1 = 3000000.0, kAreaY1 = 6800000.0;
 
-Complex Add(Complex p, Complex q) { return {p.re + q.re, p.im + q.im}; }
-Complex Sub(Complex p, Complex q) { return {p.re - q.re, p.im - q.im}; }
-Complex Mul(Complex p, Complex q) { return {p.re * q.re - p.im * q.im, p.re * q.im + p.im * q.re}; }
-Complex Scale(double k, Complex p) { return {k * p.re, k * p.im}; }
+Complex Add(Complex p, Complex q) {
+    return {p.re + q.re, p.im + q.im};
+}
+Complex Sub(Complex p, Complex q) {
+    return {p.re - q.re, p.im - q.im};
+}
+Complex Mul(Complex p, Complex q) {
+    return {p.re * q.re - p.im * q.im, p.re * q.im + p.im * q.re};
+}
+Complex Scale(double k, Complex p) {
+    return {k * p.re, k * p.im};
+}
 
 // Smith's division, scaled by the larger part of the denominator; a zero or
 // NaN denominator gives NaN parts.
@@ -66,7 +74,9 @@ CGxNewZealandMapGrid::CGxNewZealandMapGrid(const char* name_, double originLongi
       falseEasting(falseEasting_),
       falseNorthing(falseNorthing_) {}
 
-const char* CGxNewZealandMapGrid::GetName() const { return name.name; }
+const char* CGxNewZealandMapGrid::GetName() const {
+    return name.name;
+}
 
 void CGxNewZealandMapGrid::Geo2Proj(double lon, double lat, double* x, double* y) const {
     if (name.isLocal) {
@@ -124,10 +134,14 @@ void CGxNewZealandMapGrid::GetDefaultArea(double* x0, double* y0, double* x1, do
     *y1 = kAreaY1;
 }
 
-bool CGxNewZealandMapGrid::IsLocal() const { return name.isLocal; }
+bool CGxNewZealandMapGrid::IsLocal() const {
+    return name.isLocal;
+}
 
 bool CGxNewZealandMapGrid::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
     return GxAnonymousEllipsoid(a, f, out);
 }
 
-CGxProjection* CGxNewZealandMapGrid::Clone() const { return new CGxNewZealandMapGrid(*this); }
+CGxProjection* CGxNewZealandMapGrid::Clone() const {
+    return new CGxNewZealandMapGrid(*this);
+}

@@ -20,29 +20,27 @@ public:
         0.6399175073, -0.1358797613, 0.063294409, -0.02526853, 0.0117879,
         -0.0055161,   0.0026906,     -0.001333,   0.00067,     -0.00034};
     // Conformal polynomial z = sum B[n] zeta^n, n = 0..6 (B0 = 0).
-    static constexpr Complex kForwardPolynomial[7] = {
-        {0.0, 0.0},
-        {0.7557853228, 0.0},
-        {0.249204646, 0.003371507},
-        {-0.001541739, 0.04105856},
-        {-0.10162907, 0.01727609},
-        {-0.26623489, -0.36249218},
-        {-0.6870983, -1.1651967}};
+    static constexpr Complex kForwardPolynomial[7] = {{0.0, 0.0},
+                                                      {0.7557853228, 0.0},
+                                                      {0.249204646, 0.003371507},
+                                                      {-0.001541739, 0.04105856},
+                                                      {-0.10162907, 0.01727609},
+                                                      {-0.26623489, -0.36249218},
+                                                      {-0.6870983, -1.1651967}};
     // Approximate inverse polynomial zeta = sum C[n] z^n, n = 0..6 (C0 = 0),
     // the start of the Newton-Raphson solution.
-    static constexpr Complex kInversePolynomial[7] = {
-        {0.0, 0.0},
-        {1.3231270439, 0.0},
-        {-0.577245789, -0.007809598},
-        {0.508307513, -0.112208952},
-        {-0.15094762, 0.18200602},
-        {1.01418179, 1.64497696},
-        {1.9660549, 2.5127645}};
+    static constexpr Complex kInversePolynomial[7] = {{0.0, 0.0},
+                                                      {1.3231270439, 0.0},
+                                                      {-0.577245789, -0.007809598},
+                                                      {0.508307513, -0.112208952},
+                                                      {-0.15094762, 0.18200602},
+                                                      {1.01418179, 1.64497696},
+                                                      {1.9660549, 2.5127645}};
     // Latitude difference in units of 1e5 arc-seconds from the isometric
     // latitude: sum D[n-1] psi^n, n = 1..9.
-    static constexpr double kLatitudeSeries[9] = {
-        1.5627014243, 0.5185406398, -0.03333098, -0.1052906, -0.0368594,
-        0.007317,     0.0122,       0.00394,     -0.0013};
+    static constexpr double kLatitudeSeries[9] = {1.5627014243, 0.5185406398, -0.03333098,
+                                                  -0.1052906,   -0.0368594,   0.007317,
+                                                  0.0122,       0.00394,      -0.0013};
 };
 
 // The New Zealand map grid: a conformal projection of minimum scale error over

@@ -6,4 +6,6 @@ CGxObliqueMercator::CGxObliqueMercator(const char* name, double scale, double ce
     : CGxObliqueMercatorBase(name, scale, centreLongitude, centreLatitude, azimuth, azimuth, true,
                              falseEasting, falseNorthing, ellipsoid) {}
 
-CGxProjection* CGxObliqueMercator::Clone() const { return new CGxObliqueMercator(*this); }
+CGxProjection* CGxObliqueMercator::Clone() const {
+    return new CGxObliqueMercator(*this);
+}

@@ -19,7 +19,9 @@ constexpr double kDefaultAreaHalfSide = 3.0;
 constexpr double kEastWestAzimuth = 90.0;
 
 // +1 on and north of the equator, -1 south of it.
-double HemisphereSign(double lat) { return lat >= 0 ? 1.0 : -1.0; }
+double HemisphereSign(double lat) {
+    return lat >= 0 ? 1.0 : -1.0;
+}
 
 }  // namespace
 
@@ -27,8 +29,7 @@ CGxObliqueMercatorBase::CGxObliqueMercatorBase(const char* name_, double scale,
                                                double centreLongitude, double centreLatitude,
                                                double azimuth, double gridAngle,
                                                bool originAtCentre, double falseEasting_,
-                                               double falseNorthing_,
-                                               const CGxEllipsoid& ellipsoid)
+                                               double falseNorthing_, const CGxEllipsoid& ellipsoid)
     : name(name_),
       a(ellipsoid.GetMajor()),
       f(ellipsoid.GetFlatness()),
@@ -66,9 +67,8 @@ CGxObliqueMercatorBase::CGxObliqueMercatorBase(const char* name_, double scale,
 
     uC = 0.0;
     if (originAtCentre) {
-        uC = GxIsNear(azimuth, kEastWestAzimuth)
-                 ? A * (lonC - lon0)
-                 : (A / B) * std::atan2(Q, std::cos(alphaC)) * sign;
+        uC = GxIsNear(azimuth, kEastWestAzimuth) ? A * (lonC - lon0)
+                                                 : (A / B) * std::atan2(Q, std::cos(alphaC)) * sign;
     }
     uShift = std::fabs(uC) * sign;
 
@@ -80,7 +80,9 @@ CGxObliqueMercatorBase::CGxObliqueMercatorBase(const char* name_, double scale,
     bOverA = B / A;
 }
 
-const char* CGxObliqueMercatorBase::GetName() const { return name.name; }
+const char* CGxObliqueMercatorBase::GetName() const {
+    return name.name;
+}
 
 void CGxObliqueMercatorBase::Geo2Proj(double lon, double lat, double* x, double* y) const {
     if (name.isLocal) {
@@ -133,13 +135,14 @@ double CGxObliqueMercatorBase::GetConvergence(double lon, double lat) const {
     return GxNumericalConvergence(*this, lon, lat);
 }
 
-void CGxObliqueMercatorBase::GetDefaultArea(double* x0, double* y0, double* x1,
-                                            double* y1) const {
-    GxDefaultAreaAround(*this, lonC * kGxRadToDeg, latC * kGxRadToDeg, kDefaultAreaHalfSide, x0,
-                        y0, x1, y1);
+void CGxObliqueMercatorBase::GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const {
+    GxDefaultAreaAround(*this, lonC * kGxRadToDeg, latC * kGxRadToDeg, kDefaultAreaHalfSide, x0, y0,
+                        x1, y1);
 }
 
-bool CGxObliqueMercatorBase::IsLocal() const { return name.isLocal; }
+bool CGxObliqueMercatorBase::IsLocal() const {
+    return name.isLocal;
+}
 
 bool CGxObliqueMercatorBase::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
     return GxAnonymousEllipsoid(a, f, out);
