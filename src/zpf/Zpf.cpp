@@ -152,8 +152,10 @@ void* zpfLoadFile(const char* path) {
         SetError(eZpfNotFound, std::string("zpfLoadFile: no file ") + Quote(path));
         return nullptr;
     }
-    if (std::filesystem::is_directory(status)) {
-        SetError(eZpfIo, std::string("zpfLoadFile: ") + Quote(path) + " is a folder");
+    // Folders, devices and pipes are refused: a device such as /dev/zero
+    // would never end.
+    if (!std::filesystem::is_regular_file(status)) {
+        SetError(eZpfIo, std::string("zpfLoadFile: ") + Quote(path) + " is not a regular file");
         return nullptr;
     }
     std::ifstream in(path, std::ios::binary);
