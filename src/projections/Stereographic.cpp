@@ -1,0 +1,178 @@
+// Oblique stereographic on the ellipsoid, the "double" projection of EPSG
+// Guidance Note 7-2, method 9809: the ellipsoid is mapped conformally onto the
+// Gauss sphere of radius R = sqrt(rho0 nu0) (latitude chi, longitude scaled by
+// n), and that sphere is projected stereographically from the antipode of the
+// origin. An origin at a pole selects the polar aspect (methods 9810/9829 with
+// the given scale at the pole), see PolarStereographicMath.h.
+
+#include "projections/Stereographic.h"
+
+#include <cmath>
+
+#include "foundation/Ellipsoid.h"
+#include "foundation/Tolerance.h"
+#include "projections/ConformalLatitude.h"
+
+namespace {
+// Projection type number of the stereographic; it selects the conformal
+// series of the polar aspect.
+constexpr int kStereographicType = 4;
+constexpr double kQuarterPi = 0.7853981633974483;
+}  // namespace
+
+CGxStereographic::CGxStereographic(const char* name_, double scale, double centreLongitude,
+                                   double originLatitude, double falseEasting_,
+                                   double falseNorthing_, const CGxEllipsoid& ellipsoid)
+    : name(name_),
+      a(ellipsoid.GetMajor()),
+      f(ellipsoid.GetFlatness()),
+      e(ellipsoid.GetEccentricity()),
+      lon0(centreLongitude * kGxDegToRad),
+      lat0(originLatitude * kGxDegToRad),
+      falseEasting(falseEasting_),
+      falseNorthing(falseNorthing_),
+      k0(scale),
+      aspect(eOblique),
+      R(0),
+      n(0),
+      c(0),
+      chi0(0),
+      sqrtC(0),
+      sinChi0(0),
+      cosChi0(1),
+      twoRk(0),
+      g(0),
+      h(0) {
+    if (GxIsNear(originLatitude, 90.0) || GxIsNear(originLatitude, -90.0)) {
+        const bool south = !GxIsNear(originLatitude, 90.0);
+        aspect = south ? eSouthPolar : eNorthPolar;
+        polar = GxPolarStereographicMath(kStereographicType, a, e, k0, south, lon0, falseEasting,
+                                         falseNorthing);
+        return;
+    }
+    // The Gauss sphere, arranged so that the constants stay accurate as the
+    // origin approaches a pole: the textbook chain (1 + s)/(1 - s), then
+    // c = (n + s)/((n - s) w1) and chi0 = asin(s / n), loses every digit there
+    // (1 - s and n - s cancel, and s rounds to 1 within 1e-6 degrees of the
+    // pole), long before the polar aspect takes over at 1e-12. With
+    // k = 1 + e^2 cos^2 / (1 - e^2), n^2 - s^2 = k cos^2 gives the
+    // differences in closed form.
+    const double e2 = e * e;
+    const double s = std::sin(lat0);
+    const double cos2 = std::cos(lat0) * std::cos(lat0);
+    const double es = e * s;
+    const double nu0 = a / std::sqrt(1 - es * es);
+    R = std::sqrt((1 - e2) * nu0 * nu0 / (1 - es * es));
+    const double k = 1 + e2 * cos2 / (1 - e2);
+    n = std::sqrt(1 + e2 * cos2 * cos2 / (1 - e2));
+    const double q = std::pow((1 - es) / (1 + es), e * n);
+    if (s >= 0) {
+        c = (n + s) * (n + s) / k * std::pow(cos2, n - 1) / (std::pow(1 + s, 2 * n) * q);
+    } else {
+        c = k * std::pow(1 - s, 2 * n) / ((n - s) * (n - s) * std::pow(cos2, n - 1) * q);
+    }
+    chi0 = std::atan2(s, std::sqrt(cos2 * k));
+    sqrtC = std::sqrt(c);
+    sinChi0 = std::sin(chi0);
+    cosChi0 = std::cos(chi0);
+    twoRk = 2 * R * k0;
+    g = twoRk * std::tan(kQuarterPi - chi0 / 2);
+    h = 2 * twoRk * std::tan(chi0) + g;
+}
+
+const char* CGxStereographic::GetName() const { return name.name; }
+
+void CGxStereographic::_ObliqueForward(double lon, double lat, double* x, double* y) const {
+    // Conformal latitude on the Gauss sphere: w = (1 + sin chi)/(1 - sin chi)
+    // = c t^(-2n), t the isometric term of the latitude; with u = sqrt(w) the
+    // sine and cosine follow without cancellation, and the poles (u infinite
+    // or 0) give chi = +-90 degrees.
+    const double u = sqrtC * std::pow(GxConformalT(lat * kGxDegToRad, e), -n);
+    const double sinChi = 1 - 2 / (u * u + 1);
+    const double cosChi = 2 / (u + 1 / u);
+    const double lambda = n * (lon * kGxDegToRad - lon0);
+    const double cosLambda = std::cos(lambda);
+    const double b = 1 + sinChi * sinChi0 + cosChi * cosChi0 * cosLambda;
+    *x = falseEasting + twoRk * cosChi * std::sin(lambda) / b;
+    *y = falseNorthing + twoRk * (sinChi * cosChi0 - cosChi * sinChi0 * cosLambda) / b;
+}
+
+void CGxStereographic::_ObliqueInverse(double x, double y, double* lon, double* lat) const {
+    const double dx = x - falseEasting;
+    const double dy = y - falseNorthing;
+    const double i = std::atan2(dx, h + dy);
+    const double j = std::atan2(dx, g - dy) - i;
+    const double chi = chi0 + 2 * std::atan((dy - dx * std::tan(j / 2)) / twoRk);
+    // Back from the sphere: the isometric term of the latitude is
+    // (sqrt(c) tan(pi/4 - chi/2))^(1/n), and the latitude follows from it. At
+    // a pole chi may overshoot 90 degrees by a rounding error; the absolute
+    // value takes the mirror point, which is where the overshoot belongs.
+    const double t = std::pow(sqrtC * std::fabs(std::tan(kQuarterPi - chi / 2)), 1 / n);
+    *lon = ((j + 2 * i) / n + lon0) * kGxRadToDeg;
+    *lat = GxLatitudeFromT(t, e) * kGxRadToDeg;
+}
+
+void CGxStereographic::Geo2Proj(double lon, double lat, double* x, double* y) const {
+    if (name.isLocal) {
+        *x = lon;
+        *y = lat;
+        return;
+    }
+    switch (aspect) {
+        case eOblique:
+            _ObliqueForward(lon, lat, x, y);
+            break;
+        case eNorthPolar:
+        case eSouthPolar:
+            polar.Forward(lon, lat, x, y);
+            break;
+    }
+}
+
+void CGxStereographic::Proj2Geo(double x, double y, double* lon, double* lat) const {
+    if (name.isLocal) {
+        *lon = x;
+        *lat = y;
+        return;
+    }
+    switch (aspect) {
+        case eOblique:
+            _ObliqueInverse(x, y, lon, lat);
+            break;
+        case eNorthPolar:
+        case eSouthPolar:
+            polar.Inverse(x, y, lon, lat);
+            break;
+    }
+}
+
+void CGxStereographic::GetOrigin(double* lon, double* lat) const {
+    *lon = lon0 * kGxRadToDeg;
+    *lat = lat0 * kGxRadToDeg;
+}
+
+double CGxStereographic::GetConvergence(double lon, double lat) const {
+    if (name.isLocal) return 0.0;
+    return GxNumericalConvergence(*this, lon, lat);
+}
+
+void CGxStereographic::GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const {
+    switch (aspect) {
+        case eOblique:
+            GxDefaultAreaAround(*this, lon0 * kGxRadToDeg, lat0 * kGxRadToDeg, 3.0, x0, y0, x1,
+                                y1);
+            break;
+        case eNorthPolar:
+        case eSouthPolar:
+            GxPolarDefaultArea(*this, x0, y0, x1, y1);
+            break;
+    }
+}
+
+bool CGxStereographic::IsLocal() const { return name.isLocal; }
+
+bool CGxStereographic::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
+    return GxAnonymousEllipsoid(a, f, out);
+}
+
+CGxProjection* CGxStereographic::Clone() const { return new CGxStereographic(*this); }

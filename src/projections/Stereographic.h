@@ -1,0 +1,63 @@
+#pragma once
+
+#include "foundation/Projection.h"
+#include "projections/PolarStereographicMath.h"
+#include "projections/ProjectionSupport.h"
+
+class CGxEllipsoid;
+
+// Oblique ("double") stereographic on the ellipsoid with a scale factor at the
+// natural origin. An origin latitude at a pole (within the 1e-12 relative
+// nearness) switches to the polar aspect with the same scale factor.
+class GXCART_API CGxStereographic : public CGxProjection {
+public:
+    // name: coordinate-system string (empty means "NON-UTM"); scale: k0 at the
+    // natural origin; centreLongitude, originLatitude in degrees; false easting
+    // and northing in the ellipsoid's unit.
+    CGxStereographic(const char* name, double scale, double centreLongitude,
+                     double originLatitude, double falseEasting, double falseNorthing,
+                     const CGxEllipsoid& ellipsoid);
+
+    const char* GetName() const override;
+    void Geo2Proj(double lon, double lat, double* x, double* y) const override;
+    void Proj2Geo(double x, double y, double* lon, double* lat) const override;
+    // The natural origin, degrees.
+    void GetOrigin(double* lon, double* lat) const override;
+    // By finite difference over one arc minute of latitude, degrees.
+    double GetConvergence(double lon, double lat) const override;
+    // Oblique aspect: the +-3 degree box around the origin. Polar aspect: the
+    // +-200 km square around the easting of the pole.
+    void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
+    bool IsLocal() const override;
+    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
+    CGxProjection* Clone() const override;
+
+private:
+    enum EAspect { eOblique = 1, eNorthPolar = 2, eSouthPolar = 3 };
+
+    void _ObliqueForward(double lon, double lat, double* x, double* y) const;
+    void _ObliqueInverse(double x, double y, double* lon, double* lat) const;
+
+    GxProjectionName name;
+    double a;
+    double f;  // flattening, 0 for a sphere
+    double e;
+    double lon0;  // radians; also the origin longitude on the conformal sphere
+    double lat0;  // radians
+    double falseEasting;
+    double falseNorthing;
+    double k0;
+    int aspect;
+    // Conformal (Gauss) sphere of the oblique aspect; 0 in the polar aspects.
+    double R;     // radius
+    double n;     // sphere-to-ellipsoid longitude ratio
+    double c;     // conformal constant
+    double chi0;  // conformal latitude of the origin
+    double sqrtC;
+    double sinChi0;
+    double cosChi0;
+    double twoRk;  // 2 R k0
+    double g;      // 2 R k0 tan(pi/4 - chi0/2)
+    double h;      // 4 R k0 tan(chi0) + g
+    GxPolarStereographicMath polar;
+};

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "foundation/Projection.h"
+#include "projections/PolarStereographicMath.h"
+#include "projections/ProjectionSupport.h"
+
+class CGxEllipsoid;
+
+// Polar stereographic about the north pole, true to scale along a standard parallel in the northern hemisphere (or the equator); the
+// scale at the pole is derived from it.
+class GXCART_API CGxStereographicNorthPole : public CGxProjection {
+public:
+    // name: coordinate-system string (empty means "NON-UTM"); standardParallel
+    // and centreLongitude in degrees; false easting and northing (the
+    // coordinates of the pole) in the ellipsoid's unit.
+    CGxStereographicNorthPole(const char* name, double standardParallel, double centreLongitude,
+                              double falseEasting, double falseNorthing,
+                              const CGxEllipsoid& ellipsoid);
+
+    const char* GetName() const override;
+    void Geo2Proj(double lon, double lat, double* x, double* y) const override;
+    void Proj2Geo(double x, double y, double* lon, double* lat) const override;
+    // The central meridian and latitude 90.0, degrees.
+    void GetOrigin(double* lon, double* lat) const override;
+    // By finite difference over one arc minute of latitude, degrees.
+    double GetConvergence(double lon, double lat) const override;
+    // The +-200 km square around the easting of the pole.
+    void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
+    bool IsLocal() const override;
+    // Writes the derived scale at the pole into out[0].
+    void GetDerivedParameters(double* out) const override;
+    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
+    CGxProjection* Clone() const override;
+
+private:
+    GxProjectionName name;
+    double a;
+    double f;     // flattening, 0 for a sphere
+    double latC;  // standard parallel, radians
+    double k0;    // derived scale at the pole
+    GxPolarStereographicMath polar;
+};
