@@ -60,7 +60,7 @@ CGxObliqueMercatorBase::CGxObliqueMercatorBase(const char* name_, double scale,
     H = F * std::pow(t0, B);
     const double G = (F - 1 / F) / 2;
     gamma0 = std::asin(std::sin(alphaC) / D);
-    // |G tan gamma0| never exceeds 1 (G = Q); an east-west central line puts
+    // |G tan gamma0| never exceeds 1 (|G| = Q); an east-west central line puts
     // it at exactly 1, which rounding may overshoot by an ulp.
     const double sinShift = std::clamp(G * std::tan(gamma0), -1.0, 1.0);
     lon0 = lonC - std::asin(sinShift) / B;
