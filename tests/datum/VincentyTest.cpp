@@ -81,8 +81,9 @@ Outcome SolveWithin1s(const CGxVincenty& v, double lon1, double lat1, double lon
 // (1 mm to 1 m), medium and long lines (over 10 000 km, not nearly antipodal),
 // along the equator, along meridians and over a pole, across the antimeridian
 // and from a pole. GeodSolve's azi2 is, like ours, the forward azimuth at the
-// second point, so both azimuths compare directly.
-TEST(Vincenty, InverseAgreesWithGeodSolve) {
+// second point, so both azimuths compare directly. The direct problem, fed our
+// azimuth and distance, must come back to the second point.
+TEST(Vincenty, InverseAgreesWithGeodSolveAndDirectReturns) {
     for (const auto& [file, ellipsoid] : {std::make_pair("geodesic_inverse_wgs84.txt", kWgs84),
                                           std::make_pair("geodesic_inverse_intl1924.txt", kIntl1924)}) {
         const auto rows = ReadTable(file);
@@ -91,8 +92,9 @@ TEST(Vincenty, InverseAgreesWithGeodSolve) {
         for (const auto& row : rows) {
             SCOPED_TRACE(std::string(file) + ": " + row[0] + " " + row[1] + " " + row[2] + " " + row[3] + " " +
                          row[4]);
+            const double lon1 = Num(row[2]), lat1 = Num(row[1]), lon2 = Num(row[4]), lat2 = Num(row[3]);
             const double s12 = Num(row[7]);
-            const Inverse r = Solve(v, Num(row[2]), Num(row[1]), Num(row[4]), Num(row[3]));
+            const Inverse r = Solve(v, lon1, lat1, lon2, lat2);
             EXPECT_NEAR(r.distance, s12, 1e-4);
             // A latitude in double precision is known to about 1e-16 radians, which
             // on a line of millimetres is already 1e-6 radians of azimuth, whoever
@@ -101,6 +103,14 @@ TEST(Vincenty, InverseAgreesWithGeodSolve) {
             const double tolerance = s12 < 1.0 ? 2e-9 / s12 * 180.0 / kPi : 1e-8;
             EXPECT_NEAR(AngleDiff(r.azimuth1, Num(row[5])), 0.0, tolerance);
             EXPECT_NEAR(AngleDiff(r.azimuth2, Num(row[6])), 0.0, tolerance);
+
+            double lon = 0, lat = 0, azimuth = 0;
+            v.GetPoint(lon1, lat1, r.azimuth1, r.distance, lon, lat, azimuth);
+            EXPECT_NEAR(lat, lat2, 1e-9);
+            // At a pole every longitude names the same point.
+            if (std::fabs(lat2) != 90.0) {
+                EXPECT_NEAR(AngleDiff(lon, lon2), 0.0, 1e-9);
+            }
         }
     }
 }
@@ -125,25 +135,9 @@ TEST(Vincenty, DirectAgreesWithGeodSolve) {
     }
 }
 
-TEST(Vincenty, DirectReturnsTheInverseEndPoint) {
-    CGxVincenty v(kWgs84);
-    for (const auto& row : ReadTable("geodesic_inverse_wgs84.txt")) {
-        SCOPED_TRACE(row[0] + " " + row[1] + " " + row[2] + " " + row[3] + " " + row[4]);
-        const double lon1 = Num(row[2]), lat1 = Num(row[1]), lon2 = Num(row[4]), lat2 = Num(row[3]);
-        const Inverse r = Solve(v, lon1, lat1, lon2, lat2);
-        double lon = 0, lat = 0, azimuth = 0;
-        v.GetPoint(lon1, lat1, r.azimuth1, r.distance, lon, lat, azimuth);
-        EXPECT_NEAR(lat, lat2, 1e-9);
-        // At a pole every longitude names the same point.
-        if (std::fabs(lat2) != 90.0) {
-            EXPECT_NEAR(AngleDiff(lon, lon2), 0.0, 1e-9);
-        }
-    }
-}
-
 // echo "0 0 0 1" | GeodSolve -i -p 10          -> 90 90 111319.4907932736
 // echo "0 0 0 10001965.73" | GeodSolve -p 10   -> lat2 89.999999993736...
-TEST(Vincenty, EquatorDegreeAndQuarterMeridian) {
+TEST(Vincenty, EquatorDegreeQuarterMeridianAndDueSouth) {
     CGxVincenty v(kWgs84);
     const Inverse r = Solve(v, 0, 0, 1, 0);
     EXPECT_NEAR(r.distance, 111319.4907932736, 1e-6);
@@ -154,20 +148,16 @@ TEST(Vincenty, EquatorDegreeAndQuarterMeridian) {
     v.GetPoint(0, 0, 0, 10001965.73, lon, lat, azimuth);
     // One millimetre of meridian at the pole is about 9e-9 degrees.
     EXPECT_NEAR(lat, 90.0, 9e-9);
-}
 
-// A southbound meridian line written with a negative zero longitude difference
-// must give 180, the azimuth range being (-180, 180].
-TEST(Vincenty, SouthAlongMeridianIsPlus180) {
-    CGxVincenty v(kWgs84);
-    const Inverse r = Solve(v, 0.0, 10.0, -0.0, 5.0);
-    EXPECT_EQ(r.azimuth1, 180.0);
-    EXPECT_EQ(r.azimuth2, 180.0);
+    // Southward along a meridian with a negative zero longitude difference:
+    // the azimuth range is (-180, 180], so due south is +180.
+    const Inverse south = Solve(v, 0.0, 10.0, -0.0, 5.0);
+    EXPECT_EQ(south.azimuth1, 180.0);
+    EXPECT_EQ(south.azimuth2, 180.0);
 }
 
 // echo "0 0 0 180" | GeodSolve -i -p 10 -e 6371000 0       -> 0 180 20015086.7960205711
 // echo "10 20 -35 150" | GeodSolve -i -p 10 -e 6371000 0   -> 127.033141751150652 73.683316805404175 14253029.7899879105
-// echo "10 20 30 5000000" | GeodSolve -p 10 -e 6371000 0   -> 46.516491239420581 50.895418516640134 45.688431752801208
 TEST(Vincenty, SphereFollowsTheGreatCircle) {
     CGxVincenty v(CGxEllipsoid("Sphere", "SP", 6371000.0, 0.0));
     // Antipodes on a sphere: every meridian is a shortest line and the
@@ -178,12 +168,6 @@ TEST(Vincenty, SphereFollowsTheGreatCircle) {
     EXPECT_NEAR(r.distance, 14253029.7899879105, 1e-6);
     EXPECT_NEAR(r.azimuth1, 127.033141751150652, 1e-10);
     EXPECT_NEAR(r.azimuth2, 73.683316805404175, 1e-10);
-
-    double lon = 0, lat = 0, azimuth = 0;
-    v.GetPoint(20, 10, 30, 5000000, lon, lat, azimuth);
-    EXPECT_NEAR(lat, 46.516491239420581, 1e-10);
-    EXPECT_NEAR(lon, 50.895418516640134, 1e-10);
-    EXPECT_NEAR(azimuth, 45.688431752801208, 1e-10);
 }
 
 // What the inverse does where Vincenty's iteration is known to be weak. Every
