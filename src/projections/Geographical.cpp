@@ -1,0 +1,50 @@
+// Geographical longitude and latitude used as grid coordinates. The only
+// change is the shift of longitudes to a central meridian; the ellipsoid plays
+// no part in the conversion and is carried for the datum code.
+
+#include "projections/Geographical.h"
+
+#include "foundation/Ellipsoid.h"
+
+namespace {
+// The default view: all longitudes, and latitudes from the Southern Ocean to
+// the north of Greenland, leaving out Antarctica and the Arctic Ocean.
+constexpr double kAreaWest = -180.0;
+constexpr double kAreaSouth = -60.0;
+constexpr double kAreaEast = 180.0;
+constexpr double kAreaNorth = 81.0;
+}  // namespace
+
+CGxGeographical::CGxGeographical(const char* name_, double centralMeridian_,
+                                 const CGxEllipsoid& ellipsoid)
+    : name(name_),
+      a(ellipsoid.GetMajor()),
+      f(ellipsoid.GetFlatness()),
+      centralMeridian(centralMeridian_) {}
+
+const char* CGxGeographical::GetName() const { return name.name; }
+
+void CGxGeographical::Geo2Proj(double lon, double lat, double* x, double* y) const {
+    *x = name.isLocal ? lon : lon - centralMeridian;
+    *y = lat;
+}
+
+void CGxGeographical::Proj2Geo(double x, double y, double* lon, double* lat) const {
+    *lon = name.isLocal ? x : x + centralMeridian;
+    *lat = y;
+}
+
+void CGxGeographical::GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const {
+    Geo2Proj(kAreaWest, kAreaSouth, x0, y0);
+    Geo2Proj(kAreaEast, kAreaNorth, x1, y1);
+}
+
+bool CGxGeographical::IsLocal() const { return name.isLocal; }
+
+bool CGxGeographical::IsGeographical() const { return true; }
+
+bool CGxGeographical::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
+    return GxAnonymousEllipsoid(a, f, out);
+}
+
+CGxProjection* CGxGeographical::Clone() const { return new CGxGeographical(*this); }
