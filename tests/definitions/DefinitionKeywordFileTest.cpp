@@ -313,26 +313,6 @@ TEST_F(DefinitionKeywordFile, OnlyEditableDefinitionsAreWritten) {
 // Every type written by the library and read back gives the same definition,
 // field for field and bit for bit, with awkward values and texts.
 TEST_F(DefinitionKeywordFile, EveryTypeSurvivesWriteAndRead) {
-    const char* sectionNames[20] = {"UTM_PROJECTION",
-                                    "LAMBERT_CONIC_2SP_PROJECTION",
-                                    "LAMBERT_CONIC_1SP_PROJECTION",
-                                    "STEREOGRAPHIC_PROJECTION",
-                                    "NEW_ZEALAND_MAP_GRID_PROJECTION",
-                                    "HOTINE_OBLIQUE_MERCATOR_PROJECTION",
-                                    "OBLIQUE_MERCATOR_PROJECTION",
-                                    "RECTIFIED_SKEW_ORTHOMORPHIC_PROJECTION",
-                                    "ROTATED_LONGITUDE_LATITUDE_PROJECTION",
-                                    "MERCATOR_2SP_PROJECTION",
-                                    "MERCATOR_1SP_PROJECTION",
-                                    "STEREOGRAPHIC_NORTH_POLE_PROJECTION",
-                                    "STEREOGRAPHIC_SOUTH_POLE_PROJECTION",
-                                    "GEOGRAPHICAL_PROJECTION",
-                                    "KROVAK_OBLIQUE_CONFORMAL_CONIC",
-                                    "ALBERS_EQUAL_AREA_PROJECTION",
-                                    "LAMBERT_AZIMUTHAL_EQUAL_AREA_PROJECTION",
-                                    "CASSINI_SOLDNER_PROJECTION",
-                                    "EQUIDISTANT_CONIC_PROJECTION",
-                                    "POLAR_STEREOGRAPHIC_PROJECTION"};
     const double awkward[10] = {
         1.0 / 3.0,           -0.1,  1e-35, -1e-35,   6378137.123456789, 0.1 + 0.2,
         -179.99999999999997, 1e300, -0.0,  2.0 / 3.0};
@@ -350,12 +330,14 @@ TEST_F(DefinitionKeywordFile, EveryTypeSurvivesWriteAndRead) {
     File back = Reload(out);
     ASSERT_NE(back, nullptr);
     ASSERT_EQ(zpfGetNoSections(Block(back.get())), 20);
+    // The two-parallel Mercator is written under its current section name.
+    EXPECT_EQ(zpfGetName(Section(back.get(), D::eMercator2SP)), "MERCATOR_2SP_PROJECTION");
     for (int pos = 0; pos < 20; ++pos) {
         const CGxMapProjData& original = *originals[pos];
         SCOPED_TRACE(original.GetProjectionTypeTitle());
         void* section = Section(back.get(), pos + 1);
-        EXPECT_EQ(zpfGetName(section), sectionNames[pos]);
         Definition copy(D::CreateDefaultParameterProjection(original.GetProjectionType()));
+        EXPECT_TRUE(copy->IsSectionID(zpfGetName(section)));
         copy->ReadFromHandle(section, true);
         EXPECT_EQ(copy->GetName(), original.GetName());
         EXPECT_EQ(copy->GetBranchName(), original.GetBranchName());
