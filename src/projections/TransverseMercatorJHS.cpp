@@ -49,6 +49,11 @@ inline double TanhOfCorrection(double q) {
     return std::tanh(q);
 }
 
+// atanh x = log((1 + x)/(1 - x))/2 through the plain logarithm, which costs a
+// fraction of atanh. Its absolute error stays near 1e-16, which is all the
+// projection needs: these values are added to angles of order one.
+inline double AtanhByLog(double x) { return 0.5 * std::log((1 + x) / (1 - x)); }
+
 // Multiple angles 2, 4, 6, 8 times an angle from the sine and cosine (ordinary
 // and hyperbolic) of the doubled angle, by the double- and triple-angle
 // identities; s[k], c[k] hold sin, cos of 2(k+1) times the angle.
@@ -168,7 +173,7 @@ void CGxTransverseMercatorJHS::Geo2Proj(double lon, double lat, double* x, doubl
     // from sinh and cosh of q = e atanh(e sin phi); the sign of cos phi keeps
     // latitudes beyond the poles as tan phi has them.
     double shq, chq;
-    SinhCoshOfCorrection(e * std::atanh(e * sphi), &shq, &chq);
+    SinhCoshOfCorrection(e * AtanhByLog(e * sphi), &shq, &chq);
     const double sp = cphi < 0 ? -sphi : sphi;
     const double den = 1 / (chq - sp * shq);
     const double sb = (sp * chq - shq) * den;  // sin beta = tanh Q
@@ -180,7 +185,7 @@ void CGxTransverseMercatorJHS::Geo2Proj(double lon, double lat, double* x, doubl
     const double sdl = std::sin(dl), cdl = std::cos(dl);
     const double t = cb * sdl;
     const double u = cb * cdl;
-    const double eta0 = std::atanh(t);
+    const double eta0 = AtanhByLog(t);
     double xi0 = std::atan(sb / std::fabs(u));
     if (std::fabs(dl) > kHalfPi) xi0 = (phi > 0 ? kGxPi : -kGxPi) - xi0;
 
@@ -233,10 +238,10 @@ void CGxTransverseMercatorJHS::Proj2Geo(double x, double y, double* lon, double*
     const double d = GxClenshawSine(toGeodetic, kTerms, 2 * sb * cb, (cb - sb) * (cb + sb));
     const double d2 = d * d;
     const double sphi0 = sb * (1 - d2 / 2 * (1 - d2 / 12)) + cb * d * (1 - d2 / 6);
-    double q = e * std::atanh(e * sphi0);
+    double q = e * AtanhByLog(e * sphi0);
     for (int i = 0; i < kMaxIterations; ++i) {
         const double tq = TanhOfCorrection(q);
-        const double next = e * std::atanh(e * (sb + tq) / (1 + sb * tq));
+        const double next = e * AtanhByLog(e * (sb + tq) / (1 + sb * tq));
         const double step = std::fabs(next - q);
         q = next;
         if (!(step >= kIterationTolerance)) break;
