@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "projections/HotineObliqueMercator.h"
+
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -45,5 +47,5 @@ CGxHotineObliqueMercatorProjection::CGxHotineObliqueMercatorProjection(
           canEdit) {}
 
 CGxProjection* CGxHotineObliqueMercatorProjection::CreateProjection() const {
-    return nullptr;
+    return new CGxHotineObliqueMercator(this);
 }

@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "projections/Krovak.h"
+
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -51,5 +53,5 @@ CGxKrovakProjection::CGxKrovakProjection(const std::string& name, const std::str
                            canDelete, canEdit) {}
 
 CGxProjection* CGxKrovakProjection::CreateProjection() const {
-    return nullptr;
+    return new CGxKrovak(this);
 }

@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "projections/NewZealandMapGrid.h"
+
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -41,5 +43,5 @@ CGxNewZealandMapGridProjection::CGxNewZealandMapGridProjection(
                            canDelete, canEdit) {}
 
 CGxProjection* CGxNewZealandMapGridProjection::CreateProjection() const {
-    return nullptr;
+    return new CGxNewZealandMapGrid(this);
 }

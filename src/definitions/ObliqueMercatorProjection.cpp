@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "projections/ObliqueMercator.h"
+
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -44,5 +46,5 @@ CGxObliqueMercatorProjection::CGxObliqueMercatorProjection(
           canEdit) {}
 
 CGxProjection* CGxObliqueMercatorProjection::CreateProjection() const {
-    return nullptr;
+    return new CGxObliqueMercator(this);
 }

@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "projections/RectifiedSkewOrthomorphic.h"
+
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -47,5 +49,5 @@ CGxRectifiedSkewOrthomorphicProjection::CGxRectifiedSkewOrthomorphicProjection(
                            canDelete, canEdit) {}
 
 CGxProjection* CGxRectifiedSkewOrthomorphicProjection::CreateProjection() const {
-    return nullptr;
+    return new CGxRectifiedSkewOrthomorphic(this);
 }

@@ -1,5 +1,7 @@
 #include "projections/HotineObliqueMercator.h"
 
+#include "definitions/HotineObliqueMercatorProjection.h"
+
 CGxHotineObliqueMercator::CGxHotineObliqueMercator(const char* name, double scale,
                                                    double centreLongitude, double centreLatitude,
                                                    double azimuth, double falseEasting,
@@ -7,6 +9,17 @@ CGxHotineObliqueMercator::CGxHotineObliqueMercator(const char* name, double scal
                                                    const CGxEllipsoid& ellipsoid)
     : CGxObliqueMercatorBase(name, scale, centreLongitude, centreLatitude, azimuth, azimuth, false,
                              falseEasting, falseNorthing, ellipsoid) {}
+
+CGxHotineObliqueMercator::CGxHotineObliqueMercator(const CGxHotineObliqueMercatorProjection* def)
+    : CGxObliqueMercatorBase(GxDefinitionName(def)) {
+    // Without a known ellipsoid the grid has no figure: every point converts
+    // to NaN.
+    if (const CGxEllipsoid* ellipsoid = GxDefinitionEllipsoid(def)) {
+        _Setup(def->GetScale(), def->GetCenterLongitude(), def->GetCenterLatitude(),
+               def->GetAzimuth(), def->GetAzimuth(), false, def->GetFalseEasting(),
+               def->GetFalseNorthing(), *ellipsoid);
+    }
+}
 
 CGxProjection* CGxHotineObliqueMercator::Clone() const {
     return new CGxHotineObliqueMercator(*this);

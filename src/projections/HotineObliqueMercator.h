@@ -3,6 +3,7 @@
 #include "projections/ObliqueMercatorMath.h"
 
 class CGxEllipsoid;
+class CGxHotineObliqueMercatorProjection;
 
 // Hotine oblique Mercator with its grid origin at the natural origin, where
 // the central line crosses the aposphere's equator, and the grid rectified by
@@ -16,6 +17,11 @@ public:
     CGxHotineObliqueMercator(const char* name, double scale, double centreLongitude,
                              double centreLatitude, double azimuth, double falseEasting,
                              double falseNorthing, const CGxEllipsoid& ellipsoid);
+    // From a definition: its name, its parameters and the catalogue
+    // ellipsoid of its identifier. With a null definition, an empty or an
+    // unknown identifier the grid keeps only the name and its numbers stay
+    // NaN.
+    explicit CGxHotineObliqueMercator(const CGxHotineObliqueMercatorProjection* definition);
 
     CGxProjection* Clone() const override;
 };

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "definitions/KrovakProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
 #include "projections/ConformalLatitude.h"
@@ -18,21 +19,42 @@ CGxKrovak::CGxKrovak(const char* name_, double scaleAtPseudoParallel, double pse
                      double centreLongitude, double centreLatitude, double azimuth,
                      double xyPlaneRotation, double xScale_, double yScale_, double falseEasting_,
                      double falseNorthing_, const CGxEllipsoid& ellipsoid)
-    : name(name_),
-      a(ellipsoid.GetMajor()),
-      f(ellipsoid.GetFlatness()),
-      e(ellipsoid.GetEccentricity()),
-      e2(e * e),
-      kp(scaleAtPseudoParallel),
-      latP(pseudoParallel * kGxDegToRad),
-      latC(centreLatitude * kGxDegToRad),
-      lon0(centreLongitude * kGxDegToRad),
-      alphaC(azimuth * kGxDegToRad),
-      rotation(xyPlaneRotation * kGxDegToRad),
-      xScale(xScale_),
-      yScale(yScale_),
-      falseEasting(falseEasting_),
-      falseNorthing(falseNorthing_) {
+    : name(name_) {
+    _Setup(scaleAtPseudoParallel, pseudoParallel, centreLongitude, centreLatitude, azimuth,
+           xyPlaneRotation, xScale_, yScale_, falseEasting_, falseNorthing_, ellipsoid);
+}
+
+CGxKrovak::CGxKrovak(const CGxKrovakProjection* def) : name(GxDefinitionName(def).c_str()) {
+    // Without a known ellipsoid the grid has no figure: every point converts
+    // to NaN.
+    if (const CGxEllipsoid* ellipsoid = GxDefinitionEllipsoid(def)) {
+        _Setup(def->GetScaleAtPseudoParallel(), def->GetPseudoParallel(),
+               def->GetCenterLongitude(), def->GetCenterLatitude(), def->GetAzimuth(),
+               def->GetXYPlaneRotation(), def->GetXScale(), def->GetYScale(),
+               def->GetFalseEasting(), def->GetFalseNorthing(), *ellipsoid);
+    }
+}
+
+void CGxKrovak::_Setup(double scaleAtPseudoParallel, double pseudoParallel,
+                       double centreLongitude, double centreLatitude, double azimuth,
+                       double xyPlaneRotation, double xScale_, double yScale_,
+                       double falseEasting_, double falseNorthing_,
+                       const CGxEllipsoid& ellipsoid) {
+    a = ellipsoid.GetMajor();
+    f = ellipsoid.GetFlatness();
+    e = ellipsoid.GetEccentricity();
+    e2 = e * e;
+    kp = scaleAtPseudoParallel;
+    latP = pseudoParallel * kGxDegToRad;
+    latC = centreLatitude * kGxDegToRad;
+    lon0 = centreLongitude * kGxDegToRad;
+    alphaC = azimuth * kGxDegToRad;
+    rotation = xyPlaneRotation * kGxDegToRad;
+    xScale = xScale_;
+    yScale = yScale_;
+    falseEasting = falseEasting_;
+    falseNorthing = falseNorthing_;
+
     const double s = std::sin(latC);
     const double cosLat = std::cos(latC);
     const double es = e * s;

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "foundation/Projection.h"
+#include "projections/FromDefinition.h"
 #include "projections/ProjectionSupport.h"
 
 class CGxEllipsoid;
+class CGxKrovakProjection;
 
 // Krovak's oblique conformal conic: the ellipsoid goes conformally onto the
 // Gaussian sphere of the centre latitude, the sphere is turned so that its
@@ -25,6 +27,11 @@ public:
               double centreLongitude, double centreLatitude, double azimuth, double xyPlaneRotation,
               double xScale, double yScale, double falseEasting, double falseNorthing,
               const CGxEllipsoid& ellipsoid);
+    // From a definition: its name, its parameters and the catalogue
+    // ellipsoid of its identifier. With a null definition, an empty or an
+    // unknown identifier the grid keeps only the name and its numbers stay
+    // NaN.
+    explicit CGxKrovak(const CGxKrovakProjection* definition);
 
     const char* GetName() const override;
     void Geo2Proj(double lon, double lat, double* x, double* y) const override;
@@ -41,18 +48,26 @@ public:
     CGxProjection* Clone() const override;
 
 private:
+    // Takes the parameters (as for the constructor by numbers) and computes
+    // every coefficient; called once, while the object is being built.
+    void _Setup(double scaleAtPseudoParallel, double pseudoParallel, double centreLongitude,
+                double centreLatitude, double azimuth, double xyPlaneRotation, double xScale,
+                double yScale, double falseEasting, double falseNorthing,
+                const CGxEllipsoid& ellipsoid);
+
     GxProjectionName name;
-    double a, f, e, e2;
-    double kp;      // scale on the pseudo standard parallel
-    double latP;    // pseudo standard parallel, radians
-    double latC;    // centre latitude, radians
-    double lon0;    // origin longitude, radians
-    double alphaC;  // azimuth of the initial line: co-latitude of the pseudo pole
-    double rotation;
-    double xScale, yScale;
-    double falseEasting, falseNorthing;
-    double A, B, gamma0, t0, n, r0;
-    double cosRot, sinRot;
+    double a = kGxNoFigure, f = kGxNoFigure, e = kGxNoFigure, e2 = kGxNoFigure;
+    double kp = kGxNoFigure;      // scale on the pseudo standard parallel
+    double latP = kGxNoFigure;    // pseudo standard parallel, radians
+    double latC = kGxNoFigure;    // centre latitude, radians
+    double lon0 = kGxNoFigure;    // origin longitude, radians
+    double alphaC = kGxNoFigure;  // azimuth of the initial line: co-latitude of the pseudo pole
+    double rotation = kGxNoFigure;
+    double xScale = kGxNoFigure, yScale = kGxNoFigure;
+    double falseEasting = kGxNoFigure, falseNorthing = kGxNoFigure;
+    double A = kGxNoFigure, B = kGxNoFigure, gamma0 = kGxNoFigure;
+    double t0 = kGxNoFigure, n = kGxNoFigure, r0 = kGxNoFigure;
+    double cosRot = kGxNoFigure, sinRot = kGxNoFigure;
     // Derived once for the conversions.
-    double cosAlpha, sinAlpha, tanHalfP;
+    double cosAlpha = kGxNoFigure, sinAlpha = kGxNoFigure, tanHalfP = kGxNoFigure;
 };

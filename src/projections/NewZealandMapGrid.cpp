@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "definitions/NewZealandMapGridProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
 
@@ -64,15 +65,32 @@ double Series(const double* k, int count, double w) {
 CGxNewZealandMapGrid::CGxNewZealandMapGrid(const char* name_, double originLongitude,
                                            double originLatitude, double falseEasting_,
                                            double falseNorthing_, const CGxEllipsoid& ellipsoid)
-    : name(name_),
-      a(ellipsoid.GetMajor()),
-      f(ellipsoid.GetFlatness()),
-      e(ellipsoid.GetEccentricity()),
-      e2(e * e),
-      lon0(originLongitude),
-      lat0(originLatitude),
-      falseEasting(falseEasting_),
-      falseNorthing(falseNorthing_) {}
+    : name(name_) {
+    _Setup(originLongitude, originLatitude, falseEasting_, falseNorthing_, ellipsoid);
+}
+
+CGxNewZealandMapGrid::CGxNewZealandMapGrid(const CGxNewZealandMapGridProjection* def)
+    : name(GxDefinitionName(def).c_str()) {
+    // Without a known ellipsoid the grid has no figure: every point converts
+    // to NaN.
+    if (const CGxEllipsoid* ellipsoid = GxDefinitionEllipsoid(def)) {
+        _Setup(def->GetOriginLongitude(), def->GetOriginLatitude(), def->GetFalseEasting(),
+               def->GetFalseNorthing(), *ellipsoid);
+    }
+}
+
+void CGxNewZealandMapGrid::_Setup(double originLongitude, double originLatitude,
+                                  double falseEasting_, double falseNorthing_,
+                                  const CGxEllipsoid& ellipsoid) {
+    a = ellipsoid.GetMajor();
+    f = ellipsoid.GetFlatness();
+    e = ellipsoid.GetEccentricity();
+    e2 = e * e;
+    lon0 = originLongitude;
+    lat0 = originLatitude;
+    falseEasting = falseEasting_;
+    falseNorthing = falseNorthing_;
+}
 
 const char* CGxNewZealandMapGrid::GetName() const {
     return name.name;

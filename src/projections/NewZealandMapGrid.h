@@ -1,9 +1,11 @@
 #pragma once
 
 #include "foundation/Projection.h"
+#include "projections/FromDefinition.h"
 #include "projections/ProjectionSupport.h"
 
 class CGxEllipsoid;
+class CGxNewZealandMapGridProjection;
 
 // The fixed coefficients of the New Zealand map grid, shared by every
 // instance. Coefficients as published by the Department of Lands and Survey
@@ -56,6 +58,11 @@ public:
     // the International 1924 ellipsoid.
     CGxNewZealandMapGrid(const char* name, double originLongitude, double originLatitude,
                          double falseEasting, double falseNorthing, const CGxEllipsoid& ellipsoid);
+    // From a definition: its name, its parameters and the catalogue
+    // ellipsoid of its identifier. With a null definition, an empty or an
+    // unknown identifier the grid keeps only the name and its numbers stay
+    // NaN.
+    explicit CGxNewZealandMapGrid(const CGxNewZealandMapGridProjection* definition);
 
     const char* GetName() const override;
     void Geo2Proj(double lon, double lat, double* x, double* y) const override;
@@ -74,8 +81,13 @@ public:
     CGxProjection* Clone() const override;
 
 private:
+    // Takes the parameters (as for the constructor by numbers); called once,
+    // while the object is being built.
+    void _Setup(double originLongitude, double originLatitude, double falseEasting,
+                double falseNorthing, const CGxEllipsoid& ellipsoid);
+
     GxProjectionName name;
-    double a, f, e, e2;
-    double lon0, lat0;  // degrees
-    double falseEasting, falseNorthing;
+    double a = kGxNoFigure, f = kGxNoFigure, e = kGxNoFigure, e2 = kGxNoFigure;
+    double lon0 = kGxNoFigure, lat0 = kGxNoFigure;  // degrees
+    double falseEasting = kGxNoFigure, falseNorthing = kGxNoFigure;
 };

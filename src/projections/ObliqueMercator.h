@@ -3,6 +3,7 @@
 #include "projections/ObliqueMercatorMath.h"
 
 class CGxEllipsoid;
+class CGxObliqueMercatorProjection;
 
 // Hotine oblique Mercator with its grid origin at the projection centre and
 // the grid rectified by the azimuth of the central line (EPSG variant B with
@@ -16,6 +17,11 @@ public:
     CGxObliqueMercator(const char* name, double scale, double centreLongitude,
                        double centreLatitude, double azimuth, double falseEasting,
                        double falseNorthing, const CGxEllipsoid& ellipsoid);
+    // From a definition: its name, its parameters and the catalogue
+    // ellipsoid of its identifier. With a null definition, an empty or an
+    // unknown identifier the grid keeps only the name and its numbers stay
+    // NaN.
+    explicit CGxObliqueMercator(const CGxObliqueMercatorProjection* definition);
 
     CGxProjection* Clone() const override;
 };

@@ -30,18 +30,29 @@ CGxObliqueMercatorBase::CGxObliqueMercatorBase(const char* name_, double scale,
                                                double azimuth, double gridAngle,
                                                bool originAtCentre, double falseEasting_,
                                                double falseNorthing_, const CGxEllipsoid& ellipsoid)
-    : name(name_),
-      a(ellipsoid.GetMajor()),
-      f(ellipsoid.GetFlatness()),
-      e(ellipsoid.GetEccentricity()),
-      e2(e * e),
-      kc(scale),
-      latC(centreLatitude * kGxDegToRad),
-      lonC(centreLongitude * kGxDegToRad),
-      alphaC(azimuth * kGxDegToRad),
-      gammaC(gridAngle * kGxDegToRad),
-      falseEasting(falseEasting_),
-      falseNorthing(falseNorthing_) {
+    : name(name_) {
+    _Setup(scale, centreLongitude, centreLatitude, azimuth, gridAngle, originAtCentre,
+           falseEasting_, falseNorthing_, ellipsoid);
+}
+
+CGxObliqueMercatorBase::CGxObliqueMercatorBase(const std::string& name_) : name(name_.c_str()) {}
+
+void CGxObliqueMercatorBase::_Setup(double scale, double centreLongitude, double centreLatitude,
+                                    double azimuth, double gridAngle, bool originAtCentre,
+                                    double falseEasting_, double falseNorthing_,
+                                    const CGxEllipsoid& ellipsoid) {
+    a = ellipsoid.GetMajor();
+    f = ellipsoid.GetFlatness();
+    e = ellipsoid.GetEccentricity();
+    e2 = e * e;
+    kc = scale;
+    latC = centreLatitude * kGxDegToRad;
+    lonC = centreLongitude * kGxDegToRad;
+    alphaC = azimuth * kGxDegToRad;
+    gammaC = gridAngle * kGxDegToRad;
+    falseEasting = falseEasting_;
+    falseNorthing = falseNorthing_;
+
     GxComputeFourierCoefficients(kConformalSeriesType, false, e2, c);
 
     const double s = std::sin(latC);

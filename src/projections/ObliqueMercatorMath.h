@@ -1,6 +1,9 @@
 #pragma once
 
+#include <string>
+
 #include "foundation/Projection.h"
+#include "projections/FromDefinition.h"
 #include "projections/ProjectionSupport.h"
 
 class CGxEllipsoid;
@@ -44,21 +47,34 @@ protected:
                            double centreLatitude, double azimuth, double gridAngle,
                            bool originAtCentre, double falseEasting, double falseNorthing,
                            const CGxEllipsoid& ellipsoid);
+    // A grid built from a definition: the name only, every number unset until
+    // _Setup is called with the definition's values and its ellipsoid.
+    explicit CGxObliqueMercatorBase(const std::string& name);
+
+    // Takes the parameters (as for the constructor by numbers) and computes
+    // every coefficient; called once, while the object is being built.
+    void _Setup(double scale, double centreLongitude, double centreLatitude, double azimuth,
+                double gridAngle, bool originAtCentre, double falseEasting, double falseNorthing,
+                const CGxEllipsoid& ellipsoid);
 
 private:
     GxProjectionName name;
-    double a, f, e, e2;
-    double kc;      // scale on the central line
-    double latC;    // centre latitude, radians
-    double lonC;    // centre longitude, radians
-    double alphaC;  // azimuth of the central line, radians
-    double gammaC;  // rectification angle, radians
-    double falseEasting, falseNorthing;
-    double c[4];  // conformal-to-geodetic latitude series
-    double B, A, H, gamma0, lon0;
-    double uC;      // distance along the central line from natural origin to centre
-    double uShift;  // |uC| signed by the centre's hemisphere; 0 for the natural origin
+    double a = kGxNoFigure, f = kGxNoFigure, e = kGxNoFigure, e2 = kGxNoFigure;
+    double kc = kGxNoFigure;      // scale on the central line
+    double latC = kGxNoFigure;    // centre latitude, radians
+    double lonC = kGxNoFigure;    // centre longitude, radians
+    double alphaC = kGxNoFigure;  // azimuth of the central line, radians
+    double gammaC = kGxNoFigure;  // rectification angle, radians
+    double falseEasting = kGxNoFigure, falseNorthing = kGxNoFigure;
+    // conformal-to-geodetic latitude series
+    double c[4] = {kGxNoFigure, kGxNoFigure, kGxNoFigure, kGxNoFigure};
+    double B = kGxNoFigure, A = kGxNoFigure, H = kGxNoFigure;
+    double gamma0 = kGxNoFigure, lon0 = kGxNoFigure;
+    double uC = kGxNoFigure;  // distance along the central line from natural origin to centre
+    // |uC| signed by the centre's hemisphere; 0 for the natural origin
+    double uShift = kGxNoFigure;
     // Derived once for the conversions.
-    double cosGamma0, sinGamma0, cosGammaC, sinGammaC;
-    double aOverB, bOverA;
+    double cosGamma0 = kGxNoFigure, sinGamma0 = kGxNoFigure;
+    double cosGammaC = kGxNoFigure, sinGammaC = kGxNoFigure;
+    double aOverB = kGxNoFigure, bOverA = kGxNoFigure;
 };

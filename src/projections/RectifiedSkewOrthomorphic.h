@@ -3,6 +3,7 @@
 #include "projections/ObliqueMercatorMath.h"
 
 class CGxEllipsoid;
+class CGxRectifiedSkewOrthomorphicProjection;
 
 // Rectified skew orthomorphic: Hotine oblique Mercator with its grid origin at
 // the natural origin and the skew grid turned by its own rectification angle,
@@ -18,6 +19,12 @@ public:
                                  double centreLatitude, double azimuth, double xyPlaneRotation,
                                  double falseEasting, double falseNorthing,
                                  const CGxEllipsoid& ellipsoid);
+    // From a definition: its name, its parameters and the catalogue
+    // ellipsoid of its identifier. With a null definition, an empty or an
+    // unknown identifier the grid keeps only the name and its numbers stay
+    // NaN.
+    explicit CGxRectifiedSkewOrthomorphic(
+        const CGxRectifiedSkewOrthomorphicProjection* definition);
 
     CGxProjection* Clone() const override;
 };
