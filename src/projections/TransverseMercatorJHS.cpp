@@ -52,7 +52,9 @@ inline double TanhOfCorrection(double q) {
 // atanh x = log((1 + x)/(1 - x))/2 through the plain logarithm, which costs a
 // fraction of atanh. Its absolute error stays near 1e-16, which is all the
 // projection needs: these values are added to angles of order one.
-inline double AtanhByLog(double x) { return 0.5 * std::log((1 + x) / (1 - x)); }
+inline double AtanhByLog(double x) {
+    return 0.5 * std::log((1 + x) / (1 - x));
+}
 
 // Multiple angles 2, 4, 6, 8 times an angle from the sine and cosine (ordinary
 // and hyperbolic) of the doubled angle, by the double- and triple-angle
