@@ -1,5 +1,9 @@
 #include "definitions/GeographicalProjection.h"
 
+#include <new>
+
+#include "projections/Geographical.h"
+
 namespace {
 
 constexpr GxProjDataLayout kLayout = {
@@ -27,5 +31,5 @@ CGxGeographicalProjection::CGxGeographicalProjection(const std::string& name,
     : CGxTabledMapProjData(kLayout, name, branchName, ellipsoidID, {}, canDelete, canEdit) {}
 
 CGxProjection* CGxGeographicalProjection::CreateProjection() const {
-    return nullptr;
+    return new (std::nothrow) CGxGeographical(this);
 }

@@ -1,6 +1,9 @@
 #include "definitions/RotatedLongitudeLatitudeProjection.h"
 
 #include <iterator>
+#include <new>
+
+#include "projections/RotatedLongitudeLatitude.h"
 
 namespace {
 
@@ -42,5 +45,5 @@ CGxRotatedLongitudeLatitudeProjection::CGxRotatedLongitudeLatitudeProjection(
                            canEdit) {}
 
 CGxProjection* CGxRotatedLongitudeLatitudeProjection::CreateProjection() const {
-    return nullptr;
+    return new (std::nothrow) CGxRotatedLongitudeLatitude(this);
 }

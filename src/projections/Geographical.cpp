@@ -4,6 +4,11 @@
 
 #include "projections/Geographical.h"
 
+#include <limits>
+#include <string>
+
+#include "catalogue/CartSetup.h"
+#include "definitions/GeographicalProjection.h"
 #include "foundation/Ellipsoid.h"
 
 namespace {
@@ -13,6 +18,8 @@ constexpr double kAreaWest = -180.0;
 constexpr double kAreaSouth = -60.0;
 constexpr double kAreaEast = 180.0;
 constexpr double kAreaNorth = 81.0;
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 }  // namespace
 
 CGxGeographical::CGxGeographical(const char* name_, double centralMeridian_,
@@ -21,6 +28,22 @@ CGxGeographical::CGxGeographical(const char* name_, double centralMeridian_,
       a(ellipsoid.GetMajor()),
       f(ellipsoid.GetFlatness()),
       centralMeridian(centralMeridian_) {}
+
+// Without a known ellipsoid the grid has no figure and no meridian to count
+// from: eastings convert to NaN, latitudes pass through.
+CGxGeographical::CGxGeographical(const CGxGeographicalProjection* definition)
+    : name(definition ? definition->GetName().c_str() : nullptr),
+      a(kNaN),
+      f(kNaN),
+      centralMeridian(kNaN) {
+    const std::string id = definition ? definition->GetEllipsoidID() : std::string();
+    if (id.empty()) return;
+    const CGxEllipsoid* ellipsoid = CGxCartSetup::Instance().GetEllipsoidList().GetEllipsoid(id);
+    if (!ellipsoid) return;
+    a = ellipsoid->GetMajor();
+    f = ellipsoid->GetFlatness();
+    centralMeridian = 0.0;
+}
 
 const char* CGxGeographical::GetName() const { return name.name; }
 

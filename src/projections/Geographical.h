@@ -4,6 +4,7 @@
 #include "projections/ProjectionSupport.h"
 
 class CGxEllipsoid;
+class CGxGeographicalProjection;
 
 // Geographical coordinates as a grid: x is the longitude east of a central
 // meridian and y the latitude, both in degrees.
@@ -12,6 +13,12 @@ public:
     // name: coordinate-system string (empty means "NON-UTM"); centralMeridian
     // in degrees; the ellipsoid is kept only to be handed out again.
     CGxGeographical(const char* name, double centralMeridian, const CGxEllipsoid& ellipsoid);
+    // From a catalogue definition: its name, central meridian 0 (the
+    // definition carries no parameters) and the catalogue ellipsoid its
+    // identifier names. With an empty or unknown identifier, or no definition,
+    // only the name is kept: eastings convert to NaN and there is no
+    // anonymous ellipsoid.
+    explicit CGxGeographical(const CGxGeographicalProjection* definition);
 
     const char* GetName() const override;
     // x = lon - centralMeridian, y = lat (degrees); no wrapping.

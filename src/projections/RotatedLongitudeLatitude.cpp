@@ -17,13 +17,19 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <string>
 
+#include "catalogue/CartSetup.h"
+#include "definitions/RotatedLongitudeLatitudeProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
 
 namespace {
 // Half the side of the default box around the origin, degrees.
 constexpr double kAreaHalfSide = 3.0;
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 }  // namespace
 
 CGxRotatedLongitudeLatitude::CGxRotatedLongitudeLatitude(const char* name_,
@@ -32,14 +38,47 @@ CGxRotatedLongitudeLatitude::CGxRotatedLongitudeLatitude(const char* name_,
                                                          double rotationAngle_,
                                                          const CGxEllipsoid& ellipsoid)
     : name(name_),
-      a(ellipsoid.GetMajor()),
-      f(ellipsoid.GetFlatness()),
-      e2(ellipsoid.GetEccentricity() * ellipsoid.GetEccentricity()),
-      b(ellipsoid.GetMinor()),
-      ep2((a * a - b * b) / (b * b)),
       southPoleLongitude(southPoleLongitude_),
       southPoleLatitude(southPoleLatitude_),
       rotationAngle(rotationAngle_) {
+    _SetFigure(ellipsoid);
+    _BuildRotations();
+}
+
+// Without a known ellipsoid the grid has no figure: every point converts to
+// NaN, and so do its origin and default area.
+CGxRotatedLongitudeLatitude::CGxRotatedLongitudeLatitude(
+    const CGxRotatedLongitudeLatitudeProjection* definition)
+    : name(definition ? definition->GetName().c_str() : nullptr),
+      a(kNaN),
+      f(kNaN),
+      e2(kNaN),
+      b(kNaN),
+      ep2(kNaN),
+      southPoleLongitude(kNaN),
+      southPoleLatitude(kNaN),
+      rotationAngle(kNaN) {
+    const std::string id = definition ? definition->GetEllipsoidID() : std::string();
+    const CGxEllipsoid* ellipsoid =
+        id.empty() ? nullptr : CGxCartSetup::Instance().GetEllipsoidList().GetEllipsoid(id);
+    if (ellipsoid) {
+        _SetFigure(*ellipsoid);
+        southPoleLongitude = definition->GetSouthPoleLongitude();
+        southPoleLatitude = definition->GetSouthPoleLatitude();
+        rotationAngle = definition->GetRotationAngle();
+    }
+    _BuildRotations();
+}
+
+void CGxRotatedLongitudeLatitude::_SetFigure(const CGxEllipsoid& ellipsoid) {
+    a = ellipsoid.GetMajor();
+    f = ellipsoid.GetFlatness();
+    e2 = ellipsoid.GetEccentricity() * ellipsoid.GetEccentricity();
+    b = ellipsoid.GetMinor();
+    ep2 = (a * a - b * b) / (b * b);
+}
+
+void CGxRotatedLongitudeLatitude::_BuildRotations() {
     // The rotation about the first axis stays at 0: the rotated grid's prime
     // meridian is fixed by the pole alone.
     const CMatrix spin(0.0, CMatrix::eRotationX);
@@ -130,7 +169,10 @@ bool CGxRotatedLongitudeLatitude::IsLocal() const { return name.isLocal; }
 bool CGxRotatedLongitudeLatitude::IsGeographical() const { return true; }
 
 bool CGxRotatedLongitudeLatitude::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
-    return GxAnonymousEllipsoid(a, f, out);
+    // Unlike the map projections this grid does not judge its figure: a
+    // degenerate or missing ellipsoid is handed out as it is (NaN stays NaN).
+    out.SetParams(a, f != 0.0 ? 1.0 / f : 0.0);
+    return true;
 }
 
 CGxProjection* CGxRotatedLongitudeLatitude::Clone() const {

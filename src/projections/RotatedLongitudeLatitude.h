@@ -5,6 +5,7 @@
 #include "projections/ProjectionSupport.h"
 
 class CGxEllipsoid;
+class CGxRotatedLongitudeLatitudeProjection;
 
 // Longitude and latitude in a rotated geographic system (the rotated-pole
 // grids of limited-area weather and climate models), in degrees. The rotated
@@ -20,6 +21,11 @@ public:
     CGxRotatedLongitudeLatitude(const char* name, double southPoleLongitude,
                                 double southPoleLatitude, double rotationAngle,
                                 const CGxEllipsoid& ellipsoid);
+    // From a catalogue definition: its name, south pole and rotation angle,
+    // and the catalogue ellipsoid its identifier names. With an empty or
+    // unknown identifier, or no definition, only the name is kept and every
+    // number is NaN, so every point converts to NaN.
+    explicit CGxRotatedLongitudeLatitude(const CGxRotatedLongitudeLatitudeProjection* definition);
 
     const char* GetName() const override;
     // Geographic to rotated longitude/latitude, degrees; the rotated longitude
@@ -39,6 +45,8 @@ public:
     void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
     bool IsLocal() const override;
     bool IsGeographical() const override;
+    // Always hands its figure out and answers true, even with a major axis not
+    // above 0; a grid built without a known ellipsoid hands out NaN.
     bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
     CGxProjection* Clone() const override;
 
@@ -54,6 +62,10 @@ public:
     double GetRotationAngle() const { return rotationAngle; }
 
 private:
+    // a, f, e2, b and ep2 from the ellipsoid.
+    void _SetFigure(const CGxEllipsoid& ellipsoid);
+    // toRotated and fromRotated from the south pole.
+    void _BuildRotations();
     // Geo2XYZ, the rotation, XYZ2Geo.
     void _rotate(const CMatrix& rotation, double lon, double lat, double* outLon,
                  double* outLat) const;
