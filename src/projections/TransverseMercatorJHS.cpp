@@ -251,11 +251,12 @@ void CGxTransverseMercatorJHS::Proj2Geo(double x, double y, double* lon, double*
     // tan(lat) = sinh(Q' + q) = (sin beta' cosh q + sinh q) / cos beta'.
     double shq, chq;
     SinhCoshOfCorrection(q, &shq, &chq);
-    *lat = std::atan2(sb * chq + shq, cb) * kGxRadToDeg;
+    // cos beta' >= 0, so atan of the quotient serves (cos beta' = 0 gives +-90).
+    *lat = std::atan((sb * chq + shq) / cb) * kGxRadToDeg;
 
-    // Longitude: asin(tanh eta0' / cos beta') = atan2(sinh eta0', |cos xi0'|),
+    // Longitude: asin(tanh eta0' / cos beta') = atan(sinh eta0' / |cos xi0'|),
     // mirrored into the far half for points beyond the pole.
-    double dl = std::atan2(sheta, std::fabs(cxi));
+    double dl = std::atan(sheta / std::fabs(cxi));
     if (!(xip >= -kHalfPi && xip <= kHalfPi)) dl = (etap >= 0 ? kGxPi : -kGxPi) - dl;
     *lon = (lon0 + dl) * kGxRadToDeg;
 }
