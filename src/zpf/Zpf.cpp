@@ -7,6 +7,7 @@
 
 #include "zpf/zpf.h"
 
+#include <algorithm>
 #include <climits>
 #include <cmath>
 #include <fstream>
@@ -27,23 +28,33 @@ using gxzpf::Kind;
 // other. Failing calls set it; successful calls leave it, except zpfLoadFile,
 // zpfCreate and zpfWrite, which clear it first so that an error pending after
 // them belongs to them.
+//
+// The state is trivially destructible: the catalogues write their custom files
+// from the library's unload, after the thread's destructors have run, and the
+// error must still be usable then. Messages longer than the buffer are cut.
 struct ErrorState {
     int code = eZpfOk;
-    std::string message;
+    char message[512] = {};
 };
 
 ErrorState& LastError() {
-    thread_local ErrorState state;
+    static thread_local ErrorState state;
     return state;
 }
 
-void SetError(int code, std::string message) {
+void SetError(int code, const std::string& message) {
     ErrorState& e = LastError();
     e.code = code;
-    e.message = std::move(message);
+    const std::size_t n = std::min(message.size(), sizeof e.message - 1);
+    message.copy(e.message, n);
+    e.message[n] = '\0';
 }
 
-void ClearError() { SetError(eZpfOk, std::string()); }
+void ClearError() {
+    ErrorState& e = LastError();
+    e.code = eZpfOk;
+    e.message[0] = '\0';
+}
 
 std::string Quote(const char* text) { return std::string("'") + text + "'"; }
 

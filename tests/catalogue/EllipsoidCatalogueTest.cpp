@@ -1,0 +1,202 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <string>
+
+#include "catalogue/CartSetup.h"
+#include "catalogue/EllipsoidList.h"
+#include "foundation/Ellipsoid.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class TempFolder {
+public:
+    TempFolder() {
+        char tmpl[] = "/tmp/gxcart-catalogue-XXXXXX";
+        path_ = mkdtemp(tmpl);
+    }
+    ~TempFolder() {
+        std::error_code ec;
+        fs::remove_all(path_, ec);
+    }
+    std::string folder() const { return path_.string() + "/"; }
+    const fs::path& path() const { return path_; }
+
+private:
+    fs::path path_;
+};
+
+std::string Slurp(const fs::path& p) {
+    std::ifstream in(p, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
+void WriteText(const fs::path& p, const std::string& text) {
+    std::ofstream out(p, std::ios::binary);
+    out << text;
+}
+
+int Count(CGxEllipsoidList& list, CGxEllipsoidList::EEllipsoidTypes type) {
+    return static_cast<int>(std::distance(list.GetIteratorBegin(type), list.GetIteratorEnd(type)));
+}
+
+// Runs body in a child process that exits normally, so that the library's
+// unload (the setup singleton's destructor) runs there and not in the test.
+int RunChild(void (*body)(const std::string&), const std::string& arg) {
+    pid_t pid = fork();
+    if (pid == 0) {
+        body(arg);
+        std::exit(0);
+    }
+    int status = 0;
+    waitpid(pid, &status, 0);
+    return status;
+}
+
+}  // namespace
+
+TEST(EllipsoidCatalogue, SystemFileIsReadAtLoad) {
+    CGxEllipsoidList& list = CGxCartSetup::Instance().GetEllipsoidList();
+    const CGxEllipsoid* we = list.GetEllipsoid("WE");
+    ASSERT_NE(we, nullptr);
+    EXPECT_EQ(we->GetName(), "WGS 84");
+    EXPECT_EQ(we->GetMajor(), 6378137.0);
+    EXPECT_EQ(we->GetInvFlatness(), 298.257223563);
+    const CGxEllipsoid* xy = list.GetEllipsoid("XY");
+    ASSERT_NE(xy, nullptr);
+    EXPECT_EQ(xy->GetMajor(), 6371229.0);
+    EXPECT_EQ(xy->GetFlatness(), 0.0);
+    for (const char* id : {"WD", "RF", "IN", "BR", "BN", "CC", "CD", "AA", "AM", "AN", "KA", "HE",
+                           "HO", "ID", "SA", "FA", "EA", "EB", "EC", "ED", "EE", "EF"})
+        EXPECT_NE(list.GetEllipsoid(id), nullptr) << id;
+    // Identifiers are case-sensitive and whole.
+    EXPECT_EQ(list.GetEllipsoid("we"), nullptr);
+    EXPECT_EQ(list.GetEllipsoid("W"), nullptr);
+    EXPECT_EQ(list.GetEllipsoidFromName("Bessel 1841")->GetID(), "BR");
+}
+
+TEST(EllipsoidCatalogue, CustomEntriesFollowSystemEntries) {
+    TempFolder dir;
+    CGxEllipsoidList list;
+    list.ReadEllipsoids(std::string(GXCART_TEST_DATA) + "/../../data/ellipsoid.zpf", false);
+    list.GenerateCompleteList();
+    const int system = Count(list, CGxEllipsoidList::eSystemEllipsoids);
+    ASSERT_GT(system, 20);
+    EXPECT_EQ(Count(list, CGxEllipsoidList::eAllEllipsoids), system);
+    EXPECT_EQ(Count(list, CGxEllipsoidList::eCustomEllipsoids), 0);
+
+    auto* mine = new CGxEllipsoid("Local sphere", "LS", 6370000.0, 0.0);
+    list.AddEllipsoid(mine);
+    EXPECT_EQ(list.GetEllipsoid("LS"), mine);
+    EXPECT_EQ(*std::prev(list.GetIteratorEnd(CGxEllipsoidList::eAllEllipsoids)), mine);
+    for (auto it = list.GetIteratorBegin(CGxEllipsoidList::eSystemEllipsoids);
+         it != list.GetIteratorEnd(CGxEllipsoidList::eSystemEllipsoids); ++it)
+        EXPECT_NE(*it, mine);
+    // Any other selector walks the complete list.
+    EXPECT_EQ(Count(list, static_cast<CGxEllipsoidList::EEllipsoidTypes>(7)), system + 1);
+
+    // Deleting a system entry through the custom interface does nothing.
+    CGxEllipsoid* we = list.GetEllipsoid("WE");
+    list.DeleteEllipsoid(we);
+    EXPECT_EQ(list.GetEllipsoid("WE"), we);
+    list.DeleteEllipsoid(mine);
+    EXPECT_EQ(list.GetEllipsoid("LS"), nullptr);
+}
+
+TEST(EllipsoidCatalogue, SystemEntryWinsOverCustomWithSameIdentifier) {
+    TempFolder dir;
+    WriteText(dir.path() / "custom_ellipsoid.zpf",
+              "ELLIPSOID_DEFINITION {\n  REF_ELLIPSOID {\n    Ellipsoid_Name = \"My WGS\"\n"
+              "    ID_Code = \"WE\"\n    Semi_Major_Axis = 6378000\n    Inverse_Flatness = 300\n"
+              "  }\n}\n");
+    CGxEllipsoidList list;
+    list.ReadEllipsoids(std::string(GXCART_TEST_DATA) + "/../../data/ellipsoid.zpf", false);
+    list.ReadEllipsoids(dir.folder() + "custom_ellipsoid.zpf", true);
+    list.GenerateCompleteList();
+    EXPECT_EQ(Count(list, CGxEllipsoidList::eCustomEllipsoids), 1);
+    EXPECT_EQ(list.GetEllipsoid("WE")->GetName(), "WGS 84");
+    EXPECT_EQ(list.GetEllipsoidFromName("My WGS")->GetMajor(), 6378000.0);
+}
+
+TEST(EllipsoidCatalogue, MissingAndMalformedFilesAddNothing) {
+    TempFolder dir;
+    WriteText(dir.path() / "broken.zpf", "ELLIPSOID_DEFINITION {\n  REF_ELLIPSOID {\n");
+    WriteText(dir.path() / "other.zpf", "SOMETHING_ELSE {\n}\n");
+    CGxEllipsoidList list;
+    list.ReadEllipsoids(dir.folder() + "absent.zpf", false);
+    list.ReadEllipsoids(dir.folder() + "broken.zpf", false);
+    list.ReadEllipsoids(dir.folder() + "other.zpf", true);
+    list.GenerateCompleteList();
+    EXPECT_EQ(Count(list, CGxEllipsoidList::eAllEllipsoids), 0);
+}
+
+TEST(EllipsoidCatalogue, CustomFileRoundTripKeepsEveryValue) {
+    TempFolder dir;
+    CGxEllipsoidList list;
+    list.AddEllipsoid(new CGxEllipsoid("Third", "T3", 6378137.0 / 3.0, 1.0 / 3.0));
+    list.AddEllipsoid(new CGxEllipsoid("Quote \" and \\ in a name", "Q\"", 6378388, 297));
+    ASSERT_TRUE(list.WriteCustomEllipsoids(dir.folder() + "custom_ellipsoid.zpf"));
+    CGxEllipsoidList back;
+    back.ReadEllipsoids(dir.folder() + "custom_ellipsoid.zpf", true);
+    back.GenerateCompleteList();
+    ASSERT_EQ(Count(back, CGxEllipsoidList::eCustomEllipsoids), 2);
+    const CGxEllipsoid* third = back.GetEllipsoid("T3");
+    ASSERT_NE(third, nullptr);
+    EXPECT_EQ(third->GetMajor(), 6378137.0 / 3.0);
+    EXPECT_EQ(third->GetInvFlatness(), 1.0 / 3.0);
+    EXPECT_EQ(back.GetEllipsoid("Q\"")->GetName(), "Quote \" and \\ in a name");
+}
+
+namespace {
+void AddAndUnload(const std::string& user) {
+    CGxCartSetup& setup = CGxCartSetup::Instance();
+    setup.ReadData("", user);
+    setup.GetEllipsoidList().AddEllipsoid(new CGxEllipsoid("Unload test", "UT", 6377000, 299));
+    setup.SetEllipsoidListModified();
+}
+
+void AddManyUnderFileSizeLimit(const std::string& user) {
+    CGxCartSetup& setup = CGxCartSetup::Instance();
+    setup.ReadData("", user);
+    for (int i = 0; i < 200; ++i)
+        setup.GetEllipsoidList().AddEllipsoid(new CGxEllipsoid("Bulk", "B", 6377000 + i, 299));
+    setup.SetEllipsoidListModified();
+    rlimit small{4096, 4096};
+    std::signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &small);
+}
+}  // namespace
+
+TEST(EllipsoidCatalogue, UnloadWritesModifiedCustomFileIntoNewUserFolder) {
+    TempFolder dir;
+    const std::string user = dir.folder() + "new/user/";  // created only when written
+    ASSERT_EQ(RunChild(AddAndUnload, user), 0);
+    CGxEllipsoidList back;
+    back.ReadEllipsoids(user + "custom_ellipsoid.zpf", true);
+    back.GenerateCompleteList();
+    const CGxEllipsoid* ut = back.GetEllipsoid("UT");
+    ASSERT_NE(ut, nullptr);
+    EXPECT_EQ(ut->GetMajor(), 6377000.0);
+    // Custom entries read at load, then written, stay custom: nothing else.
+    EXPECT_EQ(Count(back, CGxEllipsoidList::eAllEllipsoids), 1);
+}
+
+TEST(EllipsoidCatalogue, FailedWriteAtUnloadKeepsThePreviousFile) {
+    TempFolder dir;
+    const std::string previous =
+        "ELLIPSOID_DEFINITION {\n  REF_ELLIPSOID {\n    Ellipsoid_Name = \"Kept\"\n"
+        "    ID_Code = \"KP\"\n    Semi_Major_Axis = 6378000\n    Inverse_Flatness = 300\n  }\n}\n";
+    WriteText(dir.path() / "custom_ellipsoid.zpf", previous);
+    ASSERT_EQ(RunChild(AddManyUnderFileSizeLimit, dir.folder()), 0);
+    EXPECT_EQ(Slurp(dir.path() / "custom_ellipsoid.zpf"), previous);
+}
