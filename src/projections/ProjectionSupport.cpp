@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "catalogue/CartSetup.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
 
@@ -40,4 +41,9 @@ void GxDefaultAreaAround(const CGxProjection& p, double lon0, double lat0, doubl
                          double* y0, double* x1, double* y1) {
     p.Geo2Proj(lon0 - half, std::max(lat0 - half, -90.0), x0, y0);
     p.Geo2Proj(lon0 + half, std::min(lat0 + half, 90.0), x1, y1);
+}
+
+const CGxEllipsoid* GxCatalogueEllipsoid(const std::string& id) {
+    if (id.empty()) return nullptr;
+    return CGxCartSetup::Instance().GetEllipsoidList().GetEllipsoid(id);
 }

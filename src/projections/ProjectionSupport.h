@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 
 #include "foundation/Projection.h"
 
@@ -42,3 +43,7 @@ double GxNumericalConvergence(const CGxProjection& p, double lon, double lat);
 // min(lat0 + half, 90)) through the virtual forward.
 void GxDefaultAreaAround(const CGxProjection& p, double lon0, double lat0, double half, double* x0,
                          double* y0, double* x1, double* y1);
+
+// The catalogue ellipsoid a definition names by its identifier; null for an
+// empty or unknown identifier (the look-up is exact, case included).
+const CGxEllipsoid* GxCatalogueEllipsoid(const std::string& id);
