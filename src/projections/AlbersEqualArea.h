@@ -11,12 +11,11 @@ class CGxEllipsoid;
 // originLatitude the false origin, which maps to (falseEasting,
 // falseNorthing).
 
-// Ellipsoidal formulas (Snyder, Map Projections: A Working Manual, 14-1 to
-// 14-21). The inverse reaches the latitude through the authalic latitude and
-// its series in e^2 to third order, which leaves well under a millimetre of
-// difference from the exact inverse. Equal standard parallels make the cone
-// constant 0/0 and every result NaN: the tangent cone needs the spherical
-// form or two distinct parallels.
+// Ellipsoidal formulas. The inverse reaches the latitude through the authalic
+// latitude and its series in e^2 to third order, which stays within 1.5e-8
+// degrees (under 2 mm) of the exact inverse. Equal standard parallels make
+// the cone constant 0/0 and every result NaN: the tangent cone needs the
+// spherical form or two distinct parallels.
 class GXCART_API CGxAlbersEqualAreaEllipsoid : public CGxProjInterface {
 public:
     CGxAlbersEqualAreaEllipsoid(double parallel1, double parallel2, double centralMeridian,
@@ -41,8 +40,8 @@ private:
     double qPole;  // q at the pole
 };
 
-// Spherical formulas (Snyder 14-1 to 14-11); equal standard parallels give
-// the tangent cone with n = sin parallel1.
+// Spherical formulas, closed in both directions; equal standard parallels
+// give the tangent cone with n = sin parallel1.
 class GXCART_API CGxAlbersEqualAreaSphere : public CGxProjInterface {
 public:
     CGxAlbersEqualAreaSphere(double parallel1, double parallel2, double centralMeridian,
