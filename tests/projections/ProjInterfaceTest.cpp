@@ -1,0 +1,182 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <memory>
+#include <string>
+
+#include "foundation/Ellipsoid.h"
+#include "projections/AlbersEqualArea.h"
+#include "projections/CassiniSoldner.h"
+#include "projections/EquidistantConic.h"
+#include "projections/LambertAzimuthalEqualArea.h"
+#include "projections/ProjInterface.h"
+
+namespace {
+
+const CGxEllipsoid kWgs84("WGS 84", "WE", 6378137.0, 298.257223563);
+const CGxEllipsoid kBessel("Bessel 1841", "BR", 6377397.155, 299.1528128);
+const CGxEllipsoid kSphere("Sphere", "SP", 6371000.0, 0.0);
+
+// echo "-110 42 0 0" | cct -d 6 +proj=aea +lat_1=29.5 +lat_2=45.5 +lat_0=23 +lon_0=-96
+//   +x_0=500000 +y_0=100000 +a=6378137 +rf=298.257223563   (and +R=6371000)
+constexpr double kConusX = -647566.110001, kConusY = 2295593.550795;
+constexpr double kConusSphereX = -644530.862701, kConusSphereY = 2300975.038137;
+
+std::unique_ptr<CGxAlbersEqualArea> Conus(const char* name, const CGxEllipsoid& e) {
+    return std::make_unique<CGxAlbersEqualArea>(name, 29.5, 45.5, -96, 23, 500000, 100000, e);
+}
+
+// A wrapper that was never given an inner object.
+class CEmptyWrapper : public CGxProjWrapper {
+public:
+    CEmptyWrapper() : CGxProjWrapper("Empty", eGxInnerEllipsoid, nullptr) {}
+    CGxProjection* Clone() const override { return new CEmptyWrapper(*this); }
+};
+
+}  // namespace
+
+TEST(ProjWrapper, CloneOwnsItsOwnInnerObject) {
+    // A clone that shared the inner object would convert through freed memory
+    // once the original is gone.
+    auto original = Conus("Conus", kWgs84);
+    std::unique_ptr<CGxProjection> clone(original->Clone());
+    original.reset();
+    double x, y;
+    clone->Geo2Proj(-110, 42, &x, &y);
+    EXPECT_NEAR(x, kConusX, 1e-5);
+    EXPECT_NEAR(y, kConusY, 1e-5);
+    EXPECT_STREQ(clone->GetName(), "Conus");
+
+    // Released through the base the facade uses.
+    CGxProjection::Release(clone.release());
+}
+
+TEST(ProjWrapper, AssignmentReplacesTheInnerForm) {
+    CGxAlbersEqualArea target("Sphere", 29.5, 45.5, -96, 23, 500000, 100000, kSphere);
+    {
+        auto source = Conus("Ellipsoid", kWgs84);
+        target = *source;
+    }
+    double x, y;
+    target.Geo2Proj(-110, 42, &x, &y);
+    EXPECT_NEAR(x, kConusX, 1e-5);
+    EXPECT_NEAR(y, kConusY, 1e-5);
+    EXPECT_STREQ(target.GetName(), "Ellipsoid");
+
+    CGxAlbersEqualArea& alias = target;
+    target = alias;
+    target.Geo2Proj(-110, 42, &x, &y);
+    EXPECT_NEAR(x, kConusX, 1e-5);
+}
+
+TEST(ProjWrapper, InnerFormChosenByExactZeroInverseFlattening) {
+    EXPECT_EQ(GxInnerKindFor(kSphere), eGxInnerSphere);
+    EXPECT_EQ(GxInnerKindFor(kWgs84), eGxInnerEllipsoid);
+    EXPECT_EQ(GxInnerKindFor(CGxEllipsoid("S", "S", 6371000, -1)), eGxInnerEllipsoid);
+    EXPECT_EQ(GxInnerKindFor(CGxEllipsoid("S", "S", 6371000, 1e30)), eGxInnerEllipsoid);
+
+    double x, y;
+    Conus("Conus", kSphere)->Geo2Proj(-110, 42, &x, &y);
+    EXPECT_NEAR(x, kConusSphereX, 1e-5);
+    EXPECT_NEAR(y, kConusSphereY, 1e-5);
+}
+
+TEST(ProjWrapper, LocalGridNameMakesIdentity) {
+    // "NON-UTM" names a plane grid without georeference: coordinates pass
+    // through untouched and grid north is true north. An empty name means the
+    // same.
+    for (const char* name : {"NON-UTM", ""}) {
+        SCOPED_TRACE(name);
+        CGxCassiniSoldner p(name, 13.6, 52.4, 40000, 10000, kBessel);
+        EXPECT_STREQ(p.GetName(), "NON-UTM");
+        EXPECT_TRUE(p.IsLocal());
+        double x, y, lon, lat;
+        p.Geo2Proj(1234.5, -678.25, &x, &y);
+        EXPECT_EQ(x, 1234.5);
+        EXPECT_EQ(y, -678.25);
+        p.Proj2Geo(1234.5, -678.25, &lon, &lat);
+        EXPECT_EQ(lon, 1234.5);
+        EXPECT_EQ(lat, -678.25);
+        EXPECT_EQ(p.GetConvergence(20, 55), 0.0);
+    }
+    CGxCassiniSoldner named("Soldner", 13.6, 52.4, 40000, 10000, kBessel);
+    EXPECT_FALSE(named.IsLocal());
+}
+
+TEST(ProjWrapper, LongNameTruncatedTo255Characters) {
+    const std::string name(400, 'N');
+    CGxEquidistantConic p(name.c_str(), 40, 50, 0, 45, 0, 0, kWgs84);
+    EXPECT_EQ(std::string(p.GetName()), name.substr(0, 255));
+    EXPECT_EQ(p.GetConvergence(0, 45), 0.0);  // on the central meridian
+}
+
+TEST(ProjWrapper, WithoutInnerObjectBehavesAsEmptyAlgorithm) {
+    CEmptyWrapper p;
+    double x = 1, y = 1, lon = 1, lat = 1, x1 = 1, y1 = 1;
+    p.Geo2Proj(10, 50, &x, &y);
+    EXPECT_TRUE(std::isnan(x) && std::isnan(y));
+    p.Proj2Geo(1000, 2000, &lon, &lat);
+    EXPECT_TRUE(std::isnan(lon) && std::isnan(lat));
+    EXPECT_EQ(p.GetConvergence(10, 50), 0.0);
+    p.GetOrigin(&lon, &lat);
+    EXPECT_EQ(lon, 0.0);
+    EXPECT_EQ(lat, 0.0);
+    p.GetDefaultArea(&x, &y, &x1, &y1);
+    EXPECT_EQ(x, 0.0);
+    EXPECT_EQ(y1, 0.0);
+    CGxEllipsoid out("Kept", "KE", 7, 7);
+    EXPECT_FALSE(p.GetAnonymousEllipsoid(out));
+    EXPECT_EQ(out.GetMajor(), 7.0);
+    std::unique_ptr<CGxProjection> clone(p.Clone());
+    EXPECT_EQ(clone->GetConvergence(10, 50), 0.0);
+}
+
+TEST(ProjWrapper, OriginInDegreesMapsToFalseOrigin) {
+    constexpr double lon0 = 13.627, lat0 = 52.418, fe = 40000, fn = -10000;
+    for (const CGxEllipsoid& e : {kBessel, kSphere}) {
+        const std::unique_ptr<CGxProjection> all[] = {
+            std::make_unique<CGxAlbersEqualArea>("Albers", 48, 56, lon0, lat0, fe, fn, e),
+            std::make_unique<CGxLambertAzimuthalEqualArea>("LAEA", lon0, lat0, fe, fn, e),
+            std::make_unique<CGxCassiniSoldner>("Cassini", lon0, lat0, fe, fn, e),
+            std::make_unique<CGxEquidistantConic>("Eqdc", 48, 56, lon0, lat0, fe, fn, e),
+        };
+        for (const auto& p : all) {
+            SCOPED_TRACE(testing::Message() << p->GetName() << " on " << e.GetName());
+            double lon, lat, x, y;
+            p->GetOrigin(&lon, &lat);
+            EXPECT_NEAR(lon, lon0, 1e-12);
+            EXPECT_NEAR(lat, lat0, 1e-12);
+            p->Geo2Proj(lon0, lat0, &x, &y);
+            EXPECT_NEAR(x, fe, 1e-6);
+            EXPECT_NEAR(y, fn, 1e-6);
+        }
+    }
+}
+
+TEST(ProjWrapper, HostileInputGivesNaNNotACrash) {
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const double inf = std::numeric_limits<double>::infinity();
+    for (const CGxEllipsoid& e : {kWgs84, kSphere}) {
+        const std::unique_ptr<CGxProjection> all[] = {
+            Conus("Albers", e),
+            std::make_unique<CGxLambertAzimuthalEqualArea>("LAEA", 10, 52, 0, 0, e),
+            std::make_unique<CGxLambertAzimuthalEqualArea>("Polar", 0, 90, 0, 0, e),
+            std::make_unique<CGxCassiniSoldner>("Cassini", 12, 50, 0, 0, e),
+            std::make_unique<CGxEquidistantConic>("Eqdc", 29.5, 45.5, -96, 23, 0, 0, e),
+        };
+        for (const auto& p : all) {
+            SCOPED_TRACE(p->GetName());
+            double a, b;
+            p->Geo2Proj(nan, 45, &a, &b);
+            EXPECT_TRUE(std::isnan(a));
+            p->Proj2Geo(nan, nan, &a, &b);
+            EXPECT_TRUE(std::isnan(a) || std::isnan(b));
+            // Only the absence of a crash is required here.
+            p->Geo2Proj(inf, -inf, &a, &b);
+            p->Geo2Proj(1e300, 1e300, &a, &b);
+            p->Proj2Geo(inf, 1e300, &a, &b);
+            p->GetConvergence(nan, 91);
+        }
+    }
+}
