@@ -451,3 +451,19 @@ TEST(LambertConformalConic, NotANumberStaysNotANumber) {
     EXPECT_TRUE(std::isnan(x));
     EXPECT_TRUE(std::isnan(y));
 }
+
+TEST(LambertConformalConic, FlatConeGivesNotANumber) {
+    // A cone constant of 0 (the one-parallel origin on the equator, or two
+    // parallels mirrored about it) is a cylinder, which no cone can draw:
+    // every point comes out as NaN rather than somewhere plausible.
+    const CGxLambert1SP equator("E", 1, 0, 0, 500000, 0, kGrs80);
+    const CGxLambert2SP mirrored("M", 30, -30, 0, 0, 500000, 0, kGrs80);
+    for (const CGxProjection* p : {static_cast<const CGxProjection*>(&equator),
+                                   static_cast<const CGxProjection*>(&mirrored)}) {
+        double x, y, lon, lat;
+        p->Geo2Proj(10, 20, &x, &y);
+        EXPECT_TRUE(std::isnan(x) || std::isnan(y));
+        p->Proj2Geo(600000, 100000, &lon, &lat);
+        EXPECT_TRUE(std::isnan(lon) || std::isnan(lat));
+    }
+}
