@@ -1,0 +1,136 @@
+#include "foundation/ProjectionInfo.h"
+
+#include <cstring>
+#include <string>
+#include <utility>
+
+#include "foundation/Tolerance.h"
+#include "wkt/PRJParser.h"
+
+namespace {
+
+// Copies a text into a fixed buffer of size bytes, cutting it so that the
+// terminator always fits; null copies as empty.
+void _CopyName(char* buffer, std::size_t size, const char* text) {
+    std::size_t n = text ? std::strlen(text) : 0;
+    if (n > size - 1) n = size - 1;
+    if (n > 0) std::memmove(buffer, text, n);
+    buffer[n] = '\0';
+}
+
+bool _EqualsIgnoringCase(const char* a, const char* b) {
+    for (; *a && *b; ++a, ++b) {
+        char x = *a, y = *b;
+        if (x >= 'a' && x <= 'z') x = static_cast<char>(x - 'a' + 'A');
+        if (y >= 'a' && y <= 'z') y = static_cast<char>(y - 'a' + 'A');
+        if (x != y) return false;
+    }
+    return *a == *b;
+}
+
+bool _SwapsAxes(CGxProjectionInfo::CAxis::EType first) {
+    return first == CGxProjectionInfo::CAxis::eNorth || first == CGxProjectionInfo::CAxis::eSouth;
+}
+
+bool _GetUnit(double unitFactor, const char* unitName, double* factor, char* name) {
+    if (factor) *factor = unitFactor;
+    if (name) std::memcpy(name, unitName, std::strlen(unitName) + 1);
+    return !GxIsUnset(unitFactor);
+}
+
+}  // namespace
+
+// ---------------------------------------------------------------- CAxis
+
+CGxProjectionInfo::CAxis::CAxis() : type(eEast), factor(1.0), name{} { SetProperties(eEast, ""); }
+
+CGxProjectionInfo::CAxis::CAxis(EType type_, const char* name_) : type(eEast), factor(1.0), name{} {
+    SetProperties(type_, name_);
+}
+
+CGxProjectionInfo::CAxis::CAxis(const CAxis& other) = default;
+CGxProjectionInfo::CAxis& CGxProjectionInfo::CAxis::operator=(const CAxis& other) = default;
+CGxProjectionInfo::CAxis::~CAxis() = default;
+
+void CGxProjectionInfo::CAxis::SetProperties(EType type_, const char* name_) {
+    type = type_;
+    switch (type_) {
+        case eEast:
+        case eNorth: factor = 1.0; break;
+        case eWest:
+        case eSouth: factor = -1.0; break;
+        default: break;
+    }
+    _CopyName(name, kNameSize, name_);
+}
+
+CGxProjectionInfo::CAxis::EType CGxProjectionInfo::CAxis::StringToType(const char* direction) {
+    if (!direction) return eEast;
+    const std::pair<const char*, EType> words[] = {
+        {"EAST", eEast}, {"NORTH", eNorth}, {"WEST", eWest}, {"SOUTH", eSouth}};
+    for (const auto& w : words) {
+        if (_EqualsIgnoringCase(direction, w.first)) return w.second;
+    }
+    return eEast;
+}
+
+// ---------------------------------------------------------------- CGxProjectionInfo
+
+CGxProjectionInfo::CGxProjectionInfo()
+    : projUnitFactor(kGxUnset),
+      angularUnitFactor(kGxUnset),
+      projUnitName{},
+      angularUnitName{},
+      axis1(CAxis::eEast, "Easting"),
+      axis2(CAxis::eNorth, "Northing") {}
+
+CGxProjectionInfo::CGxProjectionInfo(const CGxProjectionInfo& other) = default;
+CGxProjectionInfo& CGxProjectionInfo::operator=(const CGxProjectionInfo& other) = default;
+CGxProjectionInfo::~CGxProjectionInfo() = default;
+
+void CGxProjectionInfo::SetProjectionInfo(const CGxPRJParser& parser) {
+    std::string name;
+    double factor = kGxUnset;
+    parser.GetProjUnit(name, factor);
+    projUnitFactor = factor;
+    _CopyName(projUnitName, kUnitNameSize, name.c_str());
+    parser.GetAngularUnit(name, factor);
+    angularUnitFactor = factor;
+    _CopyName(angularUnitName, kUnitNameSize, name.c_str());
+    parser.GetDatumShift(datumShift);
+
+    std::string direction;
+    parser.GetAxisInfo(CGxPRJParser::eFirstAxis, name, direction);
+    axis1.SetProperties(CAxis::StringToType(direction.c_str()), name.c_str());
+    parser.GetAxisInfo(CGxPRJParser::eSecondAxis, name, direction);
+    axis2.SetProperties(CAxis::StringToType(direction.c_str()), name.c_str());
+}
+
+bool CGxProjectionInfo::GetProjUnit(double* factor, char* name) const {
+    return _GetUnit(projUnitFactor, projUnitName, factor, name);
+}
+
+bool CGxProjectionInfo::GetAngularUnit(double* factor, char* name) const {
+    return _GetUnit(angularUnitFactor, angularUnitName, factor, name);
+}
+
+void CGxProjectionInfo::GetDatumShift(CGxDatumShift& shift) const { shift = datumShift; }
+
+void CGxProjectionInfo::SetDatumShift(const CGxDatumShift& shift) { datumShift = shift; }
+
+void CGxProjectionInfo::GetAxisTypes(CAxis::EType& first, CAxis::EType& second) const {
+    first = axis1.GetType();
+    second = axis2.GetType();
+}
+
+void CGxProjectionInfo::Convert(double& x, double& y) const {
+    x *= axis1.GetFactor();
+    y *= axis2.GetFactor();
+    if (_SwapsAxes(axis1.GetType())) std::swap(x, y);
+}
+
+void CGxProjectionInfo::InvConvert(double& x, double& y) const {
+    if (_SwapsAxes(axis1.GetType())) std::swap(x, y);
+    x *= axis1.GetFactor();
+    y *= axis2.GetFactor();
+}

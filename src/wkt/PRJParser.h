@@ -1,0 +1,218 @@
+#pragma once
+
+#include <list>
+#include <map>
+#include <string>
+
+#include "datum/DatumShift.h"
+#include "definitions/MapProjData.h"
+#include "foundation/GxExport.h"
+
+// One coordinate system in the flat form in which an OGC well-known text (the
+// one-line content of a .prj file) states it: the names of the projected and
+// geographic systems, datum, spheroid, prime meridian, units, datum shift,
+// projection name and type, the projection's parameters and two axes.
+//
+// The reader is a keyword scanner, not a grammar: keywords are found by
+// substring search in the whole text and tokens are cut at small sets of
+// delimiter characters. That makes it tolerant of the many dialects GIS
+// software writes (upper- or lower-case parameter names, AUTHORITY and
+// EXTENSION clauses, compound systems) at the price of reading the first
+// occurrence of each keyword wherever it stands.
+//
+// Numbers are stored as written: angles in the text's angular unit (degrees
+// in practice), lengths in its linear unit. An absent number holds the unset
+// marker -1e-35; a NaN read from the text counts as present.
+class GXCART_API CGxPRJParser {
+public:
+    // Selects one of the two AXIS entries.
+    enum EAxisType : int {
+        eFirstAxis = 1,
+        eSecondAxis = 2,
+    };
+
+    // Store the text; Parse reads it. A null pointer stands for an empty text.
+    explicit CGxPRJParser(const std::string& text);
+    explicit CGxPRJParser(const char* text);
+    virtual ~CGxPRJParser();
+
+    // Fills the members from the text; true when a coordinate system of a
+    // known projection type with all its parameters and units was read. After
+    // a failure the type is eInvalidProjection and the members keep whatever
+    // had been read. With sortParallels set, the two standard parallels of
+    // the conic types (Lambert 2SP, Albers, equidistant conic) are stored
+    // smaller first. Meant to run once on a fresh parser.
+    bool Parse(bool sortParallels);
+
+    // Non-zero when the text is taken for WKT: balanced square brackets, more
+    // commas than opening brackets, and a PROJCS or GEOGCS keyword.
+    static int IsPRJ(const std::string& text);
+
+    // The display name of a coordinate-system text: the COMPD_CS name, else
+    // the PROJCS name, else the GEOGCS name, else "Local Coordinates" for the
+    // local-grid string, else the text itself.
+    static std::string ShortName(const std::string& text);
+
+    // The quoted name after the first occurrence of keyword (case-sensitive);
+    // empty when the keyword is absent.
+    static std::string GetName(const std::string& text, const std::string& keyword);
+
+    // Reads keyword["name",value] at the first occurrence of keyword and
+    // answers the text after the value, so that a caller can look for the
+    // next occurrence in the answer. When the keyword is absent the answer is
+    // empty and both outputs are untouched. A value that is not a number
+    // reads as 0.
+    static std::string GetNameParam(const std::string& text, const std::string& keyword,
+                                    std::string& name, double& value);
+    static std::string GetNameParam(const std::string& text, const std::string& keyword,
+                                    std::string& name, std::string& value);
+
+    // The number after the first quoted occurrence of a parameter name,
+    // matched without regard to case; def when the name is not there. The
+    // quotes are part of the match, so "Factor" does not find
+    // "Scale_Factor". The list form answers the first name that is present.
+    static double GetParam(const std::string& text, const std::string& name, double def);
+    static double GetParam(const std::string& text, const std::list<std::string>& names,
+                           double def);
+
+    // -1 when the square brackets balance; else the index of the first
+    // closing bracket without an opening one, or the text length when some
+    // stay open.
+    static int _MatchBrackets(const std::string& text);
+    // Non-zero when the text holds more commas than opening brackets.
+    static int _MatchCommas(const std::string& text);
+    // Opening minus closing brackets from the start; stops at the first
+    // negative count.
+    static int _GetBracketLevel(const std::string& text);
+
+    // The indented, multi-line form of a WKT text ("\r\n" line ends, four
+    // spaces per open bracket): each element starts a new line after the
+    // comma before its keyword.
+    static void FormatAsReadableWKT(const std::string& in, std::string& out);
+
+    std::string GetProjCSname() const { return projCSname; }
+    void SetProjCSname(const std::string& name) { projCSname = name; }
+    std::string GetGeoCSname() const { return geoCSname; }
+    void SetGeoCSname(const std::string& name) { geoCSname = name; }
+    std::string GetDatum() const { return datumName; }
+    void SetDatum(const std::string& name) { datumName = name; }
+
+    // Prime meridian longitude in the angular unit.
+    void GetPrimeMeridian(std::string& name, double& value) const;
+    void SetPrimeMeridian(const std::string& name, double value);
+    // Radians per angular unit.
+    void GetAngularUnit(std::string& name, double& factor) const;
+    void SetAngularUnit(const std::string& name, double factor);
+    // Semi-major axis in the linear unit of the spheroid, inverse flattening.
+    void GetEllipsoid(std::string& name, double& major, double& invFlattening) const;
+    void SetEllipsoid(const std::string& name, double major, double invFlattening);
+    void GetDatumShift(CGxDatumShift& shift) const { shift = datumShift; }
+    void SetDatumShift(const CGxDatumShift& shift) { datumShift = shift; }
+
+    CGxMapProjData::EProjectionType GetProjectionType() const { return projectionType; }
+    void SetProjectionType(CGxMapProjData::EProjectionType type) { projectionType = type; }
+    // The PROJECTION name exactly as written in the text.
+    std::string GetProjectionTypeName() const { return projectionTypeName; }
+    void SetProjectionTypeName(const std::string& name) { projectionTypeName = name; }
+
+    // Metres per linear unit of a projected system.
+    void GetProjUnit(std::string& name, double& factor) const;
+    void SetProjUnit(const std::string& name, double factor);
+
+    // Name and direction word of an axis; a selector other than eFirstAxis or
+    // eSecondAxis does nothing.
+    void GetAxisInfo(EAxisType axis, std::string& name, std::string& direction) const;
+    void SetAxisInfo(EAxisType axis, const std::string& name, const std::string& direction);
+
+    // Projection parameters: lengths in the linear unit, angles in the
+    // angular unit, scales as plain factors; -1e-35 when absent.
+    double GetFalseEasting() const { return parameters[kFalseEasting]; }
+    void SetFalseEasting(double v) { parameters[kFalseEasting] = v; }
+    double GetFalseNorthing() const { return parameters[kFalseNorthing]; }
+    void SetFalseNorthing(double v) { parameters[kFalseNorthing] = v; }
+    double GetCentralMeridian() const { return parameters[kCentralMeridian]; }
+    void SetCentralMeridian(double v) { parameters[kCentralMeridian] = v; }
+    double GetStandardParallel1() const { return parameters[kStandardParallel1]; }
+    void SetStandardParallel1(double v) { parameters[kStandardParallel1] = v; }
+    double GetStandardParallel2() const { return parameters[kStandardParallel2]; }
+    void SetStandardParallel2(double v) { parameters[kStandardParallel2] = v; }
+    double GetLatitudeOfOrigin() const { return parameters[kLatitudeOfOrigin]; }
+    void SetLatitudeOfOrigin(double v) { parameters[kLatitudeOfOrigin] = v; }
+    double GetLongitudeOfCenter() const { return parameters[kLongitudeOfCenter]; }
+    void SetLongitudeOfCenter(double v) { parameters[kLongitudeOfCenter] = v; }
+    double GetLatitudeOfCenter() const { return parameters[kLatitudeOfCenter]; }
+    void SetLatitudeOfCenter(double v) { parameters[kLatitudeOfCenter] = v; }
+    double GetAzimuth() const { return parameters[kAzimuth]; }
+    void SetAzimuth(double v) { parameters[kAzimuth] = v; }
+    double GetXYPlaneRotation() const { return parameters[kXYPlaneRotation]; }
+    void SetXYPlaneRotation(double v) { parameters[kXYPlaneRotation] = v; }
+    double GetScaleFactor() const { return parameters[kScaleFactor]; }
+    void SetScaleFactor(double v) { parameters[kScaleFactor] = v; }
+    double GetLongitudeOfSouthPole() const { return parameters[kLongitudeOfSouthPole]; }
+    void SetLongitudeOfSouthPole(double v) { parameters[kLongitudeOfSouthPole] = v; }
+    double GetLatitudeOfSouthPole() const { return parameters[kLatitudeOfSouthPole]; }
+    void SetLatitudeOfSouthPole(double v) { parameters[kLatitudeOfSouthPole] = v; }
+    double GetAngleOfRotation() const { return parameters[kAngleOfRotation]; }
+    void SetAngleOfRotation(double v) { parameters[kAngleOfRotation] = v; }
+    double GetPseudoParallel() const { return parameters[kPseudoParallel]; }
+    void SetPseudoParallel(double v) { parameters[kPseudoParallel] = v; }
+    double GetXScale() const { return parameters[kXScale]; }
+    void SetXScale(double v) { parameters[kXScale] = v; }
+    double GetYScale() const { return parameters[kYScale]; }
+    void SetYScale(double v) { parameters[kYScale] = v; }
+
+private:
+    // Slots of the projection parameters, in the record's order.
+    enum EParameterSlot : int {
+        kFalseEasting,
+        kFalseNorthing,
+        kCentralMeridian,
+        kStandardParallel1,
+        kStandardParallel2,
+        kLatitudeOfOrigin,
+        kLongitudeOfCenter,
+        kLatitudeOfCenter,
+        kAzimuth,
+        kXYPlaneRotation,
+        kScaleFactor,
+        kLongitudeOfSouthPole,
+        kLatitudeOfSouthPole,
+        kAngleOfRotation,
+        kPseudoParallel,
+        kXScale,
+        kYScale,
+        kParameterCount
+    };
+
+    // Fills the name table and gives every member its initial value.
+    void _initialize();
+    // Step of Parse: reads the parameters of the current type from the text
+    // after PROJECTION and applies the type's decisions (Lambert one or two
+    // parallels, Hotine or rectified skew orthomorphic); false when a
+    // required parameter is missing.
+    bool _ReadParameters(const std::string& projectionText);
+
+    // Lower-case WKT projection name to type.
+    std::map<std::string, CGxMapProjData::EProjectionType> nameTable;
+    std::string text;
+    std::string projCSname;
+    std::string geoCSname;
+    std::string datumName;
+    std::string primeMeridianName;
+    double primeMeridian;
+    std::string angularUnitName;
+    double angularUnitFactor;
+    std::string spheroidName;
+    double semiMajorAxis;
+    double inverseFlattening;
+    CGxDatumShift datumShift;
+    CGxMapProjData::EProjectionType projectionType;
+    std::string projectionTypeName;
+    double parameters[kParameterCount];
+    std::string projUnitName;
+    double projUnitFactor;
+    std::string axis1Name;
+    std::string axis1Direction;
+    std::string axis2Name;
+    std::string axis2Direction;
+};
