@@ -43,20 +43,22 @@ CGxStereographic::CGxStereographic(const char* name_, double scale, double centr
       twoRk(0),
       g(0),
       h(0) {
-    if (GxIsNear(originLatitude, 90.0) || GxIsNear(originLatitude, -90.0)) {
-        const bool south = !GxIsNear(originLatitude, 90.0);
-        aspect = south ? eSouthPolar : eNorthPolar;
-        polar = GxPolarStereographicMath(kStereographicType, a, e, k0, south, lon0, falseEasting,
-                                         falseNorthing);
+    const bool northPole = GxIsNear(originLatitude, 90.0);
+    if (northPole || GxIsNear(originLatitude, -90.0)) {
+        aspect = northPole ? eNorthPolar : eSouthPolar;
+        polar = GxPolarStereographicMath(kStereographicType, a, e, k0, !northPole, lon0,
+                                         falseEasting, falseNorthing);
         return;
     }
     // The Gauss sphere, arranged so that the constants stay accurate as the
-    // origin approaches a pole: the textbook chain (1 + s)/(1 - s), then
-    // c = (n + s)/((n - s) w1) and chi0 = asin(s / n), loses every digit there
-    // (1 - s and n - s cancel, and s rounds to 1 within 1e-6 degrees of the
-    // pole), long before the polar aspect takes over at 1e-12. With
-    // k = 1 + e^2 cos^2 / (1 - e^2), n^2 - s^2 = k cos^2 gives the
-    // differences in closed form.
+    // origin approaches a pole. The textbook chain w1 = ((1 + s)/(1 - s)
+    // ((1 - es)/(1 + es))^e)^n, c = (n + s)/((n - s) w1), chi0 = asin(s / n)
+    // loses every digit there (1 - s and n - s cancel, and s rounds to 1
+    // within 1e-6 degrees of the pole), long before the polar aspect takes
+    // over at 1e-12. With k = 1 + e^2 cos^2 / (1 - e^2) the differences have
+    // closed forms, n^2 - s^2 = k cos^2 and 1 - s^2 = cos^2; near the north
+    // pole c is written without n - s and 1 - s, near the south pole without
+    // n + s and 1 + s.
     const double e2 = e * e;
     const double s = std::sin(lat0);
     const double cos2 = std::cos(lat0) * std::cos(lat0);
@@ -77,7 +79,9 @@ CGxStereographic::CGxStereographic(const char* name_, double scale, double centr
     cosChi0 = std::cos(chi0);
     twoRk = 2 * R * k0;
     g = twoRk * std::tan(kQuarterPi - chi0 / 2);
-    h = 2 * twoRk * std::tan(chi0) + g;
+    // 4 R k0 tan(chi0) + g, which is 2 R k0 tan(pi/4 + chi0/2): the sum of two
+    // huge terms of opposite sign for an origin near the south pole.
+    h = twoRk * std::tan(kQuarterPi + chi0 / 2);
 }
 
 const char* CGxStereographic::GetName() const { return name.name; }

@@ -58,6 +58,6 @@ private:
     double cosChi0;
     double twoRk;  // 2 R k0
     double g;      // 2 R k0 tan(pi/4 - chi0/2)
-    double h;      // 4 R k0 tan(chi0) + g
+    double h;      // 4 R k0 tan(chi0) + g = 2 R k0 tan(pi/4 + chi0/2)
     GxPolarStereographicMath polar;
 };

@@ -262,22 +262,29 @@ TEST(Stereographic, PolarAspectSwitchUsesTheRelativeTolerance) {
 }
 
 TEST(Stereographic, ObliqueAspectStaysAccurateAsTheOriginNearsThePole) {
-    // Between 1e-12 and a hundredth of a degree from the pole the oblique
+    // Between 1e-12 and a hundredth of a degree from a pole the oblique
     // formulas are still in charge; the map must tend smoothly to the polar
-    // one (by about the distance the origin moved), not break down. The
-    // polar value of (45.5, 70.25) is in kNorthPolar: 3579004.931199 448316.175664.
-    // One degree of latitude is about 111 km; allow that times the offset,
-    // plus a millimetre.
-    for (double offset : {1e-2, 1e-4, 1e-6, 1e-8, 1e-10}) {
-        const CGxStereographic p = NorthPolar(90 - offset);
-        double x, y, lon, lat;
-        p.Geo2Proj(45.5, 70.25, &x, &y);
-        const double tolerance = 111000 * offset * 1.2 + 1e-3;
-        EXPECT_NEAR(x, 3579004.931199, tolerance) << offset;
-        EXPECT_NEAR(y, 448316.175664, tolerance) << offset;
-        p.Proj2Geo(x, y, &lon, &lat);
-        EXPECT_NEAR(lon, 45.5, 1e-9) << offset;
-        EXPECT_NEAR(lat, 70.25, 1e-9) << offset;
+    // one, differing by about the distance the origin moved (111 km per
+    // degree; allow 1.2 times that, plus a millimetre), not break down.
+    // Polar values from kNorthPolar and kSouthPolar.
+    struct {
+        CGxStereographic (*make)(double);
+        double pole, lon, lat, x, y;
+    } cases[] = {{NorthPolar, 90, 45.5, 70.25, 3579004.931199, 448316.175664},
+                 {SouthPolar, -90, -179, -66.5, 170657.043202, 287601.791993}};
+    for (const auto& c : cases) {
+        for (double offset : {1e-2, 1e-4, 1e-6, 1e-8, 1e-10}) {
+            SCOPED_TRACE(testing::Message() << "origin " << c.pole << " offset " << offset);
+            const CGxStereographic p = c.make(c.pole - std::copysign(offset, c.pole));
+            double x, y, lon, lat;
+            p.Geo2Proj(c.lon, c.lat, &x, &y);
+            const double tolerance = 111000 * offset * 1.2 + 1e-3;
+            EXPECT_NEAR(x, c.x, tolerance);
+            EXPECT_NEAR(y, c.y, tolerance);
+            p.Proj2Geo(x, y, &lon, &lat);
+            EXPECT_NEAR(lon, c.lon, 1e-9);
+            EXPECT_NEAR(lat, c.lat, 1e-9);
+        }
     }
 }
 
