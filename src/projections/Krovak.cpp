@@ -28,17 +28,16 @@ CGxKrovak::CGxKrovak(const CGxKrovakProjection* def) : name(GxDefinitionName(def
     // Without a known ellipsoid the grid has no figure: every point converts
     // to NaN.
     if (const CGxEllipsoid* ellipsoid = GxDefinitionEllipsoid(def)) {
-        _Setup(def->GetScaleAtPseudoParallel(), def->GetPseudoParallel(),
-               def->GetCenterLongitude(), def->GetCenterLatitude(), def->GetAzimuth(),
-               def->GetXYPlaneRotation(), def->GetXScale(), def->GetYScale(),
-               def->GetFalseEasting(), def->GetFalseNorthing(), *ellipsoid);
+        _Setup(def->GetScaleAtPseudoParallel(), def->GetPseudoParallel(), def->GetCenterLongitude(),
+               def->GetCenterLatitude(), def->GetAzimuth(), def->GetXYPlaneRotation(),
+               def->GetXScale(), def->GetYScale(), def->GetFalseEasting(), def->GetFalseNorthing(),
+               *ellipsoid);
     }
 }
 
-void CGxKrovak::_Setup(double scaleAtPseudoParallel, double pseudoParallel,
-                       double centreLongitude, double centreLatitude, double azimuth,
-                       double xyPlaneRotation, double xScale_, double yScale_,
-                       double falseEasting_, double falseNorthing_,
+void CGxKrovak::_Setup(double scaleAtPseudoParallel, double pseudoParallel, double centreLongitude,
+                       double centreLatitude, double azimuth, double xyPlaneRotation,
+                       double xScale_, double yScale_, double falseEasting_, double falseNorthing_,
                        const CGxEllipsoid& ellipsoid) {
     a = ellipsoid.GetMajor();
     f = ellipsoid.GetFlatness();

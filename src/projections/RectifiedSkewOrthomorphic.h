@@ -23,8 +23,7 @@ public:
     // ellipsoid of its identifier. With a null definition, an empty or an
     // unknown identifier the grid keeps only the name and its numbers stay
     // NaN.
-    explicit CGxRectifiedSkewOrthomorphic(
-        const CGxRectifiedSkewOrthomorphicProjection* definition);
+    explicit CGxRectifiedSkewOrthomorphic(const CGxRectifiedSkewOrthomorphicProjection* definition);
 
     CGxProjection* Clone() const override;
 };

@@ -1,0 +1,291 @@
+// The oblique Mercator family, Krovak and the New Zealand map grid built from
+// catalogue definitions. A grid made by a definition must be the grid made
+// from the same numbers and the catalogue ellipsoid, bit for bit (a parameter
+// read from the wrong getter, or the azimuth standing in for the rotation,
+// shows up here), and must meet a PROJ reference value. A definition without
+// a known ellipsoid gives a grid that converts to NaN, and one without a name
+// the local grid, which converts nothing.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <memory>
+#include <string>
+#include <typeinfo>
+#include <vector>
+
+#include "catalogue/CartSetup.h"
+#include "definitions/HotineObliqueMercatorProjection.h"
+#include "definitions/KrovakProjection.h"
+#include "definitions/MapProjData.h"
+#include "definitions/NewZealandMapGridProjection.h"
+#include "definitions/ObliqueMercatorProjection.h"
+#include "definitions/RectifiedSkewOrthomorphicProjection.h"
+#include "foundation/Ellipsoid.h"
+#include "projections/HotineObliqueMercator.h"
+#include "projections/Krovak.h"
+#include "projections/NewZealandMapGrid.h"
+#include "projections/ObliqueMercator.h"
+#include "projections/RectifiedSkewOrthomorphic.h"
+
+namespace {
+
+using Def = std::unique_ptr<CGxMapProjData>;
+using Grid = std::unique_ptr<CGxProjection>;
+using Type = CGxMapProjData::EProjectionType;
+
+struct GridPoint {
+    double lon, lat, x, y;
+};
+
+constexpr double kForwardTolerance = 1e-3;  // metres
+constexpr double kInverseTolerance = 1e-9;  // degrees
+
+const CGxEllipsoid& Catalogue(const char* id) {
+    const CGxEllipsoid* e = CGxCartSetup::Instance().GetEllipsoidList().GetEllipsoid(id);
+    if (!e) {
+        ADD_FAILURE() << "ellipsoid " << id << " missing from the system catalogue";
+        static const CGxEllipsoid missing;
+        return missing;
+    }
+    return *e;
+}
+
+using Params = std::vector<double>;
+
+Def Make(Type type, const std::string& name, const std::string& ellipsoid, Params params) {
+    return Def(CGxMapProjData::CreateProjection(type, name, "Branch", ellipsoid, params.data()));
+}
+
+// Real grids, parameters in the definitions' index order; every pair that a
+// wiring slip could exchange holds two different values.
+// Alaska zone 1 (EPSG:26931): scale, centre longitude and latitude, azimuth, false origin.
+const Params kAlaska = {0.9999, -133.666666666667, 57, 323.130102361111, 5000000, -5000000};
+// The Swiss grid (LV95), the centre-origin form with an east-west central line.
+const Params kSwiss = {1, 7.43958333333333, 46.9524055555556, 90, 2600000, 1200000};
+// RSO Borneo (EPSG:29874), whose rectification differs from its azimuth.
+const Params kBorneo = {0.99984, 115, 4, 53.3158204722222, 53.1301023611111, 2000000, 5000000};
+// S-JTSK easting/northing with a false origin: scale, pseudo parallel, centre
+// longitude and latitude, azimuth, rotation, x and y scales, false origin.
+const Params kSjtsk = {0.9999, 78.5, 24.8333333333333, 49.5, 30.2881397527778, 90, -1, 1,
+                       1000,   -2000};
+// NZGD49 / New Zealand Map Grid (EPSG:27200).
+const Params kNzmg = {173, -41, 2510000, 6023150};
+
+// One reference point per grid, each from the grid's own reference table:
+// echo "-137.5 58.5 0 0" | cct -d 6 +proj=omerc +no_uoff +lat_0=57 +lonc=-133.666666666667
+//   +alpha=323.130102361111 +gamma=323.130102361111 +k=0.9999 +x_0=5000000 +y_0=-5000000
+//   +ellps=GRS80
+const GridPoint kAlaskaPoint = {-137.5, 58.5, 595294.642689, 748468.537163};
+// echo "8.5 47.7 0 0" | cct -d 6 +proj=somerc +lat_0=46.9524055555556 +lon_0=7.43958333333333
+//   +k_0=1 +x_0=2600000 +y_0=1200000 +ellps=bessel
+const GridPoint kSwissPoint = {8.5, 47.7, 2679586.351919, 1283646.747503};
+// echo "117.5 6 0 0" | cct -d 6 +proj=omerc +no_uoff +lat_0=4 +lonc=115
+//   +alpha=53.3158204722222 +gamma=53.1301023611111 +k=0.99984 +x_0=2000000 +y_0=5000000
+//   +ellps=evrstSS
+const GridPoint kBorneoPoint = {117.5, 6, 2866520.023490, 5665353.706004};
+// echo "14.42 50.1 0 0" | cct -d 6 +proj=krovak +lat_0=49.5 +lon_0=24.8333333333333
+//   +alpha=30.2881397527778 +k=0.9999 +x_0=1000 +y_0=-2000 +ellps=bessel
+const GridPoint kSjtskPoint = {14.42, 50.1, -741797.848009, -1043695.269559};
+// echo "174.5 -38 0 0" | cct -d 6 +proj=nzmg +lat_0=-41 +lon_0=173 +x_0=2510000
+//   +y_0=6023150 +ellps=intl
+const GridPoint kNzmgPoint = {174.5, -38, 2641937.091394, 6355051.264384};
+
+// The definition's grid is the value-built one: same class, same name, same
+// bits forward and inverse around the reference point, same origin and
+// convergence; and it meets the reference.
+void ExpectBuiltAs(const CGxMapProjData& def, const CGxProjection& fromValues,
+                   const GridPoint& ref) {
+    const Grid grid(def.CreateProjection());
+    ASSERT_TRUE(grid);
+    EXPECT_EQ(typeid(*grid), typeid(fromValues));
+    EXPECT_STREQ(grid->GetName(), def.GetName().c_str());
+    EXPECT_FALSE(grid->IsLocal());
+    for (double dLon : {-1.0, 0.0, 1.5}) {
+        for (double dLat : {-1.0, 0.0, 0.5}) {
+            const double lon = ref.lon + dLon, lat = ref.lat + dLat;
+            SCOPED_TRACE(testing::Message() << "lon " << lon << " lat " << lat);
+            double x1, y1, x2, y2;
+            grid->Geo2Proj(lon, lat, &x1, &y1);
+            fromValues.Geo2Proj(lon, lat, &x2, &y2);
+            EXPECT_EQ(x1, x2);
+            EXPECT_EQ(y1, y2);
+            double lon1, lat1, lon2, lat2;
+            grid->Proj2Geo(x2, y2, &lon1, &lat1);
+            fromValues.Proj2Geo(x2, y2, &lon2, &lat2);
+            EXPECT_EQ(lon1, lon2);
+            EXPECT_EQ(lat1, lat2);
+            EXPECT_EQ(grid->GetConvergence(lon, lat), fromValues.GetConvergence(lon, lat));
+        }
+    }
+    double lon1, lat1, lon2, lat2;
+    grid->GetOrigin(&lon1, &lat1);
+    fromValues.GetOrigin(&lon2, &lat2);
+    EXPECT_EQ(lon1, lon2);
+    EXPECT_EQ(lat1, lat2);
+
+    double x, y, lon, lat;
+    grid->Geo2Proj(ref.lon, ref.lat, &x, &y);
+    EXPECT_NEAR(x, ref.x, kForwardTolerance);
+    EXPECT_NEAR(y, ref.y, kForwardTolerance);
+    grid->Proj2Geo(ref.x, ref.y, &lon, &lat);
+    EXPECT_NEAR(lon, ref.lon, kInverseTolerance);
+    EXPECT_NEAR(lat, ref.lat, kInverseTolerance);
+}
+
+// Every type of the group with the parameters of its real grid.
+struct TypeCase {
+    Type type;
+    const Params& params;
+};
+const TypeCase kTypes[] = {
+    {CGxMapProjData::eHotineObliqueMercator, kAlaska},
+    {CGxMapProjData::eObliqueMercator, kSwiss},
+    {CGxMapProjData::eRectifiedSkewOrthomorphic, kBorneo},
+    {CGxMapProjData::eKrovak, kSjtsk},
+    {CGxMapProjData::eNewZealandMapGrid, kNzmg},
+};
+
+}  // namespace
+
+TEST(ObliqueFamilyFromDefinition, HotineNaturalOrigin) {
+    const Def def =
+        Make(CGxMapProjData::eHotineObliqueMercator, "NAD83 / Alaska zone 1", "RF", kAlaska);
+    ASSERT_TRUE(def);
+    ExpectBuiltAs(*def,
+                  CGxHotineObliqueMercator("NAD83 / Alaska zone 1", 0.9999, -133.666666666667, 57,
+                                           323.130102361111, 5000000, -5000000, Catalogue("RF")),
+                  kAlaskaPoint);
+}
+
+// The centre-origin form: a definition that built the natural-origin grid
+// instead would miss the reference by the centre's offset.
+TEST(ObliqueFamilyFromDefinition, ObliqueMercatorCentreOrigin) {
+    const Def def = Make(CGxMapProjData::eObliqueMercator, "CH1903+ / LV95", "BR", kSwiss);
+    ASSERT_TRUE(def);
+    ExpectBuiltAs(*def,
+                  CGxObliqueMercator("CH1903+ / LV95", 1, 7.43958333333333, 46.9524055555556, 90,
+                                     2600000, 1200000, Catalogue("BR")),
+                  kSwissPoint);
+}
+
+// The rectification comes from the plane rotation, not from the azimuth.
+TEST(ObliqueFamilyFromDefinition, RectifiedSkewOrthomorphicOwnRotation) {
+    const Def def = Make(CGxMapProjData::eRectifiedSkewOrthomorphic, "Timbalai 1948 / RSO Borneo",
+                         "EB", kBorneo);
+    ASSERT_TRUE(def);
+    ExpectBuiltAs(*def,
+                  CGxRectifiedSkewOrthomorphic("Timbalai 1948 / RSO Borneo", 0.99984, 115, 4,
+                                               53.3158204722222, 53.1301023611111, 2000000, 5000000,
+                                               Catalogue("EB")),
+                  kBorneoPoint);
+}
+
+// Axis scales of opposite sign and a quarter-turn rotation: an exchange of
+// the two scales, or a rotation left at 0, turns the grid.
+TEST(ObliqueFamilyFromDefinition, KrovakScalesRotationAndFalseOrigin) {
+    const Def def = Make(CGxMapProjData::eKrovak, "S-JTSK / Krovak East North", "BR", kSjtsk);
+    ASSERT_TRUE(def);
+    ExpectBuiltAs(*def,
+                  CGxKrovak("S-JTSK / Krovak East North", 0.9999, 78.5, 24.8333333333333, 49.5,
+                            30.2881397527778, 90, -1, 1, 1000, -2000, Catalogue("BR")),
+                  kSjtskPoint);
+}
+
+TEST(ObliqueFamilyFromDefinition, NewZealandMapGrid) {
+    const Def def =
+        Make(CGxMapProjData::eNewZealandMapGrid, "NZGD49 / New Zealand Map Grid", "IN", kNzmg);
+    ASSERT_TRUE(def);
+    ExpectBuiltAs(*def,
+                  CGxNewZealandMapGrid("NZGD49 / New Zealand Map Grid", 173, -41, 2510000, 6023150,
+                                       Catalogue("IN")),
+                  kNzmgPoint);
+}
+
+// The default definition of the type, on its default ellipsoid "IN", is the
+// national grid itself.
+TEST(ObliqueFamilyFromDefinition, DefaultNewZealandDefinitionIsNationalGrid) {
+    const Def def(
+        CGxMapProjData::CreateDefaultParameterProjection(CGxMapProjData::eNewZealandMapGrid));
+    ASSERT_TRUE(def);
+    const Grid grid(def->CreateProjection());
+    ASSERT_TRUE(grid);
+    EXPECT_STREQ(grid->GetName(), "Default New Zealang Map Grid");
+    double x, y;
+    grid->Geo2Proj(kNzmgPoint.lon, kNzmgPoint.lat, &x, &y);
+    EXPECT_NEAR(x, kNzmgPoint.x, kForwardTolerance);
+    EXPECT_NEAR(y, kNzmgPoint.y, kForwardTolerance);
+}
+
+// Without a known ellipsoid nothing is guessed: every conversion, the origin
+// and the convergence are NaN, and there is no anonymous ellipsoid.
+TEST(ObliqueFamilyFromDefinition, UnknownOrEmptyEllipsoidConvertsToNaN) {
+    for (const TypeCase& c : kTypes) {
+        for (const char* id : {"NOT-IN-CATALOGUE", ""}) {
+            SCOPED_TRACE(testing::Message() << "type " << c.type << " ellipsoid '" << id << "'");
+            const Def def = Make(c.type, "Somewhere", id, c.params);
+            ASSERT_TRUE(def);
+            const Grid grid(def->CreateProjection());
+            ASSERT_TRUE(grid);
+            EXPECT_STREQ(grid->GetName(), "Somewhere");
+            EXPECT_FALSE(grid->IsLocal());
+            double x, y, lon, lat;
+            grid->Geo2Proj(c.params[1], c.params[2], &x, &y);
+            EXPECT_TRUE(std::isnan(x) && std::isnan(y));
+            grid->Proj2Geo(1000, 2000, &lon, &lat);
+            EXPECT_TRUE(std::isnan(lon) && std::isnan(lat));
+            grid->GetOrigin(&lon, &lat);
+            EXPECT_TRUE(std::isnan(lon) && std::isnan(lat));
+            EXPECT_TRUE(std::isnan(grid->GetConvergence(c.params[1], c.params[2])));
+            CGxEllipsoid out("kept", "K", 1, 2);
+            EXPECT_FALSE(grid->GetAnonymousEllipsoid(out));
+            EXPECT_EQ(out.GetMajor(), 1);
+        }
+    }
+}
+
+// A definition without a name, or no definition at all, gives the local grid
+// "NON-UTM", which hands coordinates through unchanged whatever the ellipsoid.
+TEST(ObliqueFamilyFromDefinition, NoNameOrNoDefinitionIsLocalGrid) {
+    auto expectLocal = [](const CGxProjection& grid) {
+        EXPECT_STREQ(grid.GetName(), "NON-UTM");
+        EXPECT_TRUE(grid.IsLocal());
+        double x, y;
+        grid.Geo2Proj(1234.5, -987.25, &x, &y);
+        EXPECT_EQ(x, 1234.5);
+        EXPECT_EQ(y, -987.25);
+        grid.Proj2Geo(1234.5, -987.25, &x, &y);
+        EXPECT_EQ(x, 1234.5);
+        EXPECT_EQ(y, -987.25);
+        EXPECT_EQ(grid.GetConvergence(10, 50), 0.0);
+    };
+    for (const TypeCase& c : kTypes) {
+        for (const char* id : {"BR", "NOT-IN-CATALOGUE"}) {
+            SCOPED_TRACE(testing::Message() << "type " << c.type << " ellipsoid " << id);
+            const Def def = Make(c.type, "", id, c.params);
+            ASSERT_TRUE(def);
+            const Grid grid(def->CreateProjection());
+            ASSERT_TRUE(grid);
+            expectLocal(*grid);
+        }
+    }
+    expectLocal(
+        CGxHotineObliqueMercator(static_cast<const CGxHotineObliqueMercatorProjection*>(nullptr)));
+    expectLocal(CGxObliqueMercator(static_cast<const CGxObliqueMercatorProjection*>(nullptr)));
+    expectLocal(CGxRectifiedSkewOrthomorphic(
+        static_cast<const CGxRectifiedSkewOrthomorphicProjection*>(nullptr)));
+    expectLocal(CGxKrovak(static_cast<const CGxKrovakProjection*>(nullptr)));
+    expectLocal(CGxNewZealandMapGrid(static_cast<const CGxNewZealandMapGridProjection*>(nullptr)));
+}
+
+// A name longer than the grid's name buffer is cut to 255 characters.
+TEST(ObliqueFamilyFromDefinition, LongNameTruncated) {
+    const std::string longName(300, 'K');
+    const Def def = Make(CGxMapProjData::eKrovak, longName, "BR", kSjtsk);
+    ASSERT_TRUE(def);
+    const Grid grid(def->CreateProjection());
+    ASSERT_TRUE(grid);
+    EXPECT_EQ(std::string(grid->GetName()), longName.substr(0, 255));
+    double x, y;
+    grid->Geo2Proj(kSjtskPoint.lon, kSjtskPoint.lat, &x, &y);
+    EXPECT_NEAR(x, kSjtskPoint.x, kForwardTolerance);
+}
