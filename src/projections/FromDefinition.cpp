@@ -1,16 +1,12 @@
 #include "projections/FromDefinition.h"
 
-#include "catalogue/CartSetup.h"
-#include "catalogue/EllipsoidList.h"
 #include "definitions/MapProjData.h"
+#include "projections/ProjectionSupport.h"
 
 std::string GxDefinitionName(const CGxMapProjData* definition) {
     return definition ? definition->GetName() : std::string();
 }
 
 const CGxEllipsoid* GxDefinitionEllipsoid(const CGxMapProjData* definition) {
-    if (!definition) return nullptr;
-    const std::string id = definition->GetEllipsoidID();
-    if (id.empty()) return nullptr;
-    return CGxCartSetup::Instance().GetEllipsoidList().GetEllipsoid(id);
+    return definition ? GxCatalogueEllipsoid(definition->GetEllipsoidID()) : nullptr;
 }
