@@ -34,7 +34,8 @@ struct Point {
 std::vector<Point> Grid(double lon0, double halfLon, double lat0, double lat1) {
     std::vector<Point> pts(kPoints);
     for (int i = 0; i < kPoints; ++i)
-        pts[i] = {lon0 - halfLon + 2 * halfLon * (i % 32) / 31, lat0 + (lat1 - lat0) * (i / 32) / 31};
+        pts[i] = {lon0 - halfLon + 2 * halfLon * (i % 32) / 31,
+                  lat0 + (lat1 - lat0) * (i / 32) / 31};
     return pts;
 }
 
@@ -44,8 +45,9 @@ struct Case {
 };
 
 Case Lambert2SP() {
-    return {[] { return std::make_unique<CGxLambert2SP>("L2", 49, 44, 3, 46.5, 7e5, 6.6e6, kWgs84); },
-            Grid(3, 8, 41, 52)};
+    return {
+        [] { return std::make_unique<CGxLambert2SP>("L2", 49, 44, 3, 46.5, 7e5, 6.6e6, kWgs84); },
+        Grid(3, 8, 41, 52)};
 }
 Case Lambert1SP() {
     return {[] { return std::make_unique<CGxLambert1SP>("L1", 0.9999, 3, 46.5, 6e5, 2e6, kWgs84); },

@@ -31,7 +31,9 @@ CGxLambert1SP::CGxLambert1SP(const char* name_, double scale, double originLongi
     cone.Set(e, n, a * F * k0, originLongitude * kGxDegToRad, lat0, falseEasting, falseNorthing);
 }
 
-const char* CGxLambert1SP::GetName() const { return name.name; }
+const char* CGxLambert1SP::GetName() const {
+    return name.name;
+}
 
 void CGxLambert1SP::Geo2Proj(double lon, double lat, double* x, double* y) const {
     if (name.isLocal) {
@@ -67,10 +69,14 @@ void CGxLambert1SP::GetDefaultArea(double* x0, double* y0, double* x1, double* y
     GxDefaultAreaAround(*this, lon, lat, 3.0, x0, y0, x1, y1);
 }
 
-bool CGxLambert1SP::IsLocal() const { return name.isLocal; }
+bool CGxLambert1SP::IsLocal() const {
+    return name.isLocal;
+}
 
 bool CGxLambert1SP::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
     return GxAnonymousEllipsoid(a, f, out);
 }
 
-CGxProjection* CGxLambert1SP::Clone() const { return new CGxLambert1SP(*this); }
+CGxProjection* CGxLambert1SP::Clone() const {
+    return new CGxLambert1SP(*this);
+}

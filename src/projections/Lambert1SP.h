@@ -33,7 +33,7 @@ public:
 private:
     GxProjectionName name;
     double a;
-    double f;  // flattening, 0 for a sphere
+    double f;     // flattening, 0 for a sphere
     double lat0;  // radians
     double k0;
     GxLambertCone cone;

@@ -34,7 +34,9 @@ CGxLambert2SP::CGxLambert2SP(const char* name_, double parallel1, double paralle
     cone.Set(e, n, a * F, originLongitude * kGxDegToRad, latF, falseEasting, falseNorthing);
 }
 
-const char* CGxLambert2SP::GetName() const { return name.name; }
+const char* CGxLambert2SP::GetName() const {
+    return name.name;
+}
 
 void CGxLambert2SP::Geo2Proj(double lon, double lat, double* x, double* y) const {
     if (name.isLocal) {
@@ -74,10 +76,14 @@ void CGxLambert2SP::GetDefaultArea(double* x0, double* y0, double* x1, double* y
     GxDefaultAreaAround(*this, lon, lat, 3.0, x0, y0, x1, y1);
 }
 
-bool CGxLambert2SP::IsLocal() const { return name.isLocal; }
+bool CGxLambert2SP::IsLocal() const {
+    return name.isLocal;
+}
 
 bool CGxLambert2SP::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
     return GxAnonymousEllipsoid(a, f, out);
 }
 
-CGxProjection* CGxLambert2SP::Clone() const { return new CGxLambert2SP(*this); }
+CGxProjection* CGxLambert2SP::Clone() const {
+    return new CGxLambert2SP(*this);
+}

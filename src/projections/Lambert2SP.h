@@ -35,7 +35,7 @@ public:
 private:
     GxProjectionName name;
     double a;
-    double f;  // flattening, 0 for a sphere
+    double f;     // flattening, 0 for a sphere
     double lat1;  // radians
     double lat2;  // radians
     double latF;  // radians

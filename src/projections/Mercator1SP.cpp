@@ -26,7 +26,9 @@ CGxMercator1SP::CGxMercator1SP(const char* name_, double scale, double centreLon
     GxComputeFourierCoefficients(kMercator1SPType, false, e * e, cylinder.c);
 }
 
-const char* CGxMercator1SP::GetName() const { return name.name; }
+const char* CGxMercator1SP::GetName() const {
+    return name.name;
+}
 
 void CGxMercator1SP::Geo2Proj(double lon, double lat, double* x, double* y) const {
     if (name.isLocal) {
@@ -60,7 +62,9 @@ void CGxMercator1SP::GetDefaultArea(double* x0, double* y0, double* x1, double* 
     GxMercatorDefaultArea(*this, x0, y0, x1, y1);
 }
 
-bool CGxMercator1SP::IsLocal() const { return name.isLocal; }
+bool CGxMercator1SP::IsLocal() const {
+    return name.isLocal;
+}
 
 void CGxMercator1SP::GetDerivedParameters(double* out) const {
     if (out) out[0] = 0.0;
@@ -70,4 +74,6 @@ bool CGxMercator1SP::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
     return GxAnonymousEllipsoid(a, f, out);
 }
 
-CGxProjection* CGxMercator1SP::Clone() const { return new CGxMercator1SP(*this); }
+CGxProjection* CGxMercator1SP::Clone() const {
+    return new CGxMercator1SP(*this);
+}

@@ -34,7 +34,9 @@ CGxMercator2SP::CGxMercator2SP(const char* name_, double parallel1, double centr
     GxComputeFourierCoefficients(kMercator2SPType, false, e * e, cylinder.c);
 }
 
-const char* CGxMercator2SP::GetName() const { return name.name; }
+const char* CGxMercator2SP::GetName() const {
+    return name.name;
+}
 
 void CGxMercator2SP::Geo2Proj(double lon, double lat, double* x, double* y) const {
     if (name.isLocal) {
@@ -68,7 +70,9 @@ void CGxMercator2SP::GetDefaultArea(double* x0, double* y0, double* x1, double* 
     GxMercatorDefaultArea(*this, x0, y0, x1, y1);
 }
 
-bool CGxMercator2SP::IsLocal() const { return name.isLocal; }
+bool CGxMercator2SP::IsLocal() const {
+    return name.isLocal;
+}
 
 void CGxMercator2SP::GetDerivedParameters(double* out) const {
     if (out) out[0] = k0;
@@ -78,4 +82,6 @@ bool CGxMercator2SP::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
     return GxAnonymousEllipsoid(a, f, out);
 }
 
-CGxProjection* CGxMercator2SP::Clone() const { return new CGxMercator2SP(*this); }
+CGxProjection* CGxMercator2SP::Clone() const {
+    return new CGxMercator2SP(*this);
+}

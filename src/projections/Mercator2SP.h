@@ -13,8 +13,8 @@ public:
     // name: coordinate-system string (empty means "NON-UTM"); parallel1: the
     // standard parallel, degrees; centreLongitude in degrees; false easting
     // and northing in the ellipsoid's unit.
-    CGxMercator2SP(const char* name, double parallel1, double centreLongitude,
-                   double falseEasting, double falseNorthing, const CGxEllipsoid& ellipsoid);
+    CGxMercator2SP(const char* name, double parallel1, double centreLongitude, double falseEasting,
+                   double falseNorthing, const CGxEllipsoid& ellipsoid);
 
     const char* GetName() const override;
     void Geo2Proj(double lon, double lat, double* x, double* y) const override;

@@ -16,19 +16,18 @@ namespace {
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 }  // namespace
 
-CGxPolarStereographic::CGxPolarStereographic(const char* name, double scale,
-                                             double centreLongitude, double originLatitude,
-                                             double falseEasting, double falseNorthing,
-                                             const CGxEllipsoid& ellipsoid) {
+CGxPolarStereographic::CGxPolarStereographic(const char* name, double scale, double centreLongitude,
+                                             double originLatitude, double falseEasting,
+                                             double falseNorthing, const CGxEllipsoid& ellipsoid) {
     if (GxIsNear(originLatitude, 90.0) || GxIsNear(originLatitude, -90.0)) {
         inner = new (std::nothrow) CGxStereographic(name, scale, centreLongitude, originLatitude,
                                                     falseEasting, falseNorthing, ellipsoid);
     } else if (originLatitude < 0 && !GxIsNear(originLatitude, 0.0)) {
-        inner = new (std::nothrow) CGxStereographicSouthPole(name, originLatitude, centreLongitude,
-                                                             falseEasting, falseNorthing, ellipsoid);
+        inner = new (std::nothrow) CGxStereographicSouthPole(
+            name, originLatitude, centreLongitude, falseEasting, falseNorthing, ellipsoid);
     } else {
-        inner = new (std::nothrow) CGxStereographicNorthPole(name, originLatitude, centreLongitude,
-                                                             falseEasting, falseNorthing, ellipsoid);
+        inner = new (std::nothrow) CGxStereographicNorthPole(
+            name, originLatitude, centreLongitude, falseEasting, falseNorthing, ellipsoid);
     }
 }
 
@@ -43,9 +42,13 @@ CGxPolarStereographic& CGxPolarStereographic::operator=(const CGxPolarStereograp
     return *this;
 }
 
-CGxPolarStereographic::~CGxPolarStereographic() { delete inner; }
+CGxPolarStereographic::~CGxPolarStereographic() {
+    delete inner;
+}
 
-const char* CGxPolarStereographic::GetName() const { return inner ? inner->GetName() : ""; }
+const char* CGxPolarStereographic::GetName() const {
+    return inner ? inner->GetName() : "";
+}
 
 void CGxPolarStereographic::Geo2Proj(double lon, double lat, double* x, double* y) const {
     if (inner) {
@@ -75,10 +78,14 @@ void CGxPolarStereographic::GetDefaultArea(double* x0, double* y0, double* x1, d
     inner ? inner->GetDefaultArea(x0, y0, x1, y1) : CGxProjection::GetDefaultArea(x0, y0, x1, y1);
 }
 
-bool CGxPolarStereographic::IsLocal() const { return inner && inner->IsLocal(); }
+bool CGxPolarStereographic::IsLocal() const {
+    return inner && inner->IsLocal();
+}
 
 bool CGxPolarStereographic::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
     return inner && inner->GetAnonymousEllipsoid(out);
 }
 
-CGxProjection* CGxPolarStereographic::Clone() const { return new CGxPolarStereographic(*this); }
+CGxProjection* CGxPolarStereographic::Clone() const {
+    return new CGxPolarStereographic(*this);
+}

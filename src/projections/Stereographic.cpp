@@ -84,7 +84,9 @@ CGxStereographic::CGxStereographic(const char* name_, double scale, double centr
     h = twoRk * std::tan(kQuarterPi + chi0 / 2);
 }
 
-const char* CGxStereographic::GetName() const { return name.name; }
+const char* CGxStereographic::GetName() const {
+    return name.name;
+}
 
 void CGxStereographic::_ObliqueForward(double lon, double lat, double* x, double* y) const {
     // Conformal latitude on the Gauss sphere: w = (1 + sin chi)/(1 - sin chi)
@@ -163,8 +165,7 @@ double CGxStereographic::GetConvergence(double lon, double lat) const {
 void CGxStereographic::GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const {
     switch (aspect) {
         case eOblique:
-            GxDefaultAreaAround(*this, lon0 * kGxRadToDeg, lat0 * kGxRadToDeg, 3.0, x0, y0, x1,
-                                y1);
+            GxDefaultAreaAround(*this, lon0 * kGxRadToDeg, lat0 * kGxRadToDeg, 3.0, x0, y0, x1, y1);
             break;
         case eNorthPolar:
         case eSouthPolar:
@@ -173,10 +174,14 @@ void CGxStereographic::GetDefaultArea(double* x0, double* y0, double* x1, double
     }
 }
 
-bool CGxStereographic::IsLocal() const { return name.isLocal; }
+bool CGxStereographic::IsLocal() const {
+    return name.isLocal;
+}
 
 bool CGxStereographic::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
     return GxAnonymousEllipsoid(a, f, out);
 }
 
-CGxProjection* CGxStereographic::Clone() const { return new CGxStereographic(*this); }
+CGxProjection* CGxStereographic::Clone() const {
+    return new CGxStereographic(*this);
+}

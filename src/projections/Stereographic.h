@@ -14,9 +14,8 @@ public:
     // name: coordinate-system string (empty means "NON-UTM"); scale: k0 at the
     // natural origin; centreLongitude, originLatitude in degrees; false easting
     // and northing in the ellipsoid's unit.
-    CGxStereographic(const char* name, double scale, double centreLongitude,
-                     double originLatitude, double falseEasting, double falseNorthing,
-                     const CGxEllipsoid& ellipsoid);
+    CGxStereographic(const char* name, double scale, double centreLongitude, double originLatitude,
+                     double falseEasting, double falseNorthing, const CGxEllipsoid& ellipsoid);
 
     const char* GetName() const override;
     void Geo2Proj(double lon, double lat, double* x, double* y) const override;

@@ -16,9 +16,9 @@ constexpr bool kSouth = false;
 }  // namespace
 
 CGxStereographicNorthPole::CGxStereographicNorthPole(const char* name_, double standardParallel,
-                                                   double centreLongitude, double falseEasting,
-                                                   double falseNorthing,
-                                                   const CGxEllipsoid& ellipsoid)
+                                                     double centreLongitude, double falseEasting,
+                                                     double falseNorthing,
+                                                     const CGxEllipsoid& ellipsoid)
     : name(name_),
       a(ellipsoid.GetMajor()),
       f(ellipsoid.GetFlatness()),
@@ -27,7 +27,9 @@ CGxStereographicNorthPole::CGxStereographicNorthPole(const char* name_, double s
       polar(kProjectionType, a, ellipsoid.GetEccentricity(), k0, kSouth,
             centreLongitude * kGxDegToRad, falseEasting, falseNorthing) {}
 
-const char* CGxStereographicNorthPole::GetName() const { return name.name; }
+const char* CGxStereographicNorthPole::GetName() const {
+    return name.name;
+}
 
 void CGxStereographicNorthPole::Geo2Proj(double lon, double lat, double* x, double* y) const {
     if (name.isLocal) {
@@ -58,11 +60,13 @@ double CGxStereographicNorthPole::GetConvergence(double lon, double lat) const {
 }
 
 void CGxStereographicNorthPole::GetDefaultArea(double* x0, double* y0, double* x1,
-                                              double* y1) const {
+                                               double* y1) const {
     GxPolarDefaultArea(*this, x0, y0, x1, y1);
 }
 
-bool CGxStereographicNorthPole::IsLocal() const { return name.isLocal; }
+bool CGxStereographicNorthPole::IsLocal() const {
+    return name.isLocal;
+}
 
 void CGxStereographicNorthPole::GetDerivedParameters(double* out) const {
     if (out) out[0] = k0;

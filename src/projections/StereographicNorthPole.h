@@ -6,8 +6,8 @@
 
 class CGxEllipsoid;
 
-// Polar stereographic about the north pole, true to scale along a standard parallel in the northern hemisphere (or the equator); the
-// scale at the pole is derived from it.
+// Polar stereographic about the north pole, true to scale along a standard parallel in the northern
+// hemisphere (or the equator); the scale at the pole is derived from it.
 class GXCART_API CGxStereographicNorthPole : public CGxProjection {
 public:
     // name: coordinate-system string (empty means "NON-UTM"); standardParallel
