@@ -21,6 +21,11 @@ constexpr const char kNameDelimiters[] = "[]\"";
 constexpr const char kValueDelimiters[] = "],";
 constexpr const char kListDelimiters[] = ",";
 
+// Deepest indentation of the readable form. Real texts nest a handful of
+// levels; the cap keeps the output of a hostile, deeply nested text linear in
+// its length instead of quadratic.
+constexpr int kMaxIndentLevels = 16;
+
 // WKT projection names that GIS software writes for the types the library
 // has, lower-case. The south-orientated and "complex" Transverse Mercator
 // names are read as the plain projection: the south orientation is a matter
@@ -550,7 +555,7 @@ void CGxPRJParser::FormatAsReadableWKT(const std::string& in, std::string& out) 
         const std::size_t cut = comma == std::string::npos ? 0 : comma + 1;
         append(piece.substr(0, cut));
         append("\r\n");
-        out.append(4 * static_cast<std::size_t>(std::max(level, 0)), ' ');
+        out.append(4 * static_cast<std::size_t>(std::clamp(level, 0, kMaxIndentLevels)), ' ');
         append(piece.substr(cut));
         append("[");
         piece = std::move(next);

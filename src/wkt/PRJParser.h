@@ -86,8 +86,8 @@ public:
     static int _GetBracketLevel(const std::string& text);
 
     // The indented, multi-line form of a WKT text ("\r\n" line ends, four
-    // spaces per open bracket): each element starts a new line after the
-    // comma before its keyword.
+    // spaces per open bracket, at most sixteen levels deep): each element
+    // starts a new line after the comma before its keyword.
     static void FormatAsReadableWKT(const std::string& in, std::string& out);
 
     std::string GetProjCSname() const { return projCSname; }
