@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "projections/TransverseMercatorJHS.h"
+
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -42,6 +44,7 @@ CGxTransverseMercatorProjection::CGxTransverseMercatorProjection(
                            {scale, centre, originLatitude, falseEasting, falseNorthing}, canDelete,
                            canEdit) {}
 
+// The library's own grids all use the conformal-latitude series form.
 CGxProjection* CGxTransverseMercatorProjection::CreateProjection() const {
-    return nullptr;
+    return new CGxTransverseMercatorJHS(this);
 }

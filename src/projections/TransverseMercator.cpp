@@ -1,11 +1,14 @@
 #include "projections/TransverseMercator.h"
 
 #include <cmath>
+#include <limits>
 
+#include "definitions/TransverseMercatorProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
 #include "projections/ClenshawSeries.h"
 #include "projections/FourierCoefficients.h"
+#include "projections/FromDefinition.h"
 
 namespace {
 
@@ -16,6 +19,7 @@ constexpr int kTerms = 4;
 constexpr double kFoldNorthing = 10000000.0;
 constexpr double kLocalAreaSize = 10000.0;
 constexpr double kDefaultAreaHalf = 3.0;
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 // eta^2 = e'^2 cos^2 phi, written as (1 - e^2 sin^2 phi)/(1 - e^2) - 1, with e^2
 // taken from the scaled axes k0 a and k0 b.
@@ -50,18 +54,60 @@ double GxTransverseMercatorConvergence(double dl, double phi, double a, double b
     return gamma * kGxRadToDeg;
 }
 
+GxTransverseMercatorParameters GxTransverseMercatorValues(double k0, double lon0, double lat0,
+                                                          double FE, double FN,
+                                                          const CGxEllipsoid& ellipsoid) {
+    return {k0,
+            lon0,
+            lat0,
+            FE,
+            FN,
+            ellipsoid.GetMajor(),
+            ellipsoid.GetMinor(),
+            ellipsoid.GetFlatness(),
+            ellipsoid.GetEccentricity()};
+}
+
+GxTransverseMercatorParameters GxTransverseMercatorValues(
+    const CGxTransverseMercatorProjection* def) {
+    if (const CGxEllipsoid* ellipsoid = GxDefinitionEllipsoid(def)) {
+        return GxTransverseMercatorValues(def->GetScale(), def->GetCentre(),
+                                          def->GetOriginLatitude(), def->GetFalseEasting(),
+                                          def->GetFalseNorthing(), *ellipsoid);
+    }
+    // No catalogue figure: an earth of no size, whose eccentricity (0/0) is
+    // undefined.
+    GxTransverseMercatorParameters p = {kNaN, kNaN, kNaN, kNaN, kNaN, 0.0, 0.0, 0.0, kNaN};
+    if (def) {
+        p.k0 = def->GetScale();
+        p.lon0 = def->GetCentre();
+        p.lat0 = def->GetOriginLatitude();
+        p.FE = def->GetFalseEasting();
+        p.FN = def->GetFalseNorthing();
+    }
+    return p;
+}
+
 CGxTransverseMercator::CGxTransverseMercator(const char* name_, double k0_, double lon0_,
                                              double lat0_, double FE_, double FN_,
                                              const CGxEllipsoid& ellipsoid)
+    : CGxTransverseMercator(name_,
+                            GxTransverseMercatorValues(k0_, lon0_, lat0_, FE_, FN_, ellipsoid)) {}
+
+CGxTransverseMercator::CGxTransverseMercator(const CGxTransverseMercatorProjection* def)
+    : CGxTransverseMercator(GxDefinitionName(def).c_str(), GxTransverseMercatorValues(def)) {}
+
+CGxTransverseMercator::CGxTransverseMercator(const char* name_,
+                                             const GxTransverseMercatorParameters& p)
     : name(name_),
-      a(ellipsoid.GetMajor()),
-      b(ellipsoid.GetMinor()),
-      k0(k0_),
-      f(ellipsoid.GetFlatness()),
-      FE(FE_),
-      FN(FN_),
-      lon0(lon0_),
-      lat0(lat0_),
+      a(p.a),
+      b(p.b),
+      k0(p.k0),
+      f(p.f),
+      FE(p.FE),
+      FN(p.FN),
+      lon0(p.lon0),
+      lat0(p.lat0),
       n(f / (2 - f)),
       X(n * n / 4 + n * n * n * n / 64),
       originNorthing(0.0) {

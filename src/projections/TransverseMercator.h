@@ -4,6 +4,16 @@
 #include "projections/ProjectionSupport.h"
 
 class CGxEllipsoid;
+class CGxTransverseMercatorProjection;
+
+// The numbers a Transverse Mercator grid is built from: k0, the central
+// meridian and latitude of origin (degrees), the false origin (metres), and
+// the figure as semi-major and semi-minor axes (metres), flattening and
+// eccentricity.
+struct GxTransverseMercatorParameters {
+    double k0, lon0, lat0, FE, FN;
+    double a, b, f, e;
+};
 
 // Transverse Mercator in the Gauss-Krueger form: geodetic latitude to the
 // Gaussian (conformal) latitude by a sine series, the spherical transverse
@@ -23,6 +33,12 @@ public:
     // degrees; FE, FN: false easting and northing in metres.
     CGxTransverseMercator(const char* name, double k0, double lon0, double lat0, double FE,
                           double FN, const CGxEllipsoid& ellipsoid);
+    // The grid a catalogue definition describes, its figure taken from the
+    // ellipsoid catalogue by the definition's identifier. An empty or unknown
+    // identifier leaves a figure of zero size (a = b = f = 0): every point then
+    // lands on the false origin and the inverse has no answer (NaN). A null
+    // definition gives the local grid "NON-UTM".
+    explicit CGxTransverseMercator(const CGxTransverseMercatorProjection* definition);
 
     const char* GetName() const override;
     void Geo2Proj(double lon, double lat, double* x, double* y) const override;
@@ -46,6 +62,8 @@ public:
     double GetScaleFactor(double lon, double lat) const;
 
 private:
+    CGxTransverseMercator(const char* name, const GxTransverseMercatorParameters& p);
+
     // The projection without the origin-northing shift, with the given false
     // easting and northing.
     void _Forward(double lon, double lat, double fe, double fn, double* x, double* y) const;
@@ -69,6 +87,18 @@ private:
     double U2[4];
     double originNorthing;  // northing of (lon0, lat0) before FN; 0 when lat0 is 0
 };
+
+// The parameters of a value-built grid, the figure copied from the ellipsoid.
+GxTransverseMercatorParameters GxTransverseMercatorValues(double k0, double lon0, double lat0,
+                                                          double FE, double FN,
+                                                          const CGxEllipsoid& ellipsoid);
+
+// The parameters a definition holds, with the figure of the catalogue
+// ellipsoid it names. Without a known ellipsoid a, b and f are 0 and the
+// eccentricity, undefined for a figure of no size, is NaN; a null definition
+// has no numbers at all, so all are NaN but the figure.
+GxTransverseMercatorParameters GxTransverseMercatorValues(
+    const CGxTransverseMercatorProjection* definition);
 
 // Series between the geodetic latitude and the Gaussian (conformal) latitude
 // of the ellipsoid with third flattening n, fourth order in n:

@@ -2,10 +2,12 @@
 
 #include <cmath>
 
+#include "definitions/TransverseMercatorProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
 #include "projections/ClenshawSeries.h"
 #include "projections/FourierCoefficients.h"
+#include "projections/FromDefinition.h"
 #include "projections/TransverseMercator.h"
 
 namespace {
@@ -108,16 +110,24 @@ inline void KruegerSums(const double* coef, const Multiples& circ, const Multipl
 CGxTransverseMercatorJHS::CGxTransverseMercatorJHS(const char* name_, double k0_, double lon0_,
                                                    double lat0_, double FE_, double FN_,
                                                    const CGxEllipsoid& ellipsoid)
+    : CGxTransverseMercatorJHS(
+          name_, GxTransverseMercatorValues(k0_, lon0_, lat0_, FE_, FN_, ellipsoid)) {}
+
+CGxTransverseMercatorJHS::CGxTransverseMercatorJHS(const CGxTransverseMercatorProjection* def)
+    : CGxTransverseMercatorJHS(GxDefinitionName(def).c_str(), GxTransverseMercatorValues(def)) {}
+
+CGxTransverseMercatorJHS::CGxTransverseMercatorJHS(const char* name_,
+                                                   const GxTransverseMercatorParameters& p)
     : name(name_),
-      a(ellipsoid.GetMajor()),
-      b(ellipsoid.GetMinor()),
-      k0(k0_),
-      f(ellipsoid.GetFlatness()),
-      FE(FE_),
-      FN(FN_),
-      lon0(lon0_ * kGxDegToRad),
-      lat0(lat0_ * kGxDegToRad),
-      e(ellipsoid.GetEccentricity()),
+      a(p.a),
+      b(p.b),
+      k0(p.k0),
+      f(p.f),
+      FE(p.FE),
+      FN(p.FN),
+      lon0(p.lon0 * kGxDegToRad),
+      lat0(p.lat0 * kGxDegToRad),
+      e(p.e),
       n(f / (2 - f)),
       B(a / (1 + n) * (1 + n * n / 4 + n * n * n * n / 64)) {
     GxComputeFourierCoefficients(kTransverseMercatorType, true, n, h);

@@ -4,6 +4,8 @@
 #include "projections/ProjectionSupport.h"
 
 class CGxEllipsoid;
+class CGxTransverseMercatorProjection;
+struct GxTransverseMercatorParameters;
 
 // Transverse Mercator by Krueger's series in the conformal-latitude form of the
 // Finnish recommendation JHS 154 (also IOGP Guidance Note 7-2): conformal
@@ -22,6 +24,12 @@ public:
     // degrees; FE, FN: false easting and northing in metres.
     CGxTransverseMercatorJHS(const char* name, double k0, double lon0, double lat0, double FE,
                              double FN, const CGxEllipsoid& ellipsoid);
+    // The grid a catalogue definition describes, its figure taken from the
+    // ellipsoid catalogue by the definition's identifier. An empty or unknown
+    // identifier leaves a figure of zero size (a = b = f = 0) whose
+    // eccentricity is undefined: every point converts to NaN. A null
+    // definition gives the local grid "NON-UTM".
+    explicit CGxTransverseMercatorJHS(const CGxTransverseMercatorProjection* definition);
 
     const char* GetName() const override;
     void Geo2Proj(double lon, double lat, double* x, double* y) const override;
@@ -38,6 +46,8 @@ public:
     CGxProjection* Clone() const override;
 
 private:
+    CGxTransverseMercatorJHS(const char* name, const GxTransverseMercatorParameters& p);
+
     // Longitude (radians) minus lon0, brought into [-pi, pi].
     double _LongitudeFromOrigin(double lam) const;
 
