@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "projections/AlbersEqualArea.h"
+
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -44,5 +46,5 @@ CGxAlbersEqualAreaProjection::CGxAlbersEqualAreaProjection(
           canDelete, canEdit) {}
 
 CGxProjection* CGxAlbersEqualAreaProjection::CreateProjection() const {
-    return nullptr;
+    return new CGxAlbersEqualArea(this);
 }

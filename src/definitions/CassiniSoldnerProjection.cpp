@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "projections/CassiniSoldner.h"
+
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -41,5 +43,5 @@ CGxCassiniSoldnerProjection::CGxCassiniSoldnerProjection(
                            canDelete, canEdit) {}
 
 CGxProjection* CGxCassiniSoldnerProjection::CreateProjection() const {
-    return nullptr;
+    return new CGxCassiniSoldner(this);
 }

@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "projections/EquidistantConic.h"
+
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -44,5 +46,5 @@ CGxEquidistantConicProjection::CGxEquidistantConicProjection(
           canDelete, canEdit) {}
 
 CGxProjection* CGxEquidistantConicProjection::CreateProjection() const {
-    return nullptr;
+    return new CGxEquidistantConic(this);
 }

@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "projections/LambertAzimuthalEqualArea.h"
+
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -43,5 +45,5 @@ CGxLambertAzimuthalEqualAreaProjection::CGxLambertAzimuthalEqualAreaProjection(
                            canEdit) {}
 
 CGxProjection* CGxLambertAzimuthalEqualAreaProjection::CreateProjection() const {
-    return nullptr;
+    return new CGxLambertAzimuthalEqualArea(this);
 }

@@ -7,6 +7,7 @@
 
 #include <cmath>
 
+#include "definitions/AlbersEqualAreaProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
 #include "projections/AuthalicLatitude.h"
@@ -152,6 +153,18 @@ CGxAlbersEqualArea::CGxAlbersEqualArea(const char* name, double parallel1, doubl
                      GxMakeInner<CGxAlbersEqualAreaEllipsoid, CGxAlbersEqualAreaSphere>(
                          ellipsoid, parallel1, parallel2, centralMeridian, originLatitude,
                          falseEasting, falseNorthing)) {}
+
+CGxAlbersEqualArea::CGxAlbersEqualArea(const CGxAlbersEqualAreaProjection* definition)
+    : CGxProjWrapper(definition) {
+    // Without a known ellipsoid the grid has no figure: every point converts
+    // to NaN.
+    if (const CGxEllipsoid* ellipsoid = _DefinitionEllipsoid(definition)) {
+        _BuildInner<CGxAlbersEqualAreaEllipsoid, CGxAlbersEqualAreaSphere>(
+            *ellipsoid, definition->GetParallel1(), definition->GetParallel2(),
+            definition->GetCentralMeridian(), definition->GetOriginLatitude(),
+            definition->GetFalseEasting(), definition->GetFalseNorthing());
+    }
+}
 
 CGxProjection* CGxAlbersEqualArea::Clone() const {
     return new CGxAlbersEqualArea(*this);

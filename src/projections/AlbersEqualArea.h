@@ -4,6 +4,7 @@
 #include "projections/ProjInterface.h"
 
 class CGxEllipsoid;
+class CGxAlbersEqualAreaProjection;
 
 // Albers equal-area conic with two standard parallels and a false origin.
 // Parameters in degrees and in the units of the semi-major axis:
@@ -69,5 +70,10 @@ public:
     CGxAlbersEqualArea(const char* name, double parallel1, double parallel2, double centralMeridian,
                        double originLatitude, double falseEasting, double falseNorthing,
                        const CGxEllipsoid& ellipsoid);
+    // From a catalogue definition: its name, its parameters and the ellipsoid
+    // its identifier names in the catalogue. Without a known ellipsoid (or
+    // without a definition) no formulas are built and every point converts
+    // to NaN; an empty name gives the local grid, which is the identity.
+    explicit CGxAlbersEqualArea(const CGxAlbersEqualAreaProjection* definition);
     CGxProjection* Clone() const override;
 };

@@ -7,6 +7,7 @@
 
 #include <cmath>
 
+#include "definitions/CassiniSoldnerProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
 #include "projections/FourierCoefficients.h"
@@ -138,6 +139,17 @@ CGxCassiniSoldner::CGxCassiniSoldner(const char* name, double centralMeridian,
     : CGxProjWrapper(name, GxInnerKindFor(ellipsoid),
                      GxMakeInner<CGxCassiniSoldnerEllipsoid, CGxCassiniSoldnerSphere>(
                          ellipsoid, centralMeridian, originLatitude, falseEasting, falseNorthing)) {
+}
+
+CGxCassiniSoldner::CGxCassiniSoldner(const CGxCassiniSoldnerProjection* definition)
+    : CGxProjWrapper(definition) {
+    // Without a known ellipsoid the grid has no figure: every point converts
+    // to NaN.
+    if (const CGxEllipsoid* ellipsoid = _DefinitionEllipsoid(definition)) {
+        _BuildInner<CGxCassiniSoldnerEllipsoid, CGxCassiniSoldnerSphere>(
+            *ellipsoid, definition->GetCentralMeridian(), definition->GetOriginLatitude(),
+            definition->GetFalseEasting(), definition->GetFalseNorthing());
+    }
 }
 
 CGxProjection* CGxCassiniSoldner::Clone() const {

@@ -4,6 +4,7 @@
 #include "projections/ProjInterface.h"
 
 class CGxEllipsoid;
+class CGxCassiniSoldnerProjection;
 
 // Cassini-Soldner, the transverse cylindrical projection that keeps distances
 // along the central meridian and along the great circles perpendicular to it.
@@ -64,5 +65,10 @@ class GXCART_API CGxCassiniSoldner : public CGxProjWrapper {
 public:
     CGxCassiniSoldner(const char* name, double centralMeridian, double originLatitude,
                       double falseEasting, double falseNorthing, const CGxEllipsoid& ellipsoid);
+    // From a catalogue definition: its name, its parameters and the ellipsoid
+    // its identifier names in the catalogue. Without a known ellipsoid (or
+    // without a definition) no formulas are built and every point converts
+    // to NaN; an empty name gives the local grid, which is the identity.
+    explicit CGxCassiniSoldner(const CGxCassiniSoldnerProjection* definition);
     CGxProjection* Clone() const override;
 };

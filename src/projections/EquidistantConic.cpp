@@ -8,6 +8,7 @@
 
 #include <cmath>
 
+#include "definitions/EquidistantConicProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
 #include "projections/ConeApexOffsets.h"
@@ -159,6 +160,18 @@ CGxEquidistantConic::CGxEquidistantConic(const char* name, double parallel1, dou
                      GxMakeInner<CGxEquidistantConicEllipsoid, CGxEquidistantConicSphere>(
                          ellipsoid, parallel1, parallel2, centralMeridian, originLatitude,
                          falseEasting, falseNorthing)) {}
+
+CGxEquidistantConic::CGxEquidistantConic(const CGxEquidistantConicProjection* definition)
+    : CGxProjWrapper(definition) {
+    // Without a known ellipsoid the grid has no figure: every point converts
+    // to NaN.
+    if (const CGxEllipsoid* ellipsoid = _DefinitionEllipsoid(definition)) {
+        _BuildInner<CGxEquidistantConicEllipsoid, CGxEquidistantConicSphere>(
+            *ellipsoid, definition->GetParallel1(), definition->GetParallel2(),
+            definition->GetCentralMeridian(), definition->GetOriginLatitude(),
+            definition->GetFalseEasting(), definition->GetFalseNorthing());
+    }
+}
 
 CGxProjection* CGxEquidistantConic::Clone() const {
     return new CGxEquidistantConic(*this);

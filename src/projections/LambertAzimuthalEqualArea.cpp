@@ -12,6 +12,7 @@
 
 #include <cmath>
 
+#include "definitions/LambertAzimuthalEqualAreaProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
 #include "projections/AuthalicLatitude.h"
@@ -263,6 +264,18 @@ CGxLambertAzimuthalEqualArea::CGxLambertAzimuthalEqualArea(const char* name, dou
           name, GxInnerKindFor(ellipsoid),
           GxMakeInner<CGxLambertAzimuthalEqualAreaEllipsoid, CGxLambertAzimuthalEqualAreaSphere>(
               ellipsoid, centreLongitude, originLatitude, falseEasting, falseNorthing)) {}
+
+CGxLambertAzimuthalEqualArea::CGxLambertAzimuthalEqualArea(
+    const CGxLambertAzimuthalEqualAreaProjection* definition)
+    : CGxProjWrapper(definition) {
+    // Without a known ellipsoid the grid has no figure: every point converts
+    // to NaN.
+    if (const CGxEllipsoid* ellipsoid = _DefinitionEllipsoid(definition)) {
+        _BuildInner<CGxLambertAzimuthalEqualAreaEllipsoid, CGxLambertAzimuthalEqualAreaSphere>(
+            *ellipsoid, definition->GetCentre(), definition->GetOriginLatitude(),
+            definition->GetFalseEasting(), definition->GetFalseNorthing());
+    }
+}
 
 CGxProjection* CGxLambertAzimuthalEqualArea::Clone() const {
     return new CGxLambertAzimuthalEqualArea(*this);

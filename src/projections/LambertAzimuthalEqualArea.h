@@ -4,6 +4,7 @@
 #include "projections/ProjInterface.h"
 
 class CGxEllipsoid;
+class CGxLambertAzimuthalEqualAreaProjection;
 
 // Lambert azimuthal equal area in its oblique (and equatorial), north-polar
 // and south-polar aspects. Parameters in degrees and in the units of the
@@ -73,5 +74,10 @@ public:
     CGxLambertAzimuthalEqualArea(const char* name, double centreLongitude, double originLatitude,
                                  double falseEasting, double falseNorthing,
                                  const CGxEllipsoid& ellipsoid);
+    // From a catalogue definition: its name, its parameters and the ellipsoid
+    // its identifier names in the catalogue. Without a known ellipsoid (or
+    // without a definition) no formulas are built and every point converts
+    // to NaN; an empty name gives the local grid, which is the identity.
+    explicit CGxLambertAzimuthalEqualArea(const CGxLambertAzimuthalEqualAreaProjection* definition);
     CGxProjection* Clone() const override;
 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "definitions/MapProjData.h"
 #include "foundation/Ellipsoid.h"
 
 CGxProjInterface::~CGxProjInterface() = default;
@@ -23,6 +24,13 @@ void GxInnerDefaultArea(const CGxProjInterface& inner, double lon0, double lat0,
 
 CGxProjWrapper::CGxProjWrapper(const char* name, int kind, CGxProjInterface* inner)
     : name(name), inner(inner), kind(kind) {}
+
+CGxProjWrapper::CGxProjWrapper(const CGxMapProjData* definition)
+    : name(definition ? definition->GetName().c_str() : ""), inner(nullptr), kind(eGxInnerNone) {}
+
+const CGxEllipsoid* CGxProjWrapper::_DefinitionEllipsoid(const CGxMapProjData* definition) {
+    return definition ? GxCatalogueEllipsoid(definition->GetEllipsoidID()) : nullptr;
+}
 
 CGxProjWrapper::CGxProjWrapper(const CGxProjWrapper& other)
     : CGxProjection(other),

@@ -5,6 +5,7 @@
 #include "projections/ProjectionSupport.h"
 
 class CGxEllipsoid;
+class CGxMapProjData;
 
 // The slim interface of an inner implementation: the ellipsoidal or spherical
 // formulas of one projection, without a name and without the WKT side. A
@@ -31,6 +32,7 @@ public:
 
 // Which set of formulas a wrapper holds.
 enum EGxInnerKind {
+    eGxInnerNone = 0,  // no formulas: built from a definition without a known figure
     eGxInnerEllipsoid = 1,
     eGxInnerSphere = 2,
 };
@@ -65,9 +67,10 @@ void GxInnerDefaultArea(const CGxProjInterface& inner, double lon0, double lat0,
 // ellipsoid. Copies clone the inner object; destruction releases it.
 //
 // A wrapper named as a local grid ("NON-UTM") is the identity and has
-// convergence 0. A wrapper without an inner object (only a derived class can
-// make one) converts to NaN, reports the origin (0, 0), a default area of four
-// zeros, convergence 0 and no anonymous ellipsoid.
+// convergence 0. A wrapper without an inner object (built from a definition
+// whose ellipsoid the catalogue does not know) converts to NaN, reports the
+// origin (0, 0), a default area of four zeros, convergence 0 and no anonymous
+// ellipsoid.
 class GXCART_API CGxProjWrapper : public CGxProjection {
 public:
     const char* GetName() const override;
@@ -85,11 +88,26 @@ public:
 protected:
     // Takes ownership of inner, which may be null.
     CGxProjWrapper(const char* name, int kind, CGxProjInterface* inner);
+    // For the constructors from a definition: the definition's name (empty for
+    // a null definition, which makes the local grid) and no inner object yet.
+    explicit CGxProjWrapper(const CGxMapProjData* definition);
     CGxProjWrapper(const CGxProjWrapper& other);
     CGxProjWrapper& operator=(const CGxProjWrapper& other);
 
-    // 1 ellipsoidal formulas, 2 spherical (EGxInnerKind).
+    // 0 no formulas, 1 ellipsoidal, 2 spherical (EGxInnerKind).
     int _Kind() const { return kind; }
+
+    // The catalogue ellipsoid a definition names by its identifier; null for a
+    // null definition or an empty or unknown identifier.
+    static const CGxEllipsoid* _DefinitionEllipsoid(const CGxMapProjData* definition);
+
+    // Builds the inner implementation the ellipsoid calls for, in the
+    // constructor of a wrapper that was made without one.
+    template <class TEllipsoidForm, class TSphereForm, class... TArgs>
+    void _BuildInner(const CGxEllipsoid& ellipsoid, TArgs... args) {
+        kind = GxInnerKindFor(ellipsoid);
+        inner = GxMakeInner<TEllipsoidForm, TSphereForm>(ellipsoid, args...);
+    }
 
 private:
     GxProjectionName name;
