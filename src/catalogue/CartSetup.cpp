@@ -5,6 +5,7 @@
 namespace {
 const char* const kSystemEllipsoids = "ellipsoid.zpf";
 const char* const kCustomEllipsoids = "custom_ellipsoid.zpf";
+const char* const kCustomProjections = "custom_projection.zpf";
 }  // namespace
 
 CGxCartSetup& CGxCartSetup::Instance() {
@@ -18,13 +19,20 @@ CGxCartSetup::~CGxCartSetup() { WriteModified(); }
 
 void CGxCartSetup::ReadData(const std::string& dataPath, const std::string& userPath_) {
     userPath = userPath_;
-    ellipsoids.ReadEllipsoids(dataPath + kSystemEllipsoids, false);
+    // An empty folder means it could not be determined: nothing is read from
+    // the working directory instead.
+    if (!dataPath.empty()) ellipsoids.ReadEllipsoids(dataPath + kSystemEllipsoids, false);
     if (!userPath.empty()) ellipsoids.ReadEllipsoids(userPath + kCustomEllipsoids, true);
     ellipsoids.GenerateCompleteList();
+    projections.InitMapProjections(dataPath, userPath);
 }
 
 void CGxCartSetup::WriteModified() {
     if (userPath.empty()) return;
+    if (projectionListModified && GxEnsureFolder(userPath)) {
+        if (projections.WriteCustomMapProjections(userPath + kCustomProjections))
+            projectionListModified = false;
+    }
     if (ellipsoidListModified && GxEnsureFolder(userPath)) {
         // A failed write leaves the previous file as it was.
         if (ellipsoids.WriteCustomEllipsoids(userPath + kCustomEllipsoids))

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "catalogue/EllipsoidList.h"
+#include "catalogue/MapProjectionList.h"
 #include "foundation/GxExport.h"
 
 // The process-wide setup: owns the catalogues, filled once when the library
@@ -15,12 +16,16 @@ public:
     static CGxCartSetup& Instance();
 
     // Reads the system files from dataPath and the custom files from userPath
-    // (both ending in '/'; an empty userPath skips the user's files).
+    // (both ending in '/'; an empty folder is skipped).
     void ReadData(const std::string& dataPath, const std::string& userPath);
 
     CGxEllipsoidList& GetEllipsoidList() { return ellipsoids; }
+    CGxMapProjectionList& GetMapProjectionList() { return projections; }
     std::string GetUserPath() const { return userPath; }
+    // Callers that add, edit or delete custom entries mark the list, so the
+    // unload writes it back.
     void SetEllipsoidListModified() { ellipsoidListModified = true; }
+    void SetMapProjectionListModified() { projectionListModified = true; }
 
     // Writes the custom files whose lists were marked modified; the unload
     // does this too. Creates the user folder when a file must go there.
@@ -34,6 +39,8 @@ private:
     CGxCartSetup();
 
     CGxEllipsoidList ellipsoids;
+    CGxMapProjectionList projections;
     bool ellipsoidListModified = false;
+    bool projectionListModified = false;
     std::string userPath;
 };

@@ -1,0 +1,125 @@
+#include "catalogue/MapProjectionList.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+
+#include "catalogue/ListLimit.h"
+#include "definitions/GeographicalProjection.h"
+#include "definitions/MapProjData.h"
+#include "definitions/TransverseMercatorProjection.h"
+#include "wkt/PRJParser.h"
+#include "zpf/zpf.h"
+
+namespace {
+
+const char* const kBlock = "MAP_PROJECTION_DEFINITION";
+const char* const kGeographicName = "LONG/LAT";
+const char* const kLocalName = "NON-UTM";
+const char* const kNonUtmBranch = "Non UTM Projections";
+const char* const kUtmBranch = "UTM Projections";
+const char* const kUtmEllipsoid = "WE";
+constexpr int kUtmZones = 60;
+constexpr double kUtmScale = 0.9996;
+constexpr double kUtmFalseEasting = 500000.0;
+
+// The definition type whose section name this is: the first in enumeration
+// order, so "MERCATOR_PROJECTION" reads as Mercator 2SP. Null for none.
+CGxMapProjData* DefinitionForSection(const std::string& section) {
+    for (int i = 0; i < CGxMapProjData::GetNoOfProjections(); ++i) {
+        std::unique_ptr<CGxMapProjData> candidate(CGxMapProjData::CreateDefaultParameterProjection(
+            CGxMapProjData::Enum2ProjectionType(i)));
+        if (candidate && candidate->IsSectionID(section)) return candidate.release();
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+CGxMapProjectionList::CGxMapProjectionList() = default;
+
+CGxMapProjectionList::~CGxMapProjectionList() {
+    for (CGxMapProjData* d : entries) delete d;
+}
+
+void CGxMapProjectionList::_Append(CGxMapProjData* definition) {
+    GxCheckListRoom(entries);
+    entries.push_back(definition);
+}
+
+void CGxMapProjectionList::InitMapProjections(const std::string& dataPath,
+                                              const std::string& userPath) {
+    auto* geographic = new CGxGeographicalProjection(kGeographicName);
+    geographic->SetBranchName(kNonUtmBranch);
+    _Append(geographic);
+
+    for (int zone = 1; zone <= kUtmZones; ++zone) {
+        char name[16];
+        std::snprintf(name, sizeof name, "UTM-%d", zone);
+        const double centralMeridian = (zone - 30) * 6.0 - 3.0;
+        _Append(new CGxTransverseMercatorProjection(name, kUtmBranch, kUtmEllipsoid, kUtmScale,
+                                                    centralMeridian, 0.0, kUtmFalseEasting, 0.0));
+    }
+
+    if (!dataPath.empty()) {
+        ReadMapProjections(dataPath + "map_projection.zpf", false);
+        ReadMapProjections(dataPath + "state_plane_nad83.zpf", false);
+        ReadMapProjections(dataPath + "state_plane_nad27.zpf", false);
+    }
+    if (!userPath.empty()) ReadMapProjections(userPath + "custom_projection.zpf", true);
+
+    auto* local = new CGxTransverseMercatorProjection(kLocalName);
+    local->SetBranchName(kNonUtmBranch);
+    _Append(local);
+}
+
+void CGxMapProjectionList::ReadMapProjections(const std::string& path, bool editable) {
+    void* file = zpfLoadFile(path.c_str());
+    if (!file) {
+        zpfGetErrorGlb();  // a missing file is not an error
+        return;
+    }
+    if (zpfPeekErrorGlb() != eZpfOk) {
+        zpfClose(file);
+        return;
+    }
+    void* block = zpfTargetByNameNum(file, kBlock, 1);
+    const int n = block ? zpfGetNoSections(block) : 0;
+    for (int i = 1; i <= n; ++i) {
+        void* section = zpfSectionByNum(block, i);
+        CGxMapProjData* definition = DefinitionForSection(zpfGetName(section));
+        if (!definition) continue;
+        definition->ReadFromHandle(section, editable);
+        _Append(definition);
+    }
+    zpfGetErrorGlb();  // optional keywords that were absent
+    zpfClose(file);
+}
+
+bool CGxMapProjectionList::WriteCustomMapProjections(const std::string& path) {
+    void* file = zpfCreate();
+    if (!file) return false;
+    zpfAddTarget(file, kBlock);
+    for (CGxMapProjData* d : entries) d->WriteToHandle(file);
+    const bool written = zpfWrite(file, path.c_str()) != 0;
+    zpfClose(file);
+    return written;
+}
+
+void CGxMapProjectionList::AddMapProjection(CGxMapProjData* definition) {
+    if (definition) _Append(definition);
+}
+
+void CGxMapProjectionList::DeleteMapProjection(CGxMapProjData* definition) {
+    auto it = std::find(entries.begin(), entries.end(), definition);
+    if (it == entries.end()) return;
+    entries.erase(it);
+    delete definition;
+}
+
+CGxMapProjData* CGxMapProjectionList::GetMapProjection(const std::string& name) const {
+    const std::string wanted = CGxPRJParser::ShortName(name);
+    for (CGxMapProjData* d : entries)
+        if (CGxPRJParser::ShortName(d->GetName()) == wanted) return d;
+    return nullptr;
+}

@@ -1,0 +1,186 @@
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "catalogue/CartSetup.h"
+#include "catalogue/MapProjectionList.h"
+#include "definitions/Lambert2SPProjection.h"
+#include "definitions/MapProjData.h"
+#include "definitions/TransverseMercatorProjection.h"
+#include "foundation/Projection.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class TempFolder {
+public:
+    TempFolder() {
+        char tmpl[] = "/tmp/gxcart-projections-XXXXXX";
+        path_ = mkdtemp(tmpl);
+    }
+    ~TempFolder() {
+        std::error_code ec;
+        fs::remove_all(path_, ec);
+    }
+    std::string folder() const { return path_.string() + "/"; }
+    fs::path operator/(const char* name) const { return path_ / name; }
+
+private:
+    fs::path path_;
+};
+
+void WriteText(const fs::path& p, const std::string& text) {
+    std::ofstream out(p, std::ios::binary);
+    out << text;
+}
+
+std::vector<CGxMapProjData*> Entries(CGxMapProjectionList& list) {
+    return {list.GetIteratorBegin(), list.GetIteratorEnd()};
+}
+
+const char* const kCustomLambert =
+    "MAP_PROJECTION_DEFINITION {\n"
+    "  LAMBERT_CONIC_2SP_PROJECTION {\n"
+    "    Projection_Name = \"My Lambert\"\n    Branch_Name = \"Mine\"\n    Ellipsoid = \"RF\"\n"
+    "    Parallel_1 = 44\n    Parallel_2 = 49\n    Origin_Longitude = 3\n"
+    "    Origin_Latitude = 46.5\n    Feast = 700000\n    Fnorth = 6600000\n  }\n"
+    "  NOT_A_PROJECTION {\n    Projection_Name = \"Skipped\"\n  }\n"
+    "  MERCATOR_PROJECTION {\n    Projection_Name = \"Old Mercator\"\n    Ellipsoid = \"WE\"\n"
+    "    Parallel_1 = 0\n    Centre = 0\n    Feast = 0\n    Fnorth = 0\n  }\n"
+    "}\n";
+
+}  // namespace
+
+TEST(ProjectionCatalogue, OrderGeographicZonesFilesLocal) {
+    std::vector<CGxMapProjData*> all = Entries(CGxCartSetup::Instance().GetMapProjectionList());
+    ASSERT_GT(all.size(), 62u);
+    EXPECT_EQ(all.front()->GetName(), "LONG/LAT");
+    EXPECT_EQ(all.front()->GetProjectionType(), CGxMapProjData::eGeographical);
+    EXPECT_EQ(all.front()->GetBranchName(), "Non UTM Projections");
+    for (int zone = 1; zone <= 60; ++zone) {
+        EXPECT_EQ(all[zone]->GetName(), "UTM-" + std::to_string(zone));
+        EXPECT_EQ(all[zone]->GetBranchName(), "UTM Projections");
+        EXPECT_FALSE(all[zone]->CanEdit());
+        EXPECT_FALSE(all[zone]->CanDelete());
+    }
+    EXPECT_EQ(all.back()->GetName(), "NON-UTM");
+    EXPECT_EQ(all.back()->GetProjectionType(), CGxMapProjData::eTransverseMercator);
+    EXPECT_EQ(all.back()->GetBranchName(), "Non UTM Projections");
+    // The system files sit between the zones and the local grid, not editable.
+    EXPECT_GT(all.size(), 61u + 60u + 1u);
+    for (std::size_t i = 61; i + 1 < all.size(); ++i) EXPECT_FALSE(all[i]->CanEdit()) << i;
+}
+
+TEST(ProjectionCatalogue, Utm33IsTheWgs84ZoneOnFifteenEast) {
+    auto* zone = dynamic_cast<CGxTransverseMercatorProjection*>(
+        CGxCartSetup::Instance().GetMapProjectionList().GetMapProjection("UTM-33"));
+    ASSERT_NE(zone, nullptr);
+    EXPECT_EQ(zone->GetCentre(), 15.0);
+    EXPECT_EQ(zone->GetScale(), 0.9996);
+    EXPECT_EQ(zone->GetFalseEasting(), 500000.0);
+    EXPECT_EQ(zone->GetEllipsoidID(), "WE");
+    // echo "12 45 0 0" | cct -d 6 +proj=utm +zone=33 +ellps=WGS84
+    //   263553.973899  4987329.504699
+    std::unique_ptr<CGxProjection> tm(zone->CreateProjection());
+    ASSERT_NE(tm, nullptr);
+    double x = 0, y = 0;
+    tm->Geo2Proj(12, 45, &x, &y);
+    EXPECT_NEAR(x, 263553.973899, 1e-3);
+    EXPECT_NEAR(y, 4987329.504699, 1e-3);
+    // Zone 1 and zone 60 at the ends of the longitude range.
+    auto* z1 = dynamic_cast<CGxTransverseMercatorProjection*>(
+        CGxCartSetup::Instance().GetMapProjectionList().GetMapProjection("UTM-1"));
+    auto* z60 = dynamic_cast<CGxTransverseMercatorProjection*>(
+        CGxCartSetup::Instance().GetMapProjectionList().GetMapProjection("UTM-60"));
+    ASSERT_TRUE(z1 && z60);
+    EXPECT_EQ(z1->GetCentre(), -177.0);
+    EXPECT_EQ(z60->GetCentre(), 177.0);
+}
+
+TEST(ProjectionCatalogue, LookUpIsExactAndCaseSensitive) {
+    CGxMapProjectionList& list = CGxCartSetup::Instance().GetMapProjectionList();
+    EXPECT_EQ(list.GetMapProjection("utm-33"), nullptr);
+    EXPECT_EQ(list.GetMapProjection("UTM-33 "), nullptr);
+    EXPECT_EQ(list.GetMapProjection("UTM-61"), nullptr);
+    EXPECT_NE(list.GetMapProjection("LONG/LAT"), nullptr);
+    // A WKT text is looked up by its PROJCS name.
+    EXPECT_EQ(list.GetMapProjection("PROJCS[\"UTM-32\",GEOGCS[\"x\",DATUM[\"d\",SPHEROID[\"s\",1,1]],"
+                                    "PRIMEM[\"G\",0],UNIT[\"Degree\",0.0174532925199433]],"
+                                    "PROJECTION[\"Transverse_Mercator\"],UNIT[\"Meter\",1]]"),
+              list.GetMapProjection("UTM-32"));
+}
+
+TEST(ProjectionCatalogue, CustomFileEntriesAreEditableAndUnknownSectionsSkipped) {
+    TempFolder dir;
+    WriteText(dir / "custom_projection.zpf", kCustomLambert);
+    CGxMapProjectionList custom;
+    custom.ReadMapProjections(dir.folder() + "custom_projection.zpf", true);
+    std::vector<CGxMapProjData*> read = Entries(custom);
+    ASSERT_EQ(read.size(), 2u);
+    EXPECT_EQ(read[0]->GetProjectionType(), CGxMapProjData::eLambert2SP);
+    EXPECT_TRUE(read[0]->CanEdit());
+    EXPECT_TRUE(read[0]->CanDelete());
+    EXPECT_EQ(static_cast<CGxLambert2SPProjection*>(read[0])->GetOriginLatitude(), 46.5);
+    // The old Mercator section name reads as Mercator with two standard parallels.
+    EXPECT_EQ(read[1]->GetProjectionType(), CGxMapProjData::eMercator2SP);
+
+    // The same file read as a system file is never written back.
+    CGxMapProjectionList system;
+    system.ReadMapProjections(dir.folder() + "custom_projection.zpf", false);
+    ASSERT_EQ(Entries(system).size(), 2u);
+    ASSERT_TRUE(system.WriteCustomMapProjections(dir.folder() + "written.zpf"));
+    CGxMapProjectionList back;
+    back.ReadMapProjections(dir.folder() + "written.zpf", true);
+    EXPECT_TRUE(Entries(back).empty());
+
+    // Editable entries survive write and read with every value.
+    ASSERT_TRUE(custom.WriteCustomMapProjections(dir.folder() + "written.zpf"));
+    back.ReadMapProjections(dir.folder() + "written.zpf", true);
+    ASSERT_EQ(Entries(back).size(), 2u);
+    auto* lambert = static_cast<CGxLambert2SPProjection*>(back.GetMapProjection("My Lambert"));
+    ASSERT_NE(lambert, nullptr);
+    EXPECT_EQ(lambert->GetParallel1(), 44.0);
+    EXPECT_EQ(lambert->GetFalseNorthing(), 6600000.0);
+    EXPECT_EQ(lambert->GetBranchName(), "Mine");
+
+    back.DeleteMapProjection(lambert);
+    EXPECT_EQ(back.GetMapProjection("My Lambert"), nullptr);
+}
+
+namespace {
+void AddProjectionAndUnload(const std::string& user) {
+    CGxCartSetup& setup = CGxCartSetup::Instance();
+    setup.GetMapProjectionList().AddMapProjection(new CGxTransverseMercatorProjection(
+        "Site grid", "Projects", "IN", 1.0, 7.5, 0, 0, 0, true, true));
+    setup.ReadData("", user);  // points the user folder at the test's folder
+    setup.SetMapProjectionListModified();
+}
+}  // namespace
+
+TEST(ProjectionCatalogue, CustomProjectionWrittenAtUnloadIsReadByTheNextProcess) {
+    TempFolder dir;
+    pid_t pid = fork();
+    if (pid == 0) {
+        AddProjectionAndUnload(dir.folder());
+        std::exit(0);
+    }
+    int status = -1;
+    waitpid(pid, &status, 0);
+    ASSERT_EQ(status, 0);
+    CGxMapProjectionList next;
+    next.ReadMapProjections(dir.folder() + "custom_projection.zpf", true);
+    std::vector<CGxMapProjData*> read = Entries(next);
+    ASSERT_EQ(read.size(), 1u);  // the system entries are never written
+    EXPECT_EQ(read[0]->GetName(), "Site grid");
+    EXPECT_EQ(static_cast<CGxTransverseMercatorProjection*>(read[0])->GetCentre(), 7.5);
+    EXPECT_TRUE(read[0]->CanEdit());
+}
