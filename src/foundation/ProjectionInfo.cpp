@@ -42,7 +42,9 @@ bool _GetUnit(double unitFactor, const char* unitName, double* factor, char* nam
 
 // ---------------------------------------------------------------- CAxis
 
-CGxProjectionInfo::CAxis::CAxis() : type(eEast), factor(1.0), name{} { SetProperties(eEast, ""); }
+CGxProjectionInfo::CAxis::CAxis() : type(eEast), factor(1.0), name{} {
+    SetProperties(eEast, "");
+}
 
 CGxProjectionInfo::CAxis::CAxis(EType type_, const char* name_) : type(eEast), factor(1.0), name{} {
     SetProperties(type_, name_);
@@ -56,10 +58,15 @@ void CGxProjectionInfo::CAxis::SetProperties(EType type_, const char* name_) {
     type = type_;
     switch (type_) {
         case eEast:
-        case eNorth: factor = 1.0; break;
+        case eNorth:
+            factor = 1.0;
+            break;
         case eWest:
-        case eSouth: factor = -1.0; break;
-        default: break;
+        case eSouth:
+            factor = -1.0;
+            break;
+        default:
+            break;
     }
     _CopyName(name, kNameSize, name_);
 }
@@ -114,9 +121,13 @@ bool CGxProjectionInfo::GetAngularUnit(double* factor, char* name) const {
     return _GetUnit(angularUnitFactor, angularUnitName, factor, name);
 }
 
-void CGxProjectionInfo::GetDatumShift(CGxDatumShift& shift) const { shift = datumShift; }
+void CGxProjectionInfo::GetDatumShift(CGxDatumShift& shift) const {
+    shift = datumShift;
+}
 
-void CGxProjectionInfo::SetDatumShift(const CGxDatumShift& shift) { datumShift = shift; }
+void CGxProjectionInfo::SetDatumShift(const CGxDatumShift& shift) {
+    datumShift = shift;
+}
 
 void CGxProjectionInfo::GetAxisTypes(CAxis::EType& first, CAxis::EType& second) const {
     first = axis1.GetType();

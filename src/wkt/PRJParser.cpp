@@ -104,7 +104,9 @@ std::string _NameValue(const std::string& text, const std::string& keyword, std:
     return tokens.Rest();
 }
 
-bool _IsPresent(double v) { return !GxIsUnset(v); }
+bool _IsPresent(double v) {
+    return !GxIsUnset(v);
+}
 
 // Whether the rectified grid angle of an oblique Mercator text differs from
 // its azimuth. Angles that cannot be compared (NaN, infinite) never make a
@@ -115,9 +117,13 @@ bool _AnglesDiffer(double a, double b) {
 
 }  // namespace
 
-CGxPRJParser::CGxPRJParser(const std::string& text_) : text(text_) { _initialize(); }
+CGxPRJParser::CGxPRJParser(const std::string& text_) : text(text_) {
+    _initialize();
+}
 
-CGxPRJParser::CGxPRJParser(const char* text_) : text(text_ ? text_ : "") { _initialize(); }
+CGxPRJParser::CGxPRJParser(const char* text_) : text(text_ ? text_ : "") {
+    _initialize();
+}
 
 CGxPRJParser::~CGxPRJParser() = default;
 
@@ -180,9 +186,9 @@ int CGxPRJParser::_GetBracketLevel(const std::string& text) {
 
 int CGxPRJParser::IsPRJ(const std::string& text) {
     if (_MatchBrackets(text) != -1 || !_MatchCommas(text)) return 0;
-    return text.find("PROJCS") != std::string::npos || text.find("GEOGCS") != std::string::npos
-               ? 1
-               : 0;
+    const bool named =
+        text.find("PROJCS") != std::string::npos || text.find("GEOGCS") != std::string::npos;
+    return named ? 1 : 0;
 }
 
 // ---------------------------------------------------------------- name readers
@@ -277,7 +283,8 @@ bool CGxPRJParser::Parse(bool sortParallels) {
 
     // The first UNIT belongs to the geographic system; the linear unit of a
     // projected system is the next one after it.
-    const std::string afterAngularUnit = GetNameParam(text, "UNIT", angularUnitName, angularUnitFactor);
+    const std::string afterAngularUnit =
+        GetNameParam(text, "UNIT", angularUnitName, angularUnitFactor);
     if (GxIsUnset(angularUnitFactor)) {
         projectionType = CGxMapProjData::eInvalidProjection;
         return false;
@@ -455,24 +462,51 @@ bool CGxPRJParser::_ReadParameters(const std::string& projectionText) {
         case CGxMapProjData::eTransverseMercator:
         case CGxMapProjData::eLambert1SP:
         case CGxMapProjData::ePolarStereographic:
-        case CGxMapProjData::eNonProjected: use(kOriginScale); break;
-        case CGxMapProjData::eLambert2SP: use(kLambert); break;
-        case CGxMapProjData::eStereographic: use(kStereographic); break;
-        case CGxMapProjData::eNewZealandMapGrid: use(kNewZealand); break;
+        case CGxMapProjData::eNonProjected:
+            use(kOriginScale);
+            break;
+        case CGxMapProjData::eLambert2SP:
+            use(kLambert);
+            break;
+        case CGxMapProjData::eStereographic:
+            use(kStereographic);
+            break;
+        case CGxMapProjData::eNewZealandMapGrid:
+            use(kNewZealand);
+            break;
         case CGxMapProjData::eHotineObliqueMercator:
-        case CGxMapProjData::eObliqueMercator: use(kHotine); break;
-        case CGxMapProjData::eRectifiedSkewOrthomorphic: use(kSkewOrthomorphic); break;
-        case CGxMapProjData::eRotatedLongitudeLatitude: use(kRotatedPole); break;
+        case CGxMapProjData::eObliqueMercator:
+            use(kHotine);
+            break;
+        case CGxMapProjData::eRectifiedSkewOrthomorphic:
+            use(kSkewOrthomorphic);
+            break;
+        case CGxMapProjData::eRotatedLongitudeLatitude:
+            use(kRotatedPole);
+            break;
         case CGxMapProjData::eMercator2SP:
         case CGxMapProjData::eStereographicNorthPole:
-        case CGxMapProjData::eStereographicSouthPole: use(kStandardParallel); break;
-        case CGxMapProjData::eMercator1SP: use(kMercatorScale); break;
-        case CGxMapProjData::eKrovak: use(kKrovak); break;
+        case CGxMapProjData::eStereographicSouthPole:
+            use(kStandardParallel);
+            break;
+        case CGxMapProjData::eMercator1SP:
+            use(kMercatorScale);
+            break;
+        case CGxMapProjData::eKrovak:
+            use(kKrovak);
+            break;
         case CGxMapProjData::eAlbersEqualArea:
-        case CGxMapProjData::eEquidistantConic: use(kConic); break;
-        case CGxMapProjData::eLambertAzimuthalEqualArea: use(kAzimuthalEqualArea); break;
-        case CGxMapProjData::eCassiniSoldner: use(kCassini); break;
-        default: break;  // geographical: no parameters
+        case CGxMapProjData::eEquidistantConic:
+            use(kConic);
+            break;
+        case CGxMapProjData::eLambertAzimuthalEqualArea:
+            use(kAzimuthalEqualArea);
+            break;
+        case CGxMapProjData::eCassiniSoldner:
+            use(kCassini);
+            break;
+        default:
+            break;  // geographical: no parameters
     }
 
     bool complete = true;
@@ -514,7 +548,8 @@ bool CGxPRJParser::_ReadParameters(const std::string& projectionText) {
                 projectionType = CGxMapProjData::eRectifiedSkewOrthomorphic;
             }
             break;
-        default: break;
+        default:
+            break;
     }
     return complete;
 }

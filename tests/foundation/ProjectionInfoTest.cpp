@@ -83,9 +83,11 @@ TEST(ProjectionInfo, FromReadText) {
     CGxPRJParser parser(
         "PROJCS[\"p\",GEOGCS[\"g\",DATUM[\"d\",SPHEROID[\"s\",6378388,297],"
         "TOWGS84[-87,-98,-121,0,0,0,0]],PRIMEM[\"Greenwich\",0],UNIT[\"grad\",0.0157079632679489]],"
-        "PROJECTION[\"Mercator_1SP\"],PARAMETER[\"False_Easting\",0],PARAMETER[\"False_Northing\",0],"
+        "PROJECTION[\"Mercator_1SP\"],PARAMETER[\"False_Easting\",0],PARAMETER[\"False_Northing\","
+        "0],"
         "PARAMETER[\"Central_Meridian\",0],PARAMETER[\"Scale_Factor\",1],"
-        "UNIT[\"US survey foot\",0.304800609601219],AXIS[\"Northing\",NORTH],AXIS[\"Easting\",EAST]]");
+        "UNIT[\"US survey "
+        "foot\",0.304800609601219],AXIS[\"Northing\",NORTH],AXIS[\"Easting\",EAST]]");
     ASSERT_TRUE(parser.Parse(false));
     CGxProjectionInfo info;
     info.SetProjectionInfo(parser);

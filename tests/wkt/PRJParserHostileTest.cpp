@@ -93,8 +93,8 @@ TEST(PRJParserHostile, KeywordWithNothingAfterIt) {
     for (const char* keyword : {"COMPD_CS", "PROJCS", "DATUM", "SPHEROID", "TOWGS84", "PRIMEM",
                                 "PROJECTION", "PARAMETER", "AXIS"}) {
         SCOPED_TRACE(keyword);
-        const std::string text = std::string(keyword == std::string("PROJCS") ? "GEOGCS" : "PROJCS") +
-                                 "[,,]" + keyword;
+        const std::string text =
+            std::string(keyword == std::string("PROJCS") ? "GEOGCS" : "PROJCS") + "[,,]" + keyword;
         CGxPRJParser parser(text);
         EXPECT_FALSE(ParseChecked(parser));
         EXPECT_EQ(CGxPRJParser::GetName(text, keyword), "");
@@ -191,9 +191,10 @@ TEST(PRJParserHostile, ExtremeNumbersAndLongNames) {
 // Random bytes (never NUL) mixed with the keywords and delimiters the reader
 // looks for, balanced or not: every reader ends with a defined result.
 TEST(PRJParserHostile, BinaryGarbage) {
-    const char* pieces[] = {"PROJCS", "GEOGCS", "DATUM", "SPHEROID", "TOWGS84", "PRIMEM",
-                            "UNIT", "PROJECTION", "PARAMETER", "AXIS", "COMPD_CS", "[", "]",
-                            "\"", ",", "\"Scale_Factor\"", "\"Azimuth\"", "nan", "1e308"};
+    const char* pieces[] = {"PROJCS",           "GEOGCS",      "DATUM",      "SPHEROID",  "TOWGS84",
+                            "PRIMEM",           "UNIT",        "PROJECTION", "PARAMETER", "AXIS",
+                            "COMPD_CS",         "[",           "]",          "\"",        ",",
+                            "\"Scale_Factor\"", "\"Azimuth\"", "nan",        "1e308"};
     std::uint32_t state = 12345;
     auto next = [&state]() {
         state = state * 1664525u + 1013904223u;
