@@ -8,6 +8,8 @@
 #include "definitions/MapProjData.h"
 #include "foundation/GxExport.h"
 
+class CGxProjection;
+
 // One coordinate system in the flat form in which an OGC well-known text (the
 // one-line content of a .prj file) states it: the names of the projected and
 // geographic systems, datum, spheroid, prime meridian, units, datum shift,
@@ -34,6 +36,9 @@ public:
     // Store the text; Parse reads it. A null pointer stands for an empty text.
     explicit CGxPRJParser(const std::string& text);
     explicit CGxPRJParser(const char* text);
+    // Filled for writing by the object itself (its TransferParameters).
+    explicit CGxPRJParser(CGxMapProjData* definition);
+    explicit CGxPRJParser(CGxProjection* projection);
     virtual ~CGxPRJParser();
 
     // Fills the members from the text; true when a coordinate system of a
@@ -89,6 +94,26 @@ public:
     // spaces per open bracket, at most sixteen levels deep): each element
     // starts a new line after the comma before its keyword.
     static void FormatAsReadableWKT(const std::string& in, std::string& out);
+
+    // Writes the system as one line of WKT (a PROJCS); false for a type
+    // outside 1..21, when out holds the text up to the PROJECTION element.
+    bool Format(std::string& out) const;
+    // The same into a caller's buffer; false, with the buffer untouched, when
+    // the text and its terminator do not fit.
+    bool Format(char* buffer, int size) const;
+    // The DATUM name of a WKT text.
+    static std::string DatumName(const std::string& text);
+
+    // A new algorithm for the parsed system (angles in degrees, lengths in
+    // metres), owned by the caller; null when the type gives none. Writes the
+    // derived scale or parallel of the Mercator and polar types back.
+    CGxProjection* CreateMapProjection();
+    // The parameters of the definition the parsed system gives, with their
+    // units; 0 parameters and the title "Non projection" when it gives none.
+    int GetNoOfParameters() const;
+    int GetParameter(int index, std::string& name, double& value, std::string& unitName,
+                     double& unitFactor) const;
+    std::string GetProjectionTypeTitle() const;
 
     std::string GetProjCSname() const { return projCSname; }
     void SetProjCSname(const std::string& name) { projCSname = name; }
@@ -160,6 +185,11 @@ public:
     void SetXScale(double v) { parameters[kXScale] = v; }
     double GetYScale() const { return parameters[kYScale]; }
     void SetYScale(double v) { parameters[kYScale] = v; }
+
+protected:
+    // A new definition with the values as written, owned by the caller; null
+    // for the types 21 and 22.
+    CGxMapProjData* _CreateProjData() const;
 
 private:
     // Slots of the projection parameters, in the record's order.
