@@ -1,0 +1,47 @@
+// The facade's static access to the catalogues of the setup.
+
+#include "catalogue/CartSetup.h"
+#include "definitions/MapProjData.h"
+#include "mapprojection/MapProjection.h"
+
+CGxMapProjData* CGxMapProjection::MapProjection(const std::string& name) {
+    CGxCartSetup& setup = CGxCartSetup::Instance();
+    setup.SetMapProjectionListModified();
+    return setup.GetMapProjectionList().GetMapProjection(name);
+}
+
+CGxEllipsoid* CGxMapProjection::Ellipsoid(const std::string& name) {
+    CGxCartSetup& setup = CGxCartSetup::Instance();
+    const CGxMapProjData* definition = setup.GetMapProjectionList().GetMapProjection(name);
+    if (!definition) return nullptr;
+    return EllipsoidFromID(definition->GetEllipsoidID());
+}
+
+CGxEllipsoid* CGxMapProjection::EllipsoidFromID(const std::string& id) {
+    if (id.empty()) return nullptr;
+    return CGxCartSetup::Instance().GetEllipsoidList().GetEllipsoid(id);
+}
+
+CGxEllipsoid* CGxMapProjection::EllipsoidFromName(const std::string& name) {
+    return CGxCartSetup::Instance().GetEllipsoidList().GetEllipsoidFromName(name);
+}
+
+void CGxMapProjection::AddEllipsoid(CGxEllipsoid* ellipsoid) {
+    CGxCartSetup::Instance().GetEllipsoidList().AddEllipsoid(ellipsoid);
+}
+
+void CGxMapProjection::EditEllipsoid(CGxEllipsoid* ellipsoid) {
+    CGxCartSetup::Instance().GetEllipsoidList().EditEllipsoid(ellipsoid);
+}
+
+void CGxMapProjection::DeleteEllipsoid(CGxEllipsoid* ellipsoid) {
+    CGxCartSetup::Instance().GetEllipsoidList().DeleteEllipsoid(ellipsoid);
+}
+
+void CGxMapProjection::AddMapProjection(CGxMapProjData* definition) {
+    CGxCartSetup::Instance().GetMapProjectionList().AddMapProjection(definition);
+}
+
+void CGxMapProjection::DeleteMapProjection(CGxMapProjData* definition) {
+    CGxCartSetup::Instance().GetMapProjectionList().DeleteMapProjection(definition);
+}
