@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "projections/Lambert1SP.h"
+
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -44,5 +46,5 @@ CGxLambert1SPProjection::CGxLambert1SPProjection(const std::string& name,
                            canDelete, canEdit) {}
 
 CGxProjection* CGxLambert1SPProjection::CreateProjection() const {
-    return nullptr;
+    return new CGxLambert1SP(this);
 }

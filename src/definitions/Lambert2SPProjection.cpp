@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "projections/Lambert2SP.h"
+
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -46,5 +48,5 @@ CGxLambert2SPProjection::CGxLambert2SPProjection(const std::string& name,
           canDelete, canEdit) {}
 
 CGxProjection* CGxLambert2SPProjection::CreateProjection() const {
-    return nullptr;
+    return new CGxLambert2SP(this);
 }

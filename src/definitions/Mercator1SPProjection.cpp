@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "projections/Mercator1SP.h"
+
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -42,5 +44,5 @@ CGxMercator1SPProjection::CGxMercator1SPProjection(const std::string& name,
                            {scale, centre, falseEasting, falseNorthing}, canDelete, canEdit) {}
 
 CGxProjection* CGxMercator1SPProjection::CreateProjection() const {
-    return nullptr;
+    return new CGxMercator1SP(this);
 }

@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "projections/Mercator2SP.h"
+
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -42,5 +44,5 @@ CGxMercator2SPProjection::CGxMercator2SPProjection(const std::string& name,
                            {parallel1, centre, falseEasting, falseNorthing}, canDelete, canEdit) {}
 
 CGxProjection* CGxMercator2SPProjection::CreateProjection() const {
-    return nullptr;
+    return new CGxMercator2SP(this);
 }

@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "projections/PolarStereographic.h"
+
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -43,5 +45,5 @@ CGxPolarStereographicProjection::CGxPolarStereographicProjection(
                            canEdit) {}
 
 CGxProjection* CGxPolarStereographicProjection::CreateProjection() const {
-    return nullptr;
+    return new CGxPolarStereographic(this);
 }

@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "projections/StereographicNorthPole.h"
+
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -41,5 +43,5 @@ CGxStereographicNorthPoleProjection::CGxStereographicNorthPoleProjection(
                            {parallel1, centre, falseEasting, falseNorthing}, canDelete, canEdit) {}
 
 CGxProjection* CGxStereographicNorthPoleProjection::CreateProjection() const {
-    return nullptr;
+    return new CGxStereographicNorthPole(this);
 }

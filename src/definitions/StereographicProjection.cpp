@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "projections/Stereographic.h"
+
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -44,5 +46,5 @@ CGxStereographicProjection::CGxStereographicProjection(const std::string& name,
                            canEdit) {}
 
 CGxProjection* CGxStereographicProjection::CreateProjection() const {
-    return nullptr;
+    return new CGxStereographic(this);
 }

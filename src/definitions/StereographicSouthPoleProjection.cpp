@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "projections/StereographicSouthPole.h"
+
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -41,5 +43,5 @@ CGxStereographicSouthPoleProjection::CGxStereographicSouthPoleProjection(
                            {parallel1, centre, falseEasting, falseNorthing}, canDelete, canEdit) {}
 
 CGxProjection* CGxStereographicSouthPoleProjection::CreateProjection() const {
-    return nullptr;
+    return new CGxStereographicSouthPole(this);
 }

@@ -9,6 +9,7 @@
 
 #include <cmath>
 
+#include "definitions/Lambert1SPProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
 #include "projections/ConformalLatitude.h"
@@ -17,18 +18,34 @@
 CGxLambert1SP::CGxLambert1SP(const char* name_, double scale, double originLongitude,
                              double originLatitude, double falseEasting, double falseNorthing,
                              const CGxEllipsoid& ellipsoid)
-    : name(name_),
-      a(ellipsoid.GetMajor()),
-      f(ellipsoid.GetFlatness()),
-      lat0(originLatitude * kGxDegToRad),
-      k0(scale) {
+    : name(name_) {
+    _Setup(scale, originLongitude, originLatitude, falseEasting, falseNorthing, ellipsoid);
+}
+
+CGxLambert1SP::CGxLambert1SP(const CGxLambert1SPProjection* def)
+    : name(GxDefinitionName(def).c_str()) {
+    // Without a known ellipsoid the grid has no figure: every point converts
+    // to NaN.
+    if (const CGxEllipsoid* ellipsoid = GxDefinitionEllipsoid(def)) {
+        _Setup(def->GetScale(), def->GetOriginLongitude(), def->GetOriginLatitude(),
+               def->GetFalseEasting(), def->GetFalseNorthing(), *ellipsoid);
+    }
+}
+
+void CGxLambert1SP::_Setup(double scale, double originLongitude, double originLatitude,
+                           double falseEasting, double falseNorthing,
+                           const CGxEllipsoid& ellipsoid) {
+    a = ellipsoid.GetMajor();
+    f = ellipsoid.GetFlatness();
+    lat0 = originLatitude * kGxPi / 180.0;
+    k0 = scale;
     const double e = ellipsoid.GetEccentricity();
     const double m0 = GxParallelRadius(lat0, e * e);
     double t0 = GxConformalT(lat0, e);
     if (t0 < 0) t0 = 0;
     const double n = std::sin(lat0);
     const double F = m0 / (n * std::pow(t0, n));
-    cone.Set(e, n, a * F * k0, originLongitude * kGxDegToRad, lat0, falseEasting, falseNorthing);
+    cone.Set(e, n, a * F * k0, originLongitude * kGxPi / 180.0, lat0, falseEasting, falseNorthing);
 }
 
 const char* CGxLambert1SP::GetName() const {
@@ -54,13 +71,13 @@ void CGxLambert1SP::Proj2Geo(double x, double y, double* lon, double* lat) const
 }
 
 void CGxLambert1SP::GetOrigin(double* lon, double* lat) const {
-    *lon = cone.lon0 * kGxRadToDeg;
-    *lat = lat0 * kGxRadToDeg;
+    *lon = cone.lon0 * 180.0 / kGxPi;
+    *lat = lat0 * 180.0 / kGxPi;
 }
 
 double CGxLambert1SP::GetConvergence(double lon, double) const {
     if (name.isLocal) return 0.0;
-    return (lon - cone.lon0 * kGxRadToDeg) * cone.n;
+    return (lon - cone.lon0 * 180.0 / kGxPi) * cone.n;
 }
 
 void CGxLambert1SP::GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const {

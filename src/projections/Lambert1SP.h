@@ -1,10 +1,12 @@
 #pragma once
 
 #include "foundation/Projection.h"
+#include "projections/FromDefinition.h"
 #include "projections/LambertConeMath.h"
 #include "projections/ProjectionSupport.h"
 
 class CGxEllipsoid;
+class CGxLambert1SPProjection;
 
 // Lambert conformal conic with one standard parallel: the cone touches the
 // ellipsoid along the parallel of the natural origin, where the scale is k0.
@@ -15,6 +17,10 @@ public:
     // and northing in the ellipsoid's unit.
     CGxLambert1SP(const char* name, double scale, double originLongitude, double originLatitude,
                   double falseEasting, double falseNorthing, const CGxEllipsoid& ellipsoid);
+    // From a definition: its name, its parameters and the catalogue ellipsoid
+    // of its identifier. With a null definition, an empty or an unknown
+    // identifier the grid keeps only the name and its numbers stay NaN.
+    explicit CGxLambert1SP(const CGxLambert1SPProjection* definition);
 
     const char* GetName() const override;
     void Geo2Proj(double lon, double lat, double* x, double* y) const override;
@@ -31,10 +37,15 @@ public:
     CGxProjection* Clone() const override;
 
 private:
+    // Takes the parameters (as for the constructor by numbers) and computes
+    // every coefficient; called once, while the object is being built.
+    void _Setup(double scale, double originLongitude, double originLatitude, double falseEasting,
+                double falseNorthing, const CGxEllipsoid& ellipsoid);
+
     GxProjectionName name;
-    double a;
-    double f;     // flattening, 0 for a sphere
-    double lat0;  // radians
-    double k0;
+    double a = kGxNoFigure;
+    double f = kGxNoFigure;     // flattening, 0 for a sphere
+    double lat0 = kGxNoFigure;  // radians
+    double k0 = kGxNoFigure;
     GxLambertCone cone;
 };

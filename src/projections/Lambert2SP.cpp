@@ -8,6 +8,7 @@
 
 #include <cmath>
 
+#include "definitions/Lambert2SPProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
 #include "projections/ConformalLatitude.h"
@@ -16,12 +17,30 @@
 CGxLambert2SP::CGxLambert2SP(const char* name_, double parallel1, double parallel2,
                              double originLongitude, double originLatitude, double falseEasting,
                              double falseNorthing, const CGxEllipsoid& ellipsoid)
-    : name(name_),
-      a(ellipsoid.GetMajor()),
-      f(ellipsoid.GetFlatness()),
-      lat1(parallel1 * kGxDegToRad),
-      lat2(parallel2 * kGxDegToRad),
-      latF(originLatitude * kGxDegToRad) {
+    : name(name_) {
+    _Setup(parallel1, parallel2, originLongitude, originLatitude, falseEasting, falseNorthing,
+           ellipsoid);
+}
+
+CGxLambert2SP::CGxLambert2SP(const CGxLambert2SPProjection* def)
+    : name(GxDefinitionName(def).c_str()) {
+    // Without a known ellipsoid the grid has no figure: every point converts
+    // to NaN.
+    if (const CGxEllipsoid* ellipsoid = GxDefinitionEllipsoid(def)) {
+        _Setup(def->GetParallel1(), def->GetParallel2(), def->GetOriginLongitude(),
+               def->GetOriginLatitude(), def->GetFalseEasting(), def->GetFalseNorthing(),
+               *ellipsoid);
+    }
+}
+
+void CGxLambert2SP::_Setup(double parallel1, double parallel2, double originLongitude,
+                           double originLatitude, double falseEasting, double falseNorthing,
+                           const CGxEllipsoid& ellipsoid) {
+    a = ellipsoid.GetMajor();
+    f = ellipsoid.GetFlatness();
+    lat1 = parallel1 * kGxPi / 180.0;
+    lat2 = parallel2 * kGxPi / 180.0;
+    latF = originLatitude * kGxPi / 180.0;
     const double e = ellipsoid.GetEccentricity();
     const double e2 = e * e;
     const double m1 = GxParallelRadius(lat1, e2);
@@ -31,7 +50,7 @@ CGxLambert2SP::CGxLambert2SP(const char* name_, double parallel1, double paralle
     const double n = lat1 != lat2 ? (std::log(m1) - std::log(m2)) / (std::log(t1) - std::log(t2))
                                   : std::sin(lat1);
     const double F = m1 / (std::pow(t1, n) * n);
-    cone.Set(e, n, a * F, originLongitude * kGxDegToRad, latF, falseEasting, falseNorthing);
+    cone.Set(e, n, a * F, originLongitude * kGxPi / 180.0, latF, falseEasting, falseNorthing);
 }
 
 const char* CGxLambert2SP::GetName() const {
@@ -57,13 +76,13 @@ void CGxLambert2SP::Proj2Geo(double x, double y, double* lon, double* lat) const
 }
 
 void CGxLambert2SP::GetOrigin(double* lon, double* lat) const {
-    *lon = cone.lon0 * kGxRadToDeg;
-    *lat = latF * kGxRadToDeg;
+    *lon = cone.lon0 * 180.0 / kGxPi;
+    *lat = latF * 180.0 / kGxPi;
 }
 
 double CGxLambert2SP::GetConvergence(double lon, double) const {
     if (name.isLocal) return 0.0;
-    return (lon - cone.lon0 * kGxRadToDeg) * cone.n;
+    return (lon - cone.lon0 * 180.0 / kGxPi) * cone.n;
 }
 
 void CGxLambert2SP::GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const {
@@ -72,7 +91,7 @@ void CGxLambert2SP::GetDefaultArea(double* x0, double* y0, double* x1, double* y
     // A false origin at the pole sits at the apex, where a box of +-3 degrees
     // would show almost nothing of the cone; centre the box on the band
     // between the standard parallels instead.
-    if (GxIsNear(lat, 90.0) || GxIsNear(lat, -90.0)) lat = (lat1 + lat2) * 0.5 * kGxRadToDeg;
+    if (GxIsNear(lat, 90.0) || GxIsNear(lat, -90.0)) lat = (lat1 + lat2) * 0.5 * 180.0 / kGxPi;
     GxDefaultAreaAround(*this, lon, lat, 3.0, x0, y0, x1, y1);
 }
 

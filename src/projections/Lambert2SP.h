@@ -1,10 +1,12 @@
 #pragma once
 
 #include "foundation/Projection.h"
+#include "projections/FromDefinition.h"
 #include "projections/LambertConeMath.h"
 #include "projections/ProjectionSupport.h"
 
 class CGxEllipsoid;
+class CGxLambert2SPProjection;
 
 // Lambert conformal conic with two standard parallels, true to scale on both;
 // coordinates count from a false origin.
@@ -17,6 +19,10 @@ public:
     CGxLambert2SP(const char* name, double parallel1, double parallel2, double originLongitude,
                   double originLatitude, double falseEasting, double falseNorthing,
                   const CGxEllipsoid& ellipsoid);
+    // From a definition: its name, its parameters and the catalogue ellipsoid
+    // of its identifier. With a null definition, an empty or an unknown
+    // identifier the grid keeps only the name and its numbers stay NaN.
+    explicit CGxLambert2SP(const CGxLambert2SPProjection* definition);
 
     const char* GetName() const override;
     void Geo2Proj(double lon, double lat, double* x, double* y) const override;
@@ -33,11 +39,16 @@ public:
     CGxProjection* Clone() const override;
 
 private:
+    // Takes the parameters (as for the constructor by numbers) and computes
+    // every coefficient; called once, while the object is being built.
+    void _Setup(double parallel1, double parallel2, double originLongitude, double originLatitude,
+                double falseEasting, double falseNorthing, const CGxEllipsoid& ellipsoid);
+
     GxProjectionName name;
-    double a;
-    double f;     // flattening, 0 for a sphere
-    double lat1;  // radians
-    double lat2;  // radians
-    double latF;  // radians
+    double a = kGxNoFigure;
+    double f = kGxNoFigure;     // flattening, 0 for a sphere
+    double lat1 = kGxNoFigure;  // radians
+    double lat2 = kGxNoFigure;  // radians
+    double latF = kGxNoFigure;  // radians
     GxLambertCone cone;
 };

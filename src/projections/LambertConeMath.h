@@ -4,6 +4,7 @@
 
 #include "foundation/Tolerance.h"
 #include "projections/ConformalLatitude.h"
+#include "projections/FromDefinition.h"
 
 // The map geometry shared by the one- and two-parallel Lambert conformal
 // conics. A parallel of isometric term t is drawn as a circle of radius
@@ -17,22 +18,30 @@
 // with t exactly 0 (t of -90 degrees in the direct form is a large finite
 // number, because tan(pi/2) is, which misses the apex by centimetres), and in
 // both the isometric term is clamped beyond the apex pole.
+//
+// Angles change units as (degrees times pi) / 180 and (radians times 180) / pi,
+// multiplication first, not through the rounded factors kGxDegToRad and
+// kGxRadToDeg: the two differ in the last bit, and the Lambert grids are
+// defined with this rounding (in the constructors, the origin and the
+// convergence too).
+//
+// Until Set is called the cone has no figure and every point converts to NaN.
 struct GxLambertCone {
-    double e;        // first eccentricity
-    double n;        // cone constant
-    double apex;     // +1 for a cone with its apex at the north pole, -1 south
-    double absN;     // |n|
-    double invAbsN;  // 1/|n|
-    double scale;    // a F, times k0 for the one-parallel form
-    double rOrigin;  // map radius of the origin parallel
-    double lon0;     // radians
-    double falseEasting;
-    double falseNorthing;
+    double e = kGxNoFigure;        // first eccentricity
+    double n = kGxNoFigure;        // cone constant
+    double apex = kGxNoFigure;     // +1 for a cone with its apex at the north pole, -1 south
+    double absN = kGxNoFigure;     // |n|
+    double invAbsN = kGxNoFigure;  // 1/|n|
+    double scale = kGxNoFigure;    // a F, times k0 for the one-parallel form
+    double rOrigin = kGxNoFigure;  // map radius of the origin parallel
+    double lon0 = kGxNoFigure;     // radians
+    double falseEasting = kGxNoFigure;
+    double falseNorthing = kGxNoFigure;
 
     // Degrees in, map units out.
     void Forward(double lon, double lat, double* x, double* y) const {
-        const double r = Radius(lat * kGxDegToRad);
-        const double theta = n * (lon * kGxDegToRad - lon0);
+        const double r = Radius(lat * kGxPi / 180.0);
+        const double theta = n * (lon * kGxPi / 180.0 - lon0);
         *x = falseEasting + r * std::sin(theta);
         *y = falseNorthing + rOrigin - r * std::cos(theta);
     }
@@ -46,8 +55,8 @@ struct GxLambertCone {
         const double theta = n >= 0 ? std::atan2(dx, dy) : std::atan2(-dx, -dy);
         const double r = apex * std::hypot(dx, dy);
         const double t = std::pow(r / scale, invAbsN);
-        *lon = (theta / n + lon0) * kGxRadToDeg;
-        *lat = apex * GxLatitudeFromT(t, e) * kGxRadToDeg;
+        *lon = (theta / n + lon0) * 180.0 / kGxPi;
+        *lat = apex * GxLatitudeFromT(t, e) * 180.0 / kGxPi;
     }
 
     // Map radius of the parallel phi (radians).

@@ -3,6 +3,7 @@
 
 #include "projections/Mercator1SP.h"
 
+#include "definitions/Mercator1SPProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
 #include "projections/FourierCoefficients.h"
@@ -16,7 +17,25 @@ constexpr int kMercator1SPType = 11;
 CGxMercator1SP::CGxMercator1SP(const char* name_, double scale, double centreLongitude,
                                double falseEasting, double falseNorthing,
                                const CGxEllipsoid& ellipsoid)
-    : name(name_), a(ellipsoid.GetMajor()), f(ellipsoid.GetFlatness()), k0(scale) {
+    : name(name_) {
+    _Setup(scale, centreLongitude, falseEasting, falseNorthing, ellipsoid);
+}
+
+CGxMercator1SP::CGxMercator1SP(const CGxMercator1SPProjection* def)
+    : name(GxDefinitionName(def).c_str()) {
+    // Without a known ellipsoid the grid has no figure: every point converts
+    // to NaN.
+    if (const CGxEllipsoid* ellipsoid = GxDefinitionEllipsoid(def)) {
+        _Setup(def->GetScale(), def->GetCentre(), def->GetFalseEasting(), def->GetFalseNorthing(),
+               *ellipsoid);
+    }
+}
+
+void CGxMercator1SP::_Setup(double scale, double centreLongitude, double falseEasting,
+                            double falseNorthing, const CGxEllipsoid& ellipsoid) {
+    a = ellipsoid.GetMajor();
+    f = ellipsoid.GetFlatness();
+    k0 = scale;
     const double e = ellipsoid.GetEccentricity();
     cylinder.e = e;
     cylinder.ak0 = a * k0;

@@ -6,6 +6,7 @@
 
 #include "projections/Mercator2SP.h"
 
+#include "definitions/Mercator2SPProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
 #include "projections/FourierCoefficients.h"
@@ -20,10 +21,25 @@ constexpr int kMercator2SPType = 10;
 CGxMercator2SP::CGxMercator2SP(const char* name_, double parallel1, double centreLongitude,
                                double falseEasting, double falseNorthing,
                                const CGxEllipsoid& ellipsoid)
-    : name(name_),
-      a(ellipsoid.GetMajor()),
-      f(ellipsoid.GetFlatness()),
-      lat1(parallel1 * kGxDegToRad) {
+    : name(name_) {
+    _Setup(parallel1, centreLongitude, falseEasting, falseNorthing, ellipsoid);
+}
+
+CGxMercator2SP::CGxMercator2SP(const CGxMercator2SPProjection* def)
+    : name(GxDefinitionName(def).c_str()) {
+    // Without a known ellipsoid the grid has no figure: every point converts
+    // to NaN.
+    if (const CGxEllipsoid* ellipsoid = GxDefinitionEllipsoid(def)) {
+        _Setup(def->GetParallel1(), def->GetCentre(), def->GetFalseEasting(),
+               def->GetFalseNorthing(), *ellipsoid);
+    }
+}
+
+void CGxMercator2SP::_Setup(double parallel1, double centreLongitude, double falseEasting,
+                            double falseNorthing, const CGxEllipsoid& ellipsoid) {
+    a = ellipsoid.GetMajor();
+    f = ellipsoid.GetFlatness();
+    lat1 = parallel1 * kGxDegToRad;
     const double e = ellipsoid.GetEccentricity();
     k0 = GxParallelRadius(lat1, e * e);
     cylinder.e = e;

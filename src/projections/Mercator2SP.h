@@ -1,10 +1,12 @@
 #pragma once
 
 #include "foundation/Projection.h"
+#include "projections/FromDefinition.h"
 #include "projections/MercatorMath.h"
 #include "projections/ProjectionSupport.h"
 
 class CGxEllipsoid;
+class CGxMercator2SPProjection;
 
 // Normal-aspect Mercator on the ellipsoid, true to scale along a standard
 // parallel and its mirror; the equator scale k0 is derived from it.
@@ -15,6 +17,10 @@ public:
     // and northing in the ellipsoid's unit.
     CGxMercator2SP(const char* name, double parallel1, double centreLongitude, double falseEasting,
                    double falseNorthing, const CGxEllipsoid& ellipsoid);
+    // From a definition: its name, its parameters and the catalogue ellipsoid
+    // of its identifier. With a null definition, an empty or an unknown
+    // identifier the grid keeps only the name and its numbers stay NaN.
+    explicit CGxMercator2SP(const CGxMercator2SPProjection* definition);
 
     const char* GetName() const override;
     void Geo2Proj(double lon, double lat, double* x, double* y) const override;
@@ -33,10 +39,15 @@ public:
     CGxProjection* Clone() const override;
 
 private:
+    // Takes the parameters (as for the constructor by numbers) and computes
+    // every coefficient; called once, while the object is being built.
+    void _Setup(double parallel1, double centreLongitude, double falseEasting, double falseNorthing,
+                const CGxEllipsoid& ellipsoid);
+
     GxProjectionName name;
-    double a;
-    double f;     // flattening, 0 for a sphere
-    double lat1;  // radians
-    double k0;
+    double a = kGxNoFigure;
+    double f = kGxNoFigure;     // flattening, 0 for a sphere
+    double lat1 = kGxNoFigure;  // radians
+    double k0 = kGxNoFigure;
     GxMercatorCylinder cylinder;
 };

@@ -5,6 +5,7 @@
 #include "foundation/Projection.h"
 #include "foundation/Tolerance.h"
 #include "projections/ConformalLatitude.h"
+#include "projections/FromDefinition.h"
 #include "projections/ProjectionSupport.h"
 
 // The normal-aspect ellipsoidal Mercator shared by the scale-factor and the
@@ -12,13 +13,17 @@
 // isometric latitude; the inverse goes through the conformal latitude and the
 // fourth-order series, with no iteration. The longitude difference is not
 // reduced to +-180 degrees.
+//
+// Until it is filled the cylinder has no figure and every point converts to
+// NaN.
 struct GxMercatorCylinder {
-    double e;     // first eccentricity
-    double ak0;   // a k0
-    double lon0;  // radians
-    double falseEasting;
-    double falseNorthing;
-    double c[4];  // conformal-to-geodetic latitude series
+    double e = kGxNoFigure;     // first eccentricity
+    double ak0 = kGxNoFigure;   // a k0
+    double lon0 = kGxNoFigure;  // radians
+    double falseEasting = kGxNoFigure;
+    double falseNorthing = kGxNoFigure;
+    // Conformal-to-geodetic latitude series.
+    double c[4] = {kGxNoFigure, kGxNoFigure, kGxNoFigure, kGxNoFigure};
 
     // Degrees in, map units out. The poles lie at infinite northing.
     void Forward(double lon, double lat, double* x, double* y) const {

@@ -5,29 +5,94 @@
 
 #include <limits>
 #include <new>
+#include <string>
 #include <utility>
 
+#include "definitions/PolarStereographicProjection.h"
+#include "definitions/StereographicNorthPoleProjection.h"
+#include "definitions/StereographicProjection.h"
+#include "definitions/StereographicSouthPoleProjection.h"
 #include "foundation/Tolerance.h"
 #include "projections/Stereographic.h"
 #include "projections/StereographicNorthPole.h"
 #include "projections/StereographicSouthPole.h"
 
 namespace {
+
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+enum class EInnerForm { ePolarAspect, eSouthPole, eNorthPole };
+
+// An origin at a pole (within the nearness test) keeps the given scale at the
+// pole; any other origin latitude is a standard parallel, south of the
+// equator for the south-pole form and on or north of it for the north-pole
+// form. A latitude that is not a number falls to the north-pole form.
+EInnerForm _InnerForm(double originLatitude) {
+    if (GxIsNear(originLatitude, 90.0) || GxIsNear(originLatitude, -90.0)) {
+        return EInnerForm::ePolarAspect;
+    }
+    if (originLatitude < 0 && !GxIsNear(originLatitude, 0.0)) return EInnerForm::eSouthPole;
+    return EInnerForm::eNorthPole;
+}
+
 }  // namespace
 
 CGxPolarStereographic::CGxPolarStereographic(const char* name, double scale, double centreLongitude,
                                              double originLatitude, double falseEasting,
                                              double falseNorthing, const CGxEllipsoid& ellipsoid) {
-    if (GxIsNear(originLatitude, 90.0) || GxIsNear(originLatitude, -90.0)) {
-        inner = new (std::nothrow) CGxStereographic(name, scale, centreLongitude, originLatitude,
+    switch (_InnerForm(originLatitude)) {
+        case EInnerForm::ePolarAspect:
+            inner =
+                new (std::nothrow) CGxStereographic(name, scale, centreLongitude, originLatitude,
                                                     falseEasting, falseNorthing, ellipsoid);
-    } else if (originLatitude < 0 && !GxIsNear(originLatitude, 0.0)) {
-        inner = new (std::nothrow) CGxStereographicSouthPole(
-            name, originLatitude, centreLongitude, falseEasting, falseNorthing, ellipsoid);
-    } else {
+            break;
+        case EInnerForm::eSouthPole:
+            inner = new (std::nothrow) CGxStereographicSouthPole(
+                name, originLatitude, centreLongitude, falseEasting, falseNorthing, ellipsoid);
+            break;
+        case EInnerForm::eNorthPole:
+            inner = new (std::nothrow) CGxStereographicNorthPole(
+                name, originLatitude, centreLongitude, falseEasting, falseNorthing, ellipsoid);
+            break;
+    }
+}
+
+// The definition is restated as a definition of the chosen inner form (same
+// name, branch, ellipsoid identifier and numbers), and the inner grid is
+// built from that: it then resolves the ellipsoid by the same catalogue rule
+// as every grid built from a definition.
+CGxPolarStereographic::CGxPolarStereographic(const CGxPolarStereographicProjection* def) {
+    if (!def) {
         inner = new (std::nothrow) CGxStereographicNorthPole(
-            name, originLatitude, centreLongitude, falseEasting, falseNorthing, ellipsoid);
+            static_cast<const CGxStereographicNorthPoleProjection*>(nullptr));
+        return;
+    }
+    const std::string name = def->GetName();
+    const std::string branch = def->GetBranchName();
+    const std::string ellipsoid = def->GetEllipsoidID();
+    const double latitude = def->GetOriginLatitude();
+    switch (_InnerForm(latitude)) {
+        case EInnerForm::ePolarAspect: {
+            const CGxStereographicProjection form(name, branch, ellipsoid, def->GetScale(),
+                                                  def->GetCentre(), latitude,
+                                                  def->GetFalseEasting(), def->GetFalseNorthing());
+            inner = new (std::nothrow) CGxStereographic(&form);
+            break;
+        }
+        case EInnerForm::eSouthPole: {
+            const CGxStereographicSouthPoleProjection form(name, branch, ellipsoid, latitude,
+                                                           def->GetCentre(), def->GetFalseEasting(),
+                                                           def->GetFalseNorthing());
+            inner = new (std::nothrow) CGxStereographicSouthPole(&form);
+            break;
+        }
+        case EInnerForm::eNorthPole: {
+            const CGxStereographicNorthPoleProjection form(name, branch, ellipsoid, latitude,
+                                                           def->GetCentre(), def->GetFalseEasting(),
+                                                           def->GetFalseNorthing());
+            inner = new (std::nothrow) CGxStereographicNorthPole(&form);
+            break;
+        }
     }
 }
 

@@ -3,6 +3,7 @@
 #include "foundation/Projection.h"
 
 class CGxEllipsoid;
+class CGxPolarStereographicProjection;
 
 // Polar stereographic for every origin latitude: an origin at a pole gives
 // the polar aspect of CGxStereographic with the given scale at the pole; any
@@ -19,6 +20,12 @@ public:
     CGxPolarStereographic(const char* name, double scale, double centreLongitude,
                           double originLatitude, double falseEasting, double falseNorthing,
                           const CGxEllipsoid& ellipsoid);
+    // From a definition: the inner form is chosen from its origin latitude as
+    // above, and that form takes the definition's name, its parameters and
+    // the catalogue ellipsoid of its identifier. With an empty or unknown
+    // identifier the inner grid keeps only the name and converts every point
+    // to NaN; a null definition gives the local grid "NON-UTM".
+    explicit CGxPolarStereographic(const CGxPolarStereographicProjection* definition);
     CGxPolarStereographic(const CGxPolarStereographic& other);
     CGxPolarStereographic& operator=(const CGxPolarStereographic& other);
     ~CGxPolarStereographic() override;
@@ -36,5 +43,5 @@ public:
 private:
     // Owned; null only when it could not be allocated, and then the wrapper
     // answers like an algorithm without parameters (NaN coordinates).
-    CGxProjection* inner;
+    CGxProjection* inner = nullptr;
 };

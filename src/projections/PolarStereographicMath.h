@@ -6,6 +6,7 @@
 #include "foundation/Tolerance.h"
 #include "projections/ConformalLatitude.h"
 #include "projections/FourierCoefficients.h"
+#include "projections/FromDefinition.h"
 #include "projections/ParallelRadius.h"
 
 // Polar aspect of the ellipsoidal stereographic projection (EPSG Guidance
@@ -30,14 +31,16 @@ inline double GxPolarScaleFromParallel(double latC, double e, bool south) {
     return GxPolarStereographicK(e) * GxParallelRadius(latC, e * e) / (2 * tc);
 }
 
+// A default-built one has no figure: every point converts to NaN.
 struct GxPolarStereographicMath {
-    double e = 0;
-    double rhoScale = 0;    // 2 a k0 / K
-    double hemisphere = 1;  // +1 north pole, -1 south pole
-    double lonOrigin = 0;   // radians
-    double falseEasting = 0;
-    double falseNorthing = 0;
-    double c[4] = {0, 0, 0, 0};  // conformal-to-geodetic latitude series
+    double e = kGxNoFigure;
+    double rhoScale = kGxNoFigure;    // 2 a k0 / K
+    double hemisphere = kGxNoFigure;  // +1 north pole, -1 south pole
+    double lonOrigin = kGxNoFigure;   // radians
+    double falseEasting = kGxNoFigure;
+    double falseNorthing = kGxNoFigure;
+    // Conformal-to-geodetic latitude series.
+    double c[4] = {kGxNoFigure, kGxNoFigure, kGxNoFigure, kGxNoFigure};
 
     GxPolarStereographicMath() = default;
 

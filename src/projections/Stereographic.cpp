@@ -9,6 +9,7 @@
 
 #include <cmath>
 
+#include "definitions/StereographicProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
 #include "projections/ConformalLatitude.h"
@@ -23,33 +24,42 @@ constexpr double kQuarterPi = 0.7853981633974483;
 CGxStereographic::CGxStereographic(const char* name_, double scale, double centreLongitude,
                                    double originLatitude, double falseEasting_,
                                    double falseNorthing_, const CGxEllipsoid& ellipsoid)
-    : name(name_),
-      a(ellipsoid.GetMajor()),
-      f(ellipsoid.GetFlatness()),
-      e(ellipsoid.GetEccentricity()),
-      lon0(centreLongitude * kGxDegToRad),
-      lat0(originLatitude * kGxDegToRad),
-      falseEasting(falseEasting_),
-      falseNorthing(falseNorthing_),
-      k0(scale),
-      aspect(eOblique),
-      R(0),
-      n(0),
-      c(0),
-      chi0(0),
-      sqrtC(0),
-      sinChi0(0),
-      cosChi0(1),
-      twoRk(0),
-      g(0),
-      h(0) {
+    : name(name_) {
+    _Setup(scale, centreLongitude, originLatitude, falseEasting_, falseNorthing_, ellipsoid);
+}
+
+CGxStereographic::CGxStereographic(const CGxStereographicProjection* def)
+    : name(GxDefinitionName(def).c_str()) {
+    // Without a known ellipsoid the grid has no figure: every point converts
+    // to NaN.
+    if (const CGxEllipsoid* ellipsoid = GxDefinitionEllipsoid(def)) {
+        _Setup(def->GetScale(), def->GetCentre(), def->GetOriginLatitude(), def->GetFalseEasting(),
+               def->GetFalseNorthing(), *ellipsoid);
+    }
+}
+
+void CGxStereographic::_Setup(double scale, double centreLongitude, double originLatitude,
+                              double falseEasting_, double falseNorthing_,
+                              const CGxEllipsoid& ellipsoid) {
+    a = ellipsoid.GetMajor();
+    f = ellipsoid.GetFlatness();
+    e = ellipsoid.GetEccentricity();
+    lon0 = centreLongitude * kGxDegToRad;
+    lat0 = originLatitude * kGxDegToRad;
+    falseEasting = falseEasting_;
+    falseNorthing = falseNorthing_;
+    k0 = scale;
     const bool northPole = GxIsNear(originLatitude, 90.0);
     if (northPole || GxIsNear(originLatitude, -90.0)) {
         aspect = northPole ? eNorthPolar : eSouthPolar;
+        R = n = c = chi0 = 0;
+        sqrtC = sinChi0 = twoRk = g = h = 0;
+        cosChi0 = 1;
         polar = GxPolarStereographicMath(kStereographicType, a, e, k0, !northPole, lon0,
                                          falseEasting, falseNorthing);
         return;
     }
+    aspect = eOblique;
     // The Gauss sphere, arranged so that the constants stay accurate as the
     // origin approaches a pole. The textbook chain w1 = ((1 + s)/(1 - s)
     // ((1 - es)/(1 + es))^e)^n, c = (n + s)/((n - s) w1), chi0 = asin(s / n)

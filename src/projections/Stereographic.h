@@ -1,10 +1,12 @@
 #pragma once
 
 #include "foundation/Projection.h"
+#include "projections/FromDefinition.h"
 #include "projections/PolarStereographicMath.h"
 #include "projections/ProjectionSupport.h"
 
 class CGxEllipsoid;
+class CGxStereographicProjection;
 
 // Oblique ("double") stereographic on the ellipsoid with a scale factor at the
 // natural origin. An origin latitude at a pole (within the 1e-12 relative
@@ -16,6 +18,11 @@ public:
     // and northing in the ellipsoid's unit.
     CGxStereographic(const char* name, double scale, double centreLongitude, double originLatitude,
                      double falseEasting, double falseNorthing, const CGxEllipsoid& ellipsoid);
+    // From a definition: its name, its parameters and the catalogue ellipsoid
+    // of its identifier. With a null definition, an empty or an unknown
+    // identifier the grid keeps only the name and its numbers stay NaN (the
+    // oblique formulas then give NaN for every point).
+    explicit CGxStereographic(const CGxStereographicProjection* definition);
 
     const char* GetName() const override;
     void Geo2Proj(double lon, double lat, double* x, double* y) const override;
@@ -34,29 +41,33 @@ public:
 private:
     enum EAspect { eOblique = 1, eNorthPolar = 2, eSouthPolar = 3 };
 
+    // Takes the parameters (as for the constructor by numbers) and computes
+    // every coefficient; called once, while the object is being built.
+    void _Setup(double scale, double centreLongitude, double originLatitude, double falseEasting,
+                double falseNorthing, const CGxEllipsoid& ellipsoid);
     void _ObliqueForward(double lon, double lat, double* x, double* y) const;
     void _ObliqueInverse(double x, double y, double* lon, double* lat) const;
 
     GxProjectionName name;
-    double a;
-    double f;  // flattening, 0 for a sphere
-    double e;
-    double lon0;  // radians; also the origin longitude on the conformal sphere
-    double lat0;  // radians
-    double falseEasting;
-    double falseNorthing;
-    double k0;
-    int aspect;
+    double a = kGxNoFigure;
+    double f = kGxNoFigure;  // flattening, 0 for a sphere
+    double e = kGxNoFigure;
+    double lon0 = kGxNoFigure;  // radians; also the origin longitude on the conformal sphere
+    double lat0 = kGxNoFigure;  // radians
+    double falseEasting = kGxNoFigure;
+    double falseNorthing = kGxNoFigure;
+    double k0 = kGxNoFigure;
+    int aspect = eOblique;
     // Conformal (Gauss) sphere of the oblique aspect; 0 in the polar aspects.
-    double R;     // radius
-    double n;     // sphere-to-ellipsoid longitude ratio
-    double c;     // conformal constant
-    double chi0;  // conformal latitude of the origin
-    double sqrtC;
-    double sinChi0;
-    double cosChi0;
-    double twoRk;  // 2 R k0
-    double g;      // 2 R k0 tan(pi/4 - chi0/2)
-    double h;      // 4 R k0 tan(chi0) + g = 2 R k0 tan(pi/4 + chi0/2)
+    double R = kGxNoFigure;     // radius
+    double n = kGxNoFigure;     // sphere-to-ellipsoid longitude ratio
+    double c = kGxNoFigure;     // conformal constant
+    double chi0 = kGxNoFigure;  // conformal latitude of the origin
+    double sqrtC = kGxNoFigure;
+    double sinChi0 = kGxNoFigure;
+    double cosChi0 = kGxNoFigure;
+    double twoRk = kGxNoFigure;  // 2 R k0
+    double g = kGxNoFigure;      // 2 R k0 tan(pi/4 - chi0/2)
+    double h = kGxNoFigure;      // 4 R k0 tan(chi0) + g = 2 R k0 tan(pi/4 + chi0/2)
     GxPolarStereographicMath polar;
 };

@@ -5,6 +5,7 @@
 
 #include "projections/StereographicNorthPole.h"
 
+#include "definitions/StereographicNorthPoleProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
 #include "projections/ProjectionSupport.h"
@@ -19,13 +20,31 @@ CGxStereographicNorthPole::CGxStereographicNorthPole(const char* name_, double s
                                                      double centreLongitude, double falseEasting,
                                                      double falseNorthing,
                                                      const CGxEllipsoid& ellipsoid)
-    : name(name_),
-      a(ellipsoid.GetMajor()),
-      f(ellipsoid.GetFlatness()),
-      latC(standardParallel * kGxDegToRad),
-      k0(GxPolarScaleFromParallel(latC, ellipsoid.GetEccentricity(), kSouth)),
-      polar(kProjectionType, a, ellipsoid.GetEccentricity(), k0, kSouth,
-            centreLongitude * kGxDegToRad, falseEasting, falseNorthing) {}
+    : name(name_) {
+    _Setup(standardParallel, centreLongitude, falseEasting, falseNorthing, ellipsoid);
+}
+
+CGxStereographicNorthPole::CGxStereographicNorthPole(const CGxStereographicNorthPoleProjection* def)
+    : name(GxDefinitionName(def).c_str()) {
+    // Without a known ellipsoid the grid has no figure: every point converts
+    // to NaN.
+    if (const CGxEllipsoid* ellipsoid = GxDefinitionEllipsoid(def)) {
+        _Setup(def->GetParallel1(), def->GetCentre(), def->GetFalseEasting(),
+               def->GetFalseNorthing(), *ellipsoid);
+    }
+}
+
+void CGxStereographicNorthPole::_Setup(double standardParallel, double centreLongitude,
+                                       double falseEasting, double falseNorthing,
+                                       const CGxEllipsoid& ellipsoid) {
+    a = ellipsoid.GetMajor();
+    f = ellipsoid.GetFlatness();
+    latC = standardParallel * kGxDegToRad;
+    const double e = ellipsoid.GetEccentricity();
+    k0 = GxPolarScaleFromParallel(latC, e, kSouth);
+    polar = GxPolarStereographicMath(kProjectionType, a, e, k0, kSouth,
+                                     centreLongitude * kGxDegToRad, falseEasting, falseNorthing);
+}
 
 const char* CGxStereographicNorthPole::GetName() const {
     return name.name;

@@ -5,6 +5,7 @@
 
 #include "projections/StereographicSouthPole.h"
 
+#include "definitions/StereographicSouthPoleProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
 #include "projections/ProjectionSupport.h"
@@ -19,13 +20,31 @@ CGxStereographicSouthPole::CGxStereographicSouthPole(const char* name_, double s
                                                      double centreLongitude, double falseEasting,
                                                      double falseNorthing,
                                                      const CGxEllipsoid& ellipsoid)
-    : name(name_),
-      a(ellipsoid.GetMajor()),
-      f(ellipsoid.GetFlatness()),
-      latC(standardParallel * kGxDegToRad),
-      k0(GxPolarScaleFromParallel(latC, ellipsoid.GetEccentricity(), kSouth)),
-      polar(kProjectionType, a, ellipsoid.GetEccentricity(), k0, kSouth,
-            centreLongitude * kGxDegToRad, falseEasting, falseNorthing) {}
+    : name(name_) {
+    _Setup(standardParallel, centreLongitude, falseEasting, falseNorthing, ellipsoid);
+}
+
+CGxStereographicSouthPole::CGxStereographicSouthPole(const CGxStereographicSouthPoleProjection* def)
+    : name(GxDefinitionName(def).c_str()) {
+    // Without a known ellipsoid the grid has no figure: every point converts
+    // to NaN.
+    if (const CGxEllipsoid* ellipsoid = GxDefinitionEllipsoid(def)) {
+        _Setup(def->GetParallel1(), def->GetCentre(), def->GetFalseEasting(),
+               def->GetFalseNorthing(), *ellipsoid);
+    }
+}
+
+void CGxStereographicSouthPole::_Setup(double standardParallel, double centreLongitude,
+                                       double falseEasting, double falseNorthing,
+                                       const CGxEllipsoid& ellipsoid) {
+    a = ellipsoid.GetMajor();
+    f = ellipsoid.GetFlatness();
+    latC = standardParallel * kGxDegToRad;
+    const double e = ellipsoid.GetEccentricity();
+    k0 = GxPolarScaleFromParallel(latC, e, kSouth);
+    polar = GxPolarStereographicMath(kProjectionType, a, e, k0, kSouth,
+                                     centreLongitude * kGxDegToRad, falseEasting, falseNorthing);
+}
 
 const char* CGxStereographicSouthPole::GetName() const {
     return name.name;

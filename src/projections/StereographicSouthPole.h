@@ -1,10 +1,12 @@
 #pragma once
 
 #include "foundation/Projection.h"
+#include "projections/FromDefinition.h"
 #include "projections/PolarStereographicMath.h"
 #include "projections/ProjectionSupport.h"
 
 class CGxEllipsoid;
+class CGxStereographicSouthPoleProjection;
 
 // Polar stereographic about the south pole, true to scale along a standard parallel in the southern
 // hemisphere; the scale at the pole is derived from it.
@@ -16,6 +18,10 @@ public:
     CGxStereographicSouthPole(const char* name, double standardParallel, double centreLongitude,
                               double falseEasting, double falseNorthing,
                               const CGxEllipsoid& ellipsoid);
+    // From a definition: its name, its parameters and the catalogue ellipsoid
+    // of its identifier. With a null definition, an empty or an unknown
+    // identifier the grid keeps only the name and its numbers stay NaN.
+    explicit CGxStereographicSouthPole(const CGxStereographicSouthPoleProjection* definition);
 
     const char* GetName() const override;
     void Geo2Proj(double lon, double lat, double* x, double* y) const override;
@@ -33,10 +39,15 @@ public:
     CGxProjection* Clone() const override;
 
 private:
+    // Takes the parameters (as for the constructor by numbers) and computes
+    // every coefficient; called once, while the object is being built.
+    void _Setup(double standardParallel, double centreLongitude, double falseEasting,
+                double falseNorthing, const CGxEllipsoid& ellipsoid);
+
     GxProjectionName name;
-    double a;
-    double f;     // flattening, 0 for a sphere
-    double latC;  // standard parallel, radians
-    double k0;    // derived scale at the pole
+    double a = kGxNoFigure;
+    double f = kGxNoFigure;     // flattening, 0 for a sphere
+    double latC = kGxNoFigure;  // standard parallel, radians
+    double k0 = kGxNoFigure;    // derived scale at the pole
     GxPolarStereographicMath polar;
 };
