@@ -6,6 +6,7 @@
 #include "projections/AlbersEqualArea.h"
 
 #include <cmath>
+#include <tuple>
 
 #include "definitions/AlbersEqualAreaProjection.h"
 #include "foundation/Ellipsoid.h"
@@ -18,7 +19,6 @@
 namespace {
 
 constexpr int kAlbersType = 16;
-constexpr double kDefaultAreaHalfWidth = 5.0;  // degrees
 
 }  // namespace
 
@@ -29,16 +29,10 @@ CGxAlbersEqualAreaEllipsoid::CGxAlbersEqualAreaEllipsoid(double parallel1, doubl
                                                          double originLatitude, double falseEasting,
                                                          double falseNorthing,
                                                          const CGxEllipsoid& ellipsoid)
-    : a(ellipsoid.GetMajor()),
-      invFlattening(ellipsoid.GetInvFlatness()),
-      e(ellipsoid.GetEccentricity()),
-      e2(e * e),
+    : CGxInnerFormOf(ellipsoid, eGxInnerEllipsoid, centralMeridian, originLatitude, falseEasting,
+                     falseNorthing),
       lat1(parallel1 * kGxDegToRad),
-      lat2(parallel2 * kGxDegToRad),
-      lon0(centralMeridian * kGxDegToRad),
-      lat0(originLatitude * kGxDegToRad),
-      falseEasting(falseEasting),
-      falseNorthing(falseNorthing) {
+      lat2(parallel2 * kGxDegToRad) {
     GxComputeFourierCoefficients(kAlbersType, false, e2, c);
 
     const double m1 = GxParallelRadius(lat1, e2);
@@ -70,38 +64,16 @@ void CGxAlbersEqualAreaEllipsoid::Proj2Geo(double x, double y, double* lon, doub
     *lon = (std::atan2(dx, dy) / n + lon0) * kGxRadToDeg;
 }
 
-void CGxAlbersEqualAreaEllipsoid::GetOrigin(double* lon, double* lat) const {
-    *lon = lon0 * kGxRadToDeg;
-    *lat = lat0 * kGxRadToDeg;
-}
-
-void CGxAlbersEqualAreaEllipsoid::GetDefaultArea(double* x0, double* y0, double* x1,
-                                                 double* y1) const {
-    GxInnerDefaultArea(*this, lon0 * kGxRadToDeg, lat0 * kGxRadToDeg, kDefaultAreaHalfWidth, x0, y0,
-                       x1, y1);
-}
-
-bool CGxAlbersEqualAreaEllipsoid::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
-    return GxInnerAnonymousEllipsoid(a, invFlattening, out);
-}
-
-CGxProjInterface* CGxAlbersEqualAreaEllipsoid::Clone() const {
-    return new CGxAlbersEqualAreaEllipsoid(*this);
-}
-
 // ------------------------------------------------------------------- sphere
 
 CGxAlbersEqualAreaSphere::CGxAlbersEqualAreaSphere(double parallel1, double parallel2,
                                                    double centralMeridian, double originLatitude,
                                                    double falseEasting, double falseNorthing,
                                                    const CGxEllipsoid& ellipsoid)
-    : a(ellipsoid.GetMajor()),
+    : CGxInnerFormOf(ellipsoid, eGxInnerSphere, centralMeridian, originLatitude, falseEasting,
+                     falseNorthing),
       lat1(parallel1 * kGxDegToRad),
-      lat2(parallel2 * kGxDegToRad),
-      lon0(centralMeridian * kGxDegToRad),
-      lat0(originLatitude * kGxDegToRad),
-      falseEasting(falseEasting),
-      falseNorthing(falseNorthing) {
+      lat2(parallel2 * kGxDegToRad) {
     const double sin1 = std::sin(lat1);
     const double cos1 = std::cos(lat1);
     n = (sin1 + std::sin(lat2)) / 2;
@@ -124,48 +96,17 @@ void CGxAlbersEqualAreaSphere::Proj2Geo(double x, double y, double* lon, double*
     *lon = (std::atan2(dx, dy) / n + lon0) * kGxRadToDeg;
 }
 
-void CGxAlbersEqualAreaSphere::GetOrigin(double* lon, double* lat) const {
-    *lon = lon0 * kGxRadToDeg;
-    *lat = lat0 * kGxRadToDeg;
-}
-
-void CGxAlbersEqualAreaSphere::GetDefaultArea(double* x0, double* y0, double* x1,
-                                              double* y1) const {
-    GxInnerDefaultArea(*this, lon0 * kGxRadToDeg, lat0 * kGxRadToDeg, kDefaultAreaHalfWidth, x0, y0,
-                       x1, y1);
-}
-
-bool CGxAlbersEqualAreaSphere::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
-    return GxInnerAnonymousEllipsoid(a, 0.0, out);
-}
-
-CGxProjInterface* CGxAlbersEqualAreaSphere::Clone() const {
-    return new CGxAlbersEqualAreaSphere(*this);
-}
-
 // ------------------------------------------------------------------ wrapper
 
 CGxAlbersEqualArea::CGxAlbersEqualArea(const char* name, double parallel1, double parallel2,
                                        double centralMeridian, double originLatitude,
                                        double falseEasting, double falseNorthing,
                                        const CGxEllipsoid& ellipsoid)
-    : CGxProjWrapper(name, GxInnerKindFor(ellipsoid),
-                     GxMakeInner<CGxAlbersEqualAreaEllipsoid, CGxAlbersEqualAreaSphere>(
-                         ellipsoid, parallel1, parallel2, centralMeridian, originLatitude,
-                         falseEasting, falseNorthing)) {}
+    : CGxProjWrapperOf(name, ellipsoid, parallel1, parallel2, centralMeridian, originLatitude,
+                       falseEasting, falseNorthing) {}
 
 CGxAlbersEqualArea::CGxAlbersEqualArea(const CGxAlbersEqualAreaProjection* definition)
-    : CGxProjWrapper(definition) {
-    // Without a known ellipsoid the grid has no figure: every point converts
-    // to NaN.
-    if (const CGxEllipsoid* ellipsoid = _DefinitionEllipsoid(definition)) {
-        _BuildInner<CGxAlbersEqualAreaEllipsoid, CGxAlbersEqualAreaSphere>(
-            *ellipsoid, definition->GetParallel1(), definition->GetParallel2(),
-            definition->GetCentralMeridian(), definition->GetOriginLatitude(),
-            definition->GetFalseEasting(), definition->GetFalseNorthing());
-    }
-}
-
-CGxProjection* CGxAlbersEqualArea::Clone() const {
-    return new CGxAlbersEqualArea(*this);
-}
+    : CGxProjWrapperOf(definition, [](const CGxAlbersEqualAreaProjection& d) {
+          return std::make_tuple(d.GetParallel1(), d.GetParallel2(), d.GetCentralMeridian(),
+                                 d.GetOriginLatitude(), d.GetFalseEasting(), d.GetFalseNorthing());
+      }) {}

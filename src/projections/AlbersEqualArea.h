@@ -10,62 +10,51 @@ class CGxAlbersEqualAreaProjection;
 // Parameters in degrees and in the units of the semi-major axis:
 // parallel1/parallel2 the standard parallels, centralMeridian and
 // originLatitude the false origin, which maps to (falseEasting,
-// falseNorthing).
+// falseNorthing). The default area is the ten-degree box around the false
+// origin.
 
 // Ellipsoidal formulas. The inverse reaches the latitude through the authalic
 // latitude and its series in e^2 to third order, which stays within 1.5e-8
 // degrees (under 2 mm) of the exact inverse. Equal standard parallels make
 // the cone constant 0/0 and every result NaN: the tangent cone needs the
 // spherical form or two distinct parallels.
-class GXCART_API CGxAlbersEqualAreaEllipsoid : public CGxProjInterface {
+class GXCART_API CGxAlbersEqualAreaEllipsoid : public CGxInnerFormOf<CGxAlbersEqualAreaEllipsoid> {
 public:
     CGxAlbersEqualAreaEllipsoid(double parallel1, double parallel2, double centralMeridian,
                                 double originLatitude, double falseEasting, double falseNorthing,
                                 const CGxEllipsoid& ellipsoid);
     void Geo2Proj(double lon, double lat, double* x, double* y) const override;
     void Proj2Geo(double x, double y, double* lon, double* lat) const override;
-    void GetOrigin(double* lon, double* lat) const override;
-    // Ten-degree box around the false origin.
-    void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
-    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
-    CGxProjInterface* Clone() const override;
 
 private:
-    double a, invFlattening, e, e2;
-    double lat1, lat2, lon0, lat0;  // radians
-    double falseEasting, falseNorthing;
-    double c[4];   // c1, c2, c3 of the authalic-to-geodetic series, and 0
-    double n;      // cone constant
-    double C;      // constant of the cone
-    double rho0;   // radius of the false origin's parallel
-    double qPole;  // q at the pole
+    double lat1, lat2;  // radians
+    double c[4];        // c1, c2, c3 of the authalic-to-geodetic series, and 0
+    double n;           // cone constant
+    double C;           // constant of the cone
+    double rho0;        // radius of the false origin's parallel
+    double qPole;       // q at the pole
 };
 
 // Spherical formulas, closed in both directions; equal standard parallels
 // give the tangent cone with n = sin parallel1.
-class GXCART_API CGxAlbersEqualAreaSphere : public CGxProjInterface {
+class GXCART_API CGxAlbersEqualAreaSphere : public CGxInnerFormOf<CGxAlbersEqualAreaSphere> {
 public:
     CGxAlbersEqualAreaSphere(double parallel1, double parallel2, double centralMeridian,
                              double originLatitude, double falseEasting, double falseNorthing,
                              const CGxEllipsoid& ellipsoid);
     void Geo2Proj(double lon, double lat, double* x, double* y) const override;
     void Proj2Geo(double x, double y, double* lon, double* lat) const override;
-    void GetOrigin(double* lon, double* lat) const override;
-    // Ten-degree box around the false origin.
-    void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
-    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
-    CGxProjInterface* Clone() const override;
 
 private:
-    double a;                       // sphere radius
-    double lat1, lat2, lon0, lat0;  // radians
-    double falseEasting, falseNorthing;
+    double lat1, lat2;  // radians
     double n, C, rho0;
 };
 
 // The Albers algorithm: the spherical formulas for an inverse flattening of
 // exactly 0, the ellipsoidal ones otherwise.
-class GXCART_API CGxAlbersEqualArea : public CGxProjWrapper {
+class GXCART_API CGxAlbersEqualArea
+    : public CGxProjWrapperOf<CGxAlbersEqualArea, CGxAlbersEqualAreaEllipsoid,
+                              CGxAlbersEqualAreaSphere> {
 public:
     CGxAlbersEqualArea(const char* name, double parallel1, double parallel2, double centralMeridian,
                        double originLatitude, double falseEasting, double falseNorthing,
@@ -75,5 +64,4 @@ public:
     // without a definition) no formulas are built and every point converts
     // to NaN; an empty name gives the local grid, which is the identity.
     explicit CGxAlbersEqualArea(const CGxAlbersEqualAreaProjection* definition);
-    CGxProjection* Clone() const override;
 };

@@ -6,6 +6,7 @@
 #include "projections/CassiniSoldner.h"
 
 #include <cmath>
+#include <tuple>
 
 #include "definitions/CassiniSoldnerProjection.h"
 #include "foundation/Ellipsoid.h"
@@ -16,7 +17,6 @@
 namespace {
 
 constexpr int kCassiniType = 18;
-constexpr double kDefaultAreaHalfWidth = 5.0;  // degrees
 
 }  // namespace
 
@@ -26,14 +26,8 @@ CGxCassiniSoldnerEllipsoid::CGxCassiniSoldnerEllipsoid(double centralMeridian,
                                                        double originLatitude, double falseEasting,
                                                        double falseNorthing,
                                                        const CGxEllipsoid& ellipsoid)
-    : a(ellipsoid.GetMajor()),
-      invFlattening(ellipsoid.GetInvFlatness()),
-      e(ellipsoid.GetEccentricity()),
-      e2(e * e),
-      lon0(centralMeridian * kGxDegToRad),
-      lat0(originLatitude * kGxDegToRad),
-      falseEasting(falseEasting),
-      falseNorthing(falseNorthing) {
+    : CGxInnerFormOf(ellipsoid, eGxInnerEllipsoid, centralMeridian, originLatitude, falseEasting,
+                     falseNorthing) {
     GxComputeFourierCoefficients(kCassiniType, true, e2, M);
     GxComputeFourierCoefficients(kCassiniType, false, e2, F);
     M0 = a * GxMeridianArc(lat0, M);
@@ -69,66 +63,26 @@ void CGxCassiniSoldnerEllipsoid::Proj2Geo(double x, double y, double* lon, doubl
         (lon0 + D * (1 - T1 * D2 / 3 + (1 + 3 * T1) * T1 * D2 * D2 / 15) / cosPhi1) * kGxRadToDeg;
 }
 
-void CGxCassiniSoldnerEllipsoid::GetOrigin(double* lon, double* lat) const {
-    *lon = lon0 * kGxRadToDeg;
-    *lat = lat0 * kGxRadToDeg;
-}
-
-void CGxCassiniSoldnerEllipsoid::GetDefaultArea(double* x0, double* y0, double* x1,
-                                                double* y1) const {
-    GxInnerDefaultArea(*this, lon0 * kGxRadToDeg, lat0 * kGxRadToDeg, kDefaultAreaHalfWidth, x0, y0,
-                       x1, y1);
-}
-
-bool CGxCassiniSoldnerEllipsoid::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
-    return GxInnerAnonymousEllipsoid(a, invFlattening, out);
-}
-
-CGxProjInterface* CGxCassiniSoldnerEllipsoid::Clone() const {
-    return new CGxCassiniSoldnerEllipsoid(*this);
-}
-
 // ------------------------------------------------------------------- sphere
 
 CGxCassiniSoldnerSphere::CGxCassiniSoldnerSphere(double centralMeridian, double originLatitude,
                                                  double falseEasting, double falseNorthing,
                                                  const CGxEllipsoid& ellipsoid)
-    : R(ellipsoid.GetMajor()),
-      lon0(centralMeridian * kGxDegToRad),
-      lat0(originLatitude * kGxDegToRad),
-      falseEasting(falseEasting),
-      falseNorthing(falseNorthing) {}
+    : CGxInnerFormOf(ellipsoid, eGxInnerSphere, centralMeridian, originLatitude, falseEasting,
+                     falseNorthing) {}
 
 void CGxCassiniSoldnerSphere::Geo2Proj(double lon, double lat, double* x, double* y) const {
     const double phi = lat * kGxDegToRad;
     const double dlon = lon * kGxDegToRad - lon0;
-    *x = falseEasting + R * std::asin(std::cos(phi) * std::sin(dlon));
-    *y = falseNorthing + R * (std::atan2(std::tan(phi), std::cos(dlon)) - lat0);
+    *x = falseEasting + a * std::asin(std::cos(phi) * std::sin(dlon));
+    *y = falseNorthing + a * (std::atan2(std::tan(phi), std::cos(dlon)) - lat0);
 }
 
 void CGxCassiniSoldnerSphere::Proj2Geo(double x, double y, double* lon, double* lat) const {
-    const double D = (x - falseEasting) / R;
-    const double Dd = (y - falseNorthing) / R + lat0;
+    const double D = (x - falseEasting) / a;
+    const double Dd = (y - falseNorthing) / a + lat0;
     *lon = (lon0 + std::atan2(std::tan(D), std::cos(Dd))) * kGxRadToDeg;
     *lat = std::asin(std::sin(Dd) * std::cos(D)) * kGxRadToDeg;
-}
-
-void CGxCassiniSoldnerSphere::GetOrigin(double* lon, double* lat) const {
-    *lon = lon0 * kGxRadToDeg;
-    *lat = lat0 * kGxRadToDeg;
-}
-
-void CGxCassiniSoldnerSphere::GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const {
-    GxInnerDefaultArea(*this, lon0 * kGxRadToDeg, lat0 * kGxRadToDeg, kDefaultAreaHalfWidth, x0, y0,
-                       x1, y1);
-}
-
-bool CGxCassiniSoldnerSphere::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
-    return GxInnerAnonymousEllipsoid(R, 0.0, out);
-}
-
-CGxProjInterface* CGxCassiniSoldnerSphere::Clone() const {
-    return new CGxCassiniSoldnerSphere(*this);
 }
 
 // ------------------------------------------------------------------ wrapper
@@ -136,22 +90,11 @@ CGxProjInterface* CGxCassiniSoldnerSphere::Clone() const {
 CGxCassiniSoldner::CGxCassiniSoldner(const char* name, double centralMeridian,
                                      double originLatitude, double falseEasting,
                                      double falseNorthing, const CGxEllipsoid& ellipsoid)
-    : CGxProjWrapper(name, GxInnerKindFor(ellipsoid),
-                     GxMakeInner<CGxCassiniSoldnerEllipsoid, CGxCassiniSoldnerSphere>(
-                         ellipsoid, centralMeridian, originLatitude, falseEasting, falseNorthing)) {
-}
+    : CGxProjWrapperOf(name, ellipsoid, centralMeridian, originLatitude, falseEasting,
+                       falseNorthing) {}
 
 CGxCassiniSoldner::CGxCassiniSoldner(const CGxCassiniSoldnerProjection* definition)
-    : CGxProjWrapper(definition) {
-    // Without a known ellipsoid the grid has no figure: every point converts
-    // to NaN.
-    if (const CGxEllipsoid* ellipsoid = _DefinitionEllipsoid(definition)) {
-        _BuildInner<CGxCassiniSoldnerEllipsoid, CGxCassiniSoldnerSphere>(
-            *ellipsoid, definition->GetCentralMeridian(), definition->GetOriginLatitude(),
-            definition->GetFalseEasting(), definition->GetFalseNorthing());
-    }
-}
-
-CGxProjection* CGxCassiniSoldner::Clone() const {
-    return new CGxCassiniSoldner(*this);
-}
+    : CGxProjWrapperOf(definition, [](const CGxCassiniSoldnerProjection& d) {
+          return std::make_tuple(d.GetCentralMeridian(), d.GetOriginLatitude(), d.GetFalseEasting(),
+                                 d.GetFalseNorthing());
+      }) {}

@@ -10,6 +10,7 @@ class CGxCassiniSoldnerProjection;
 // along the central meridian and along the great circles perpendicular to it.
 // Parameters in degrees and in the units of the semi-major axis: the origin
 // (centralMeridian, originLatitude) maps to (falseEasting, falseNorthing).
+// The default area is the ten-degree box around the origin.
 
 // Ellipsoidal formulas: power series in the longitude difference, fifth order
 // across and fourth order along the meridian, with the meridian arc in e^2 to
@@ -18,22 +19,14 @@ class CGxCassiniSoldnerProjection;
 // the forward one, and at 50 degrees of latitude the two part by 0.5 mm
 // within one degree of the central meridian, 3 mm at two degrees, 2 cm at
 // three and 16 cm at five.
-class GXCART_API CGxCassiniSoldnerEllipsoid : public CGxProjInterface {
+class GXCART_API CGxCassiniSoldnerEllipsoid : public CGxInnerFormOf<CGxCassiniSoldnerEllipsoid> {
 public:
     CGxCassiniSoldnerEllipsoid(double centralMeridian, double originLatitude, double falseEasting,
                                double falseNorthing, const CGxEllipsoid& ellipsoid);
     void Geo2Proj(double lon, double lat, double* x, double* y) const override;
     void Proj2Geo(double x, double y, double* lon, double* lat) const override;
-    void GetOrigin(double* lon, double* lat) const override;
-    // Ten-degree box around the origin.
-    void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
-    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
-    CGxProjInterface* Clone() const override;
 
 private:
-    double a, invFlattening, e, e2;
-    double lon0, lat0;  // radians
-    double falseEasting, falseNorthing;
     double M[4];  // meridian-arc coefficients M1..M4
     double F[4];  // footpoint-latitude coefficients F1..F4
     double M0;    // meridian arc to the origin latitude
@@ -41,27 +34,19 @@ private:
 
 // Spherical formulas, closed in both directions at any distance from the
 // central meridian.
-class GXCART_API CGxCassiniSoldnerSphere : public CGxProjInterface {
+class GXCART_API CGxCassiniSoldnerSphere : public CGxInnerFormOf<CGxCassiniSoldnerSphere> {
 public:
     CGxCassiniSoldnerSphere(double centralMeridian, double originLatitude, double falseEasting,
                             double falseNorthing, const CGxEllipsoid& ellipsoid);
     void Geo2Proj(double lon, double lat, double* x, double* y) const override;
     void Proj2Geo(double x, double y, double* lon, double* lat) const override;
-    void GetOrigin(double* lon, double* lat) const override;
-    // Ten-degree box around the origin.
-    void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
-    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
-    CGxProjInterface* Clone() const override;
-
-private:
-    double R;
-    double lon0, lat0;  // radians
-    double falseEasting, falseNorthing;
 };
 
 // The Cassini-Soldner algorithm: the spherical formulas for an inverse
 // flattening of exactly 0, the ellipsoidal ones otherwise.
-class GXCART_API CGxCassiniSoldner : public CGxProjWrapper {
+class GXCART_API CGxCassiniSoldner
+    : public CGxProjWrapperOf<CGxCassiniSoldner, CGxCassiniSoldnerEllipsoid,
+                              CGxCassiniSoldnerSphere> {
 public:
     CGxCassiniSoldner(const char* name, double centralMeridian, double originLatitude,
                       double falseEasting, double falseNorthing, const CGxEllipsoid& ellipsoid);
@@ -70,5 +55,4 @@ public:
     // without a definition) no formulas are built and every point converts
     // to NaN; an empty name gives the local grid, which is the identity.
     explicit CGxCassiniSoldner(const CGxCassiniSoldnerProjection* definition);
-    CGxProjection* Clone() const override;
 };

@@ -7,6 +7,7 @@
 #include "projections/EquidistantConic.h"
 
 #include <cmath>
+#include <tuple>
 
 #include "definitions/EquidistantConicProjection.h"
 #include "foundation/Ellipsoid.h"
@@ -19,7 +20,6 @@
 namespace {
 
 constexpr int kEquidistantConicType = 19;
-constexpr double kDefaultAreaHalfWidth = 5.0;  // degrees
 
 // The polar angle theta and the signed radius rho of (x, y): the radii of a
 // southern cone are negative.
@@ -39,16 +39,10 @@ void ConeRadiusAndAngle(double x, double y, double falseEasting, double falseNor
 CGxEquidistantConicEllipsoid::CGxEquidistantConicEllipsoid(
     double parallel1, double parallel2, double centralMeridian, double originLatitude,
     double falseEasting, double falseNorthing, const CGxEllipsoid& ellipsoid)
-    : a(ellipsoid.GetMajor()),
-      invFlattening(ellipsoid.GetInvFlatness()),
-      e(ellipsoid.GetEccentricity()),
-      e2(e * e),
+    : CGxInnerFormOf(ellipsoid, eGxInnerEllipsoid, centralMeridian, originLatitude, falseEasting,
+                     falseNorthing),
       lat1(parallel1 * kGxDegToRad),
-      lat2(parallel2 * kGxDegToRad),
-      lon0(centralMeridian * kGxDegToRad),
-      lat0(originLatitude * kGxDegToRad),
-      falseEasting(falseEasting),
-      falseNorthing(falseNorthing) {
+      lat2(parallel2 * kGxDegToRad) {
     GxComputeFourierCoefficients(kEquidistantConicType, true, e2, M);
     GxComputeFourierCoefficients(kEquidistantConicType, false, e2, F);
     const double m1 = GxParallelRadius(lat1, e2);
@@ -77,48 +71,26 @@ void CGxEquidistantConicEllipsoid::Proj2Geo(double x, double y, double* lon, dou
     *lon = (theta / n + lon0) * kGxRadToDeg;
 }
 
-void CGxEquidistantConicEllipsoid::GetOrigin(double* lon, double* lat) const {
-    *lon = lon0 * kGxRadToDeg;
-    *lat = lat0 * kGxRadToDeg;
-}
-
-void CGxEquidistantConicEllipsoid::GetDefaultArea(double* x0, double* y0, double* x1,
-                                                  double* y1) const {
-    GxInnerDefaultArea(*this, lon0 * kGxRadToDeg, lat0 * kGxRadToDeg, kDefaultAreaHalfWidth, x0, y0,
-                       x1, y1);
-}
-
-bool CGxEquidistantConicEllipsoid::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
-    return GxInnerAnonymousEllipsoid(a, invFlattening, out);
-}
-
-CGxProjInterface* CGxEquidistantConicEllipsoid::Clone() const {
-    return new CGxEquidistantConicEllipsoid(*this);
-}
-
 // ------------------------------------------------------------------- sphere
 
 CGxEquidistantConicSphere::CGxEquidistantConicSphere(double parallel1, double parallel2,
                                                      double centralMeridian, double originLatitude,
                                                      double falseEasting, double falseNorthing,
                                                      const CGxEllipsoid& ellipsoid)
-    : R(ellipsoid.GetMajor()),
+    : CGxInnerFormOf(ellipsoid, eGxInnerSphere, centralMeridian, originLatitude, falseEasting,
+                     falseNorthing),
       lat1(parallel1 * kGxDegToRad),
-      lat2(parallel2 * kGxDegToRad),
-      lon0(centralMeridian * kGxDegToRad),
-      lat0(originLatitude * kGxDegToRad),
-      falseEasting(falseEasting),
-      falseNorthing(falseNorthing) {
+      lat2(parallel2 * kGxDegToRad) {
     if (lat1 != lat2)
         n = (std::cos(lat1) - std::cos(lat2)) / (lat2 - lat1);
     else
         n = std::sin(lat1);
     G = std::cos(lat1) / n + lat1;
-    rho0 = R * (G - lat0);
+    rho0 = a * (G - lat0);
 }
 
 void CGxEquidistantConicSphere::Geo2Proj(double lon, double lat, double* x, double* y) const {
-    const double rho = R * (G - lat * kGxDegToRad);
+    const double rho = a * (G - lat * kGxDegToRad);
     const double theta = n * (lon * kGxDegToRad - lon0);
     *x = falseEasting + rho * std::sin(theta);
     *y = falseNorthing + rho0 - rho * std::cos(theta);
@@ -128,26 +100,7 @@ void CGxEquidistantConicSphere::Proj2Geo(double x, double y, double* lon, double
     double rho, theta;
     ConeRadiusAndAngle(x, y, falseEasting, falseNorthing, rho0, n, &rho, &theta);
     *lon = (theta / n + lon0) * kGxRadToDeg;
-    *lat = (G - rho / R) * kGxRadToDeg;
-}
-
-void CGxEquidistantConicSphere::GetOrigin(double* lon, double* lat) const {
-    *lon = lon0 * kGxRadToDeg;
-    *lat = lat0 * kGxRadToDeg;
-}
-
-void CGxEquidistantConicSphere::GetDefaultArea(double* x0, double* y0, double* x1,
-                                               double* y1) const {
-    GxInnerDefaultArea(*this, lon0 * kGxRadToDeg, lat0 * kGxRadToDeg, kDefaultAreaHalfWidth, x0, y0,
-                       x1, y1);
-}
-
-bool CGxEquidistantConicSphere::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
-    return GxInnerAnonymousEllipsoid(R, 0.0, out);
-}
-
-CGxProjInterface* CGxEquidistantConicSphere::Clone() const {
-    return new CGxEquidistantConicSphere(*this);
+    *lat = (G - rho / a) * kGxRadToDeg;
 }
 
 // ------------------------------------------------------------------ wrapper
@@ -156,23 +109,11 @@ CGxEquidistantConic::CGxEquidistantConic(const char* name, double parallel1, dou
                                          double centralMeridian, double originLatitude,
                                          double falseEasting, double falseNorthing,
                                          const CGxEllipsoid& ellipsoid)
-    : CGxProjWrapper(name, GxInnerKindFor(ellipsoid),
-                     GxMakeInner<CGxEquidistantConicEllipsoid, CGxEquidistantConicSphere>(
-                         ellipsoid, parallel1, parallel2, centralMeridian, originLatitude,
-                         falseEasting, falseNorthing)) {}
+    : CGxProjWrapperOf(name, ellipsoid, parallel1, parallel2, centralMeridian, originLatitude,
+                       falseEasting, falseNorthing) {}
 
 CGxEquidistantConic::CGxEquidistantConic(const CGxEquidistantConicProjection* definition)
-    : CGxProjWrapper(definition) {
-    // Without a known ellipsoid the grid has no figure: every point converts
-    // to NaN.
-    if (const CGxEllipsoid* ellipsoid = _DefinitionEllipsoid(definition)) {
-        _BuildInner<CGxEquidistantConicEllipsoid, CGxEquidistantConicSphere>(
-            *ellipsoid, definition->GetParallel1(), definition->GetParallel2(),
-            definition->GetCentralMeridian(), definition->GetOriginLatitude(),
-            definition->GetFalseEasting(), definition->GetFalseNorthing());
-    }
-}
-
-CGxProjection* CGxEquidistantConic::Clone() const {
-    return new CGxEquidistantConic(*this);
-}
+    : CGxProjWrapperOf(definition, [](const CGxEquidistantConicProjection& d) {
+          return std::make_tuple(d.GetParallel1(), d.GetParallel2(), d.GetCentralMeridian(),
+                                 d.GetOriginLatitude(), d.GetFalseEasting(), d.GetFalseNorthing());
+      }) {}

@@ -10,59 +10,49 @@ class CGxEquidistantConicProjection;
 // meridian are true. Parameters in degrees and in the units of the semi-major
 // axis: parallel1/parallel2 the standard parallels, (centralMeridian,
 // originLatitude) the origin, which maps to (falseEasting, falseNorthing).
-// Equal standard parallels give the tangent cone with n = sin parallel1.
+// Equal standard parallels give the tangent cone with n = sin parallel1. The
+// default area is the ten-degree box around the origin.
 
 // Ellipsoidal formulas, with the meridian arc in e^2 to third order and the
 // footpoint latitude in e1 to fourth order; the pair returns a point to
 // within 1e-8 degrees (1 mm).
-class GXCART_API CGxEquidistantConicEllipsoid : public CGxProjInterface {
+class GXCART_API CGxEquidistantConicEllipsoid
+    : public CGxInnerFormOf<CGxEquidistantConicEllipsoid> {
 public:
     CGxEquidistantConicEllipsoid(double parallel1, double parallel2, double centralMeridian,
                                  double originLatitude, double falseEasting, double falseNorthing,
                                  const CGxEllipsoid& ellipsoid);
     void Geo2Proj(double lon, double lat, double* x, double* y) const override;
     void Proj2Geo(double x, double y, double* lon, double* lat) const override;
-    void GetOrigin(double* lon, double* lat) const override;
-    // Ten-degree box around the origin.
-    void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
-    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
-    CGxProjInterface* Clone() const override;
 
 private:
-    double a, invFlattening, e, e2;
-    double lat1, lat2, lon0, lat0;  // radians
-    double falseEasting, falseNorthing;
-    double M[4];  // meridian-arc coefficients M1..M4
-    double F[4];  // footpoint-latitude coefficients F1..F4
-    double n;     // cone constant
-    double G;     // constant of the cone, in units of the semi-major axis
-    double rho0;  // radius of the origin parallel
+    double lat1, lat2;  // radians
+    double M[4];        // meridian-arc coefficients M1..M4
+    double F[4];        // footpoint-latitude coefficients F1..F4
+    double n;           // cone constant
+    double G;           // constant of the cone, in units of the semi-major axis
+    double rho0;        // radius of the origin parallel
 };
 
 // Spherical formulas, closed in both directions.
-class GXCART_API CGxEquidistantConicSphere : public CGxProjInterface {
+class GXCART_API CGxEquidistantConicSphere : public CGxInnerFormOf<CGxEquidistantConicSphere> {
 public:
     CGxEquidistantConicSphere(double parallel1, double parallel2, double centralMeridian,
                               double originLatitude, double falseEasting, double falseNorthing,
                               const CGxEllipsoid& ellipsoid);
     void Geo2Proj(double lon, double lat, double* x, double* y) const override;
     void Proj2Geo(double x, double y, double* lon, double* lat) const override;
-    void GetOrigin(double* lon, double* lat) const override;
-    // Ten-degree box around the origin.
-    void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
-    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
-    CGxProjInterface* Clone() const override;
 
 private:
-    double R;
-    double lat1, lat2, lon0, lat0;  // radians
-    double falseEasting, falseNorthing;
+    double lat1, lat2;  // radians
     double n, G, rho0;
 };
 
 // The equidistant conic algorithm: the spherical formulas for an inverse
 // flattening of exactly 0, the ellipsoidal ones otherwise.
-class GXCART_API CGxEquidistantConic : public CGxProjWrapper {
+class GXCART_API CGxEquidistantConic
+    : public CGxProjWrapperOf<CGxEquidistantConic, CGxEquidistantConicEllipsoid,
+                              CGxEquidistantConicSphere> {
 public:
     CGxEquidistantConic(const char* name, double parallel1, double parallel2,
                         double centralMeridian, double originLatitude, double falseEasting,
@@ -72,5 +62,4 @@ public:
     // without a definition) no formulas are built and every point converts
     // to NaN; an empty name gives the local grid, which is the identity.
     explicit CGxEquidistantConic(const CGxEquidistantConicProjection* definition);
-    CGxProjection* Clone() const override;
 };

@@ -11,6 +11,7 @@
 #include "projections/LambertAzimuthalEqualArea.h"
 
 #include <cmath>
+#include <tuple>
 
 #include "definitions/LambertAzimuthalEqualAreaProjection.h"
 #include "foundation/Ellipsoid.h"
@@ -57,14 +58,8 @@ void AzimuthalDefaultArea(const CGxProjInterface& p, int aspect, double lon0, do
 CGxLambertAzimuthalEqualAreaEllipsoid::CGxLambertAzimuthalEqualAreaEllipsoid(
     double centreLongitude, double originLatitude, double falseEasting, double falseNorthing,
     const CGxEllipsoid& ellipsoid)
-    : a(ellipsoid.GetMajor()),
-      invFlattening(ellipsoid.GetInvFlatness()),
-      e(ellipsoid.GetEccentricity()),
-      e2(e * e),
-      lon0(centreLongitude * kGxDegToRad),
-      lat0(originLatitude * kGxDegToRad),
-      falseEasting(falseEasting),
-      falseNorthing(falseNorthing),
+    : CGxInnerFormOf(ellipsoid, eGxInnerEllipsoid, centreLongitude, originLatitude, falseEasting,
+                     falseNorthing),
       lonOrigin(lon0),
       aspect(AspectOf(originLatitude)),
       qP(GxAuthalicQ(1.0, e, e2)),
@@ -146,22 +141,9 @@ void CGxLambertAzimuthalEqualAreaEllipsoid::Proj2Geo(double x, double y, double*
     *lat = GxLatitudeFromAuthalic(beta, c) * kGxRadToDeg;
 }
 
-void CGxLambertAzimuthalEqualAreaEllipsoid::GetOrigin(double* lon, double* lat) const {
-    *lon = lon0 * kGxRadToDeg;
-    *lat = lat0 * kGxRadToDeg;
-}
-
 void CGxLambertAzimuthalEqualAreaEllipsoid::GetDefaultArea(double* x0, double* y0, double* x1,
                                                            double* y1) const {
     AzimuthalDefaultArea(*this, aspect, lon0 * kGxRadToDeg, lat0 * kGxRadToDeg, x0, y0, x1, y1);
-}
-
-bool CGxLambertAzimuthalEqualAreaEllipsoid::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
-    return GxInnerAnonymousEllipsoid(a, invFlattening, out);
-}
-
-CGxProjInterface* CGxLambertAzimuthalEqualAreaEllipsoid::Clone() const {
-    return new CGxLambertAzimuthalEqualAreaEllipsoid(*this);
 }
 
 // ------------------------------------------------------------------- sphere
@@ -169,11 +151,8 @@ CGxProjInterface* CGxLambertAzimuthalEqualAreaEllipsoid::Clone() const {
 CGxLambertAzimuthalEqualAreaSphere::CGxLambertAzimuthalEqualAreaSphere(
     double centreLongitude, double originLatitude, double falseEasting, double falseNorthing,
     const CGxEllipsoid& ellipsoid)
-    : R(ellipsoid.GetMajor()),
-      lon0(centreLongitude * kGxDegToRad),
-      lat0(originLatitude * kGxDegToRad),
-      falseEasting(falseEasting),
-      falseNorthing(falseNorthing),
+    : CGxInnerFormOf(ellipsoid, eGxInnerSphere, centreLongitude, originLatitude, falseEasting,
+                     falseNorthing),
       lonOrigin(lon0),
       latOrigin(lat0),
       aspect(AspectOf(originLatitude)),
@@ -189,18 +168,18 @@ void CGxLambertAzimuthalEqualAreaSphere::Geo2Proj(double lon, double lat, double
         case kOblique: {
             const double sinPhi = std::sin(phi), cosPhi = std::cos(phi);
             const double k = std::sqrt(2 / (1 + sinLat0 * sinPhi + cosLat0 * cosPhi * cosDlon));
-            *x = falseEasting + R * k * cosPhi * sinDlon;
-            *y = falseNorthing + R * k * (cosLat0 * sinPhi - sinLat0 * cosPhi * cosDlon);
+            *x = falseEasting + a * k * cosPhi * sinDlon;
+            *y = falseNorthing + a * k * (cosLat0 * sinPhi - sinLat0 * cosPhi * cosDlon);
             break;
         }
         case kNorthPolar: {
-            const double rho = 2 * R * std::sin(kQuarterPi - phi / 2);
+            const double rho = 2 * a * std::sin(kQuarterPi - phi / 2);
             *x = falseEasting + rho * sinDlon;
             *y = falseNorthing - rho * cosDlon;
             break;
         }
         case kSouthPolar: {
-            const double rho = 2 * R * std::cos(kQuarterPi - phi / 2);
+            const double rho = 2 * a * std::cos(kQuarterPi - phi / 2);
             *x = falseEasting + rho * sinDlon;
             *y = falseNorthing + rho * cosDlon;
             break;
@@ -215,7 +194,7 @@ void CGxLambertAzimuthalEqualAreaSphere::Proj2Geo(double x, double y, double* lo
     const double dx = x - falseEasting;
     const double dy = y - falseNorthing;
     const double rho = std::sqrt(dx * dx + dy * dy);
-    const double c = 2 * std::asin(rho / (2 * R));
+    const double c = 2 * std::asin(rho / (2 * a));
     const double sinC = std::sin(c), cosC = std::cos(c);
     switch (aspect) {
         case kOblique:
@@ -235,22 +214,9 @@ void CGxLambertAzimuthalEqualAreaSphere::Proj2Geo(double x, double y, double* lo
     }
 }
 
-void CGxLambertAzimuthalEqualAreaSphere::GetOrigin(double* lon, double* lat) const {
-    *lon = lon0 * kGxRadToDeg;
-    *lat = lat0 * kGxRadToDeg;
-}
-
 void CGxLambertAzimuthalEqualAreaSphere::GetDefaultArea(double* x0, double* y0, double* x1,
                                                         double* y1) const {
     AzimuthalDefaultArea(*this, aspect, lon0 * kGxRadToDeg, lat0 * kGxRadToDeg, x0, y0, x1, y1);
-}
-
-bool CGxLambertAzimuthalEqualAreaSphere::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
-    return GxInnerAnonymousEllipsoid(R, 0.0, out);
-}
-
-CGxProjInterface* CGxLambertAzimuthalEqualAreaSphere::Clone() const {
-    return new CGxLambertAzimuthalEqualAreaSphere(*this);
 }
 
 // ------------------------------------------------------------------ wrapper
@@ -260,23 +226,12 @@ CGxLambertAzimuthalEqualArea::CGxLambertAzimuthalEqualArea(const char* name, dou
                                                            double falseEasting,
                                                            double falseNorthing,
                                                            const CGxEllipsoid& ellipsoid)
-    : CGxProjWrapper(
-          name, GxInnerKindFor(ellipsoid),
-          GxMakeInner<CGxLambertAzimuthalEqualAreaEllipsoid, CGxLambertAzimuthalEqualAreaSphere>(
-              ellipsoid, centreLongitude, originLatitude, falseEasting, falseNorthing)) {}
+    : CGxProjWrapperOf(name, ellipsoid, centreLongitude, originLatitude, falseEasting,
+                       falseNorthing) {}
 
 CGxLambertAzimuthalEqualArea::CGxLambertAzimuthalEqualArea(
     const CGxLambertAzimuthalEqualAreaProjection* definition)
-    : CGxProjWrapper(definition) {
-    // Without a known ellipsoid the grid has no figure: every point converts
-    // to NaN.
-    if (const CGxEllipsoid* ellipsoid = _DefinitionEllipsoid(definition)) {
-        _BuildInner<CGxLambertAzimuthalEqualAreaEllipsoid, CGxLambertAzimuthalEqualAreaSphere>(
-            *ellipsoid, definition->GetCentre(), definition->GetOriginLatitude(),
-            definition->GetFalseEasting(), definition->GetFalseNorthing());
-    }
-}
-
-CGxProjection* CGxLambertAzimuthalEqualArea::Clone() const {
-    return new CGxLambertAzimuthalEqualArea(*this);
-}
+    : CGxProjWrapperOf(definition, [](const CGxLambertAzimuthalEqualAreaProjection& d) {
+          return std::make_tuple(d.GetCentre(), d.GetOriginLatitude(), d.GetFalseEasting(),
+                                 d.GetFalseNorthing());
+      }) {}

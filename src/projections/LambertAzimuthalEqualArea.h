@@ -15,24 +15,19 @@ class CGxLambertAzimuthalEqualAreaProjection;
 // Ellipsoidal formulas through the authalic latitude; the inverse returns from
 // it by the series in e^2 to third order, within 1.5e-8 degrees (under 2 mm)
 // of the exact inverse. The centre itself goes back to the centre.
-class GXCART_API CGxLambertAzimuthalEqualAreaEllipsoid : public CGxProjInterface {
+class GXCART_API CGxLambertAzimuthalEqualAreaEllipsoid
+    : public CGxInnerFormOf<CGxLambertAzimuthalEqualAreaEllipsoid> {
 public:
     CGxLambertAzimuthalEqualAreaEllipsoid(double centreLongitude, double originLatitude,
                                           double falseEasting, double falseNorthing,
                                           const CGxEllipsoid& ellipsoid);
     void Geo2Proj(double lon, double lat, double* x, double* y) const override;
     void Proj2Geo(double x, double y, double* lon, double* lat) const override;
-    void GetOrigin(double* lon, double* lat) const override;
     // Oblique aspect: six-degree box around the centre. Polar aspects: a
     // 400 km square around the pole, both ranges taken from the easting.
     void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
-    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
-    CGxProjInterface* Clone() const override;
 
 private:
-    double a, invFlattening, e, e2;
-    double lon0, lat0;  // radians
-    double falseEasting, falseNorthing;
     double c[4];  // c1, c2, c3 of the authalic-to-geodetic series, and 0
     double lonOrigin;
     int aspect;    // 1 oblique, 2 north polar, 3 south polar
@@ -45,23 +40,18 @@ private:
 
 // Spherical formulas, closed in both directions. The inverse of the centre in
 // the oblique aspect divides 0 by 0 and gives a NaN latitude.
-class GXCART_API CGxLambertAzimuthalEqualAreaSphere : public CGxProjInterface {
+class GXCART_API CGxLambertAzimuthalEqualAreaSphere
+    : public CGxInnerFormOf<CGxLambertAzimuthalEqualAreaSphere> {
 public:
     CGxLambertAzimuthalEqualAreaSphere(double centreLongitude, double originLatitude,
                                        double falseEasting, double falseNorthing,
                                        const CGxEllipsoid& ellipsoid);
     void Geo2Proj(double lon, double lat, double* x, double* y) const override;
     void Proj2Geo(double x, double y, double* lon, double* lat) const override;
-    void GetOrigin(double* lon, double* lat) const override;
     // As for the ellipsoid.
     void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
-    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
-    CGxProjInterface* Clone() const override;
 
 private:
-    double R;
-    double lon0, lat0;  // radians
-    double falseEasting, falseNorthing;
     double lonOrigin, latOrigin;
     int aspect;  // 1 oblique, 2 north polar, 3 south polar
     double sinLat0, cosLat0;
@@ -69,7 +59,9 @@ private:
 
 // The Lambert azimuthal equal-area algorithm: the spherical formulas for an
 // inverse flattening of exactly 0, the ellipsoidal ones otherwise.
-class GXCART_API CGxLambertAzimuthalEqualArea : public CGxProjWrapper {
+class GXCART_API CGxLambertAzimuthalEqualArea
+    : public CGxProjWrapperOf<CGxLambertAzimuthalEqualArea, CGxLambertAzimuthalEqualAreaEllipsoid,
+                              CGxLambertAzimuthalEqualAreaSphere> {
 public:
     CGxLambertAzimuthalEqualArea(const char* name, double centreLongitude, double originLatitude,
                                  double falseEasting, double falseNorthing,
@@ -79,5 +71,4 @@ public:
     // without a definition) no formulas are built and every point converts
     // to NaN; an empty name gives the local grid, which is the identity.
     explicit CGxLambertAzimuthalEqualArea(const CGxLambertAzimuthalEqualAreaProjection* definition);
-    CGxProjection* Clone() const override;
 };

@@ -3,17 +3,20 @@
 #include <algorithm>
 #include <limits>
 
-#include "definitions/MapProjData.h"
 #include "foundation/Ellipsoid.h"
+#include "foundation/Tolerance.h"
+
+namespace {
+
+// Half the side of the default box of the inner forms, degrees.
+constexpr double kDefaultAreaHalfWidth = 5.0;
+
+}  // namespace
 
 CGxProjInterface::~CGxProjInterface() = default;
 
 EGxInnerKind GxInnerKindFor(const CGxEllipsoid& ellipsoid) {
     return ellipsoid.GetInvFlatness() == 0.0 ? eGxInnerSphere : eGxInnerEllipsoid;
-}
-
-bool GxInnerAnonymousEllipsoid(double a, double invFlattening, CGxEllipsoid& out) {
-    return GxAnonymousEllipsoid(a, invFlattening > 0 ? 1 / invFlattening : 0.0, out);
 }
 
 void GxInnerDefaultArea(const CGxProjInterface& inner, double lon0, double lat0, double half,
@@ -22,15 +25,36 @@ void GxInnerDefaultArea(const CGxProjInterface& inner, double lon0, double lat0,
     inner.Geo2Proj(lon0 + half, std::min(lat0 + half, 90.0), x1, y1);
 }
 
+CGxInnerForm::CGxInnerForm(const CGxEllipsoid& ellipsoid, EGxInnerKind form, double centralMeridian,
+                           double originLatitude, double falseEasting, double falseNorthing)
+    : a(ellipsoid.GetMajor()),
+      invFlattening(form == eGxInnerSphere ? 0.0 : ellipsoid.GetInvFlatness()),
+      e(form == eGxInnerSphere ? 0.0 : ellipsoid.GetEccentricity()),
+      e2(e * e),
+      lon0(centralMeridian * kGxDegToRad),
+      lat0(originLatitude * kGxDegToRad),
+      falseEasting(falseEasting),
+      falseNorthing(falseNorthing) {}
+
+void CGxInnerForm::GetOrigin(double* lon, double* lat) const {
+    *lon = lon0 * kGxRadToDeg;
+    *lat = lat0 * kGxRadToDeg;
+}
+
+void CGxInnerForm::GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const {
+    GxInnerDefaultArea(*this, lon0 * kGxRadToDeg, lat0 * kGxRadToDeg, kDefaultAreaHalfWidth, x0, y0,
+                       x1, y1);
+}
+
+bool CGxInnerForm::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
+    return GxAnonymousEllipsoid(a, invFlattening > 0 ? 1 / invFlattening : 0.0, out);
+}
+
 CGxProjWrapper::CGxProjWrapper(const char* name, int kind, CGxProjInterface* inner)
     : name(name), inner(inner), kind(kind) {}
 
 CGxProjWrapper::CGxProjWrapper(const CGxMapProjData* definition)
-    : name(definition ? definition->GetName().c_str() : ""), inner(nullptr), kind(eGxInnerNone) {}
-
-const CGxEllipsoid* CGxProjWrapper::_DefinitionEllipsoid(const CGxMapProjData* definition) {
-    return definition ? GxCatalogueEllipsoid(definition->GetEllipsoidID()) : nullptr;
-}
+    : name(GxDefinitionName(definition).c_str()), inner(nullptr), kind(eGxInnerNone) {}
 
 CGxProjWrapper::CGxProjWrapper(const CGxProjWrapper& other)
     : CGxProjection(other),

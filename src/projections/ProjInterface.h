@@ -1,7 +1,10 @@
 #pragma once
 
+#include <tuple>
+
 #include "foundation/GxExport.h"
 #include "foundation/Projection.h"
+#include "projections/FromDefinition.h"
 #include "projections/ProjectionSupport.h"
 
 class CGxEllipsoid;
@@ -51,14 +54,48 @@ CGxProjInterface* GxMakeInner(const CGxEllipsoid& ellipsoid, TArgs... args) {
     return new TEllipsoidForm(args..., ellipsoid);
 }
 
-// GetAnonymousEllipsoid of an inner implementation, which keeps the inverse
-// flattening (0 or less: a sphere).
-bool GxInnerAnonymousEllipsoid(double a, double invFlattening, CGxEllipsoid& out);
-
 // Default area of an inner implementation: the projected corners of
 // (lon0 - half, max(lat0 - half, -90)) and (lon0 + half, min(lat0 + half, 90)).
 void GxInnerDefaultArea(const CGxProjInterface& inner, double lon0, double lat0, double half,
                         double* x0, double* y0, double* x1, double* y1);
+
+// The numbers every inner implementation keeps: the figure, the origin and
+// the false origin. It answers for the origin, the default area and the
+// anonymous ellipsoid, so that an inner form adds only its own constants and
+// its two conversions.
+class GXCART_API CGxInnerForm : public CGxProjInterface {
+public:
+    // lon0 and lat0 in degrees.
+    void GetOrigin(double* lon, double* lat) const override;
+    // Ten-degree box around the origin.
+    void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
+    // (a, 1/invFlattening), or (a, 0) when invFlattening is 0 or less.
+    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
+
+protected:
+    // The figure of the ellipsoid for the ellipsoidal form; for the spherical
+    // form a sphere of its semi-major axis, whatever its flattening.
+    // centralMeridian and originLatitude in degrees.
+    CGxInnerForm(const CGxEllipsoid& ellipsoid, EGxInnerKind form, double centralMeridian,
+                 double originLatitude, double falseEasting, double falseNorthing);
+
+    double a;              // semi-major axis; the radius of the spherical forms
+    double invFlattening;  // 0 for the spherical forms
+    double e, e2;          // eccentricity and its square; 0 for the spherical forms
+    double lon0, lat0;     // radians
+    double falseEasting, falseNorthing;
+};
+
+// An inner form whose copy is a TForm: the concrete class names itself here
+// and inherits its Clone.
+template <class TForm>
+class GXCART_API CGxInnerFormOf : public CGxInnerForm {
+public:
+    CGxProjInterface* Clone() const override { return new TForm(static_cast<const TForm&>(*this)); }
+
+protected:
+    using CGxInnerForm::CGxInnerForm;
+};
 
 // The common body of the wrapper algorithms (Albers, Lambert azimuthal equal
 // area, Cassini-Soldner, equidistant conic): it keeps the coordinate-system
@@ -97,10 +134,6 @@ protected:
     // 0 no formulas, 1 ellipsoidal, 2 spherical (EGxInnerKind).
     int _Kind() const { return kind; }
 
-    // The catalogue ellipsoid a definition names by its identifier; null for a
-    // null definition or an empty or unknown identifier.
-    static const CGxEllipsoid* _DefinitionEllipsoid(const CGxMapProjData* definition);
-
     // Builds the inner implementation the ellipsoid calls for, in the
     // constructor of a wrapper that was made without one.
     template <class TEllipsoidForm, class TSphereForm, class... TArgs>
@@ -113,4 +146,40 @@ private:
     GxProjectionName name;
     CGxProjInterface* inner;
     int kind;
+};
+
+// A wrapper algorithm with its two inner forms, both built from the same
+// numbers followed by the ellipsoid. TAlgorithm is the wrapper class itself,
+// whose copy Clone makes; it adds only its public constructors.
+template <class TAlgorithm, class TEllipsoidForm, class TSphereForm>
+class GXCART_API CGxProjWrapperOf : public CGxProjWrapper {
+public:
+    CGxProjection* Clone() const override {
+        return new TAlgorithm(static_cast<const TAlgorithm&>(*this));
+    }
+
+protected:
+    // From values: the inner form the ellipsoid calls for, built from the
+    // projection's numbers.
+    template <class... TArgs>
+    CGxProjWrapperOf(const char* name, const CGxEllipsoid& ellipsoid, TArgs... numbers)
+        : CGxProjWrapper(name, GxInnerKindFor(ellipsoid),
+                         GxMakeInner<TEllipsoidForm, TSphereForm>(ellipsoid, numbers...)) {}
+
+    // From a catalogue definition: its name, and the inner form for the
+    // ellipsoid its identifier names in the catalogue, built from the tuple of
+    // numbers that numbersOf reads from the definition.
+    template <class TDefinition, class TNumbersOf>
+    CGxProjWrapperOf(const TDefinition* definition, TNumbersOf numbersOf)
+        : CGxProjWrapper(definition) {
+        // Without a known ellipsoid the grid has no figure: every point
+        // converts to NaN.
+        if (const CGxEllipsoid* ellipsoid = GxDefinitionEllipsoid(definition)) {
+            std::apply(
+                [&](auto... numbers) {
+                    _BuildInner<TEllipsoidForm, TSphereForm>(*ellipsoid, numbers...);
+                },
+                numbersOf(*definition));
+        }
+    }
 };
