@@ -88,6 +88,36 @@ GxTransverseMercatorParameters GxTransverseMercatorValues(
     return p;
 }
 
+CGxTransverseMercatorBase::CGxTransverseMercatorBase(const char* name_,
+                                                     const GxTransverseMercatorParameters& p)
+    : name(name_), a(p.a), b(p.b), k0(p.k0), f(p.f), FE(p.FE), FN(p.FN) {}
+
+const char* CGxTransverseMercatorBase::GetName() const {
+    return name.name;
+}
+
+void CGxTransverseMercatorBase::GetDefaultArea(double* x0, double* y0, double* x1,
+                                               double* y1) const {
+    if (IsLocal()) {
+        *x0 = 0.0;
+        *y0 = 0.0;
+        *x1 = kLocalAreaSize;
+        *y1 = kLocalAreaSize;
+        return;
+    }
+    double lon, lat;
+    GetOrigin(&lon, &lat);
+    GxDefaultAreaAround(*this, lon, lat, kDefaultAreaHalf, x0, y0, x1, y1);
+}
+
+bool CGxTransverseMercatorBase::IsLocal() const {
+    return name.isLocal;
+}
+
+bool CGxTransverseMercatorBase::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
+    return GxAnonymousEllipsoid(a, f, out);
+}
+
 CGxTransverseMercator::CGxTransverseMercator(const char* name_, double k0_, double lon0_,
                                              double lat0_, double FE_, double FN_,
                                              const CGxEllipsoid& ellipsoid)
@@ -99,13 +129,7 @@ CGxTransverseMercator::CGxTransverseMercator(const CGxTransverseMercatorProjecti
 
 CGxTransverseMercator::CGxTransverseMercator(const char* name_,
                                              const GxTransverseMercatorParameters& p)
-    : name(name_),
-      a(p.a),
-      b(p.b),
-      k0(p.k0),
-      f(p.f),
-      FE(p.FE),
-      FN(p.FN),
+    : CGxTransverseMercatorBase(name_, p),
       lon0(p.lon0),
       lat0(p.lat0),
       n(f / (2 - f)),
@@ -123,10 +147,6 @@ CGxTransverseMercator::CGxTransverseMercator(const char* name_,
         double x0;
         _Forward(lon0, lat0, FE, 0.0, &x0, &originNorthing);
     }
-}
-
-const char* CGxTransverseMercator::GetName() const {
-    return name.name;
 }
 
 void CGxTransverseMercator::_Forward(double lon, double lat, double fe, double fn, double* x,
@@ -231,27 +251,6 @@ double CGxTransverseMercator::GetScaleFactor(double lon, double lat) const {
     const double c2 = c * c, dl2 = dl * dl;
     return k0 * (1 + c2 * (1 + eta2) * dl2 / 2 +
                  c2 * c2 * dl2 * dl2 * (5 - 4 * t * t + 14 * eta2 - 28 * te * te));
-}
-
-void CGxTransverseMercator::GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const {
-    if (IsLocal()) {
-        *x0 = 0.0;
-        *y0 = 0.0;
-        *x1 = kLocalAreaSize;
-        *y1 = kLocalAreaSize;
-        return;
-    }
-    double lon, lat;
-    GetOrigin(&lon, &lat);
-    GxDefaultAreaAround(*this, lon, lat, kDefaultAreaHalf, x0, y0, x1, y1);
-}
-
-bool CGxTransverseMercator::IsLocal() const {
-    return name.isLocal;
-}
-
-bool CGxTransverseMercator::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
-    return GxAnonymousEllipsoid(a, f, out);
 }
 
 CGxProjection* CGxTransverseMercator::Clone() const {

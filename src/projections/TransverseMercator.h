@@ -15,6 +15,31 @@ struct GxTransverseMercatorParameters {
     double a, b, f, e;
 };
 
+// What both Transverse Mercator classes keep alike: the coordinate-system
+// name, the figure (semi-major and semi-minor axes in metres, flattening), the
+// scale k0 on the central meridian and the false origin (metres). The local
+// grid, the default area and the anonymous ellipsoid follow from these.
+class GXCART_API CGxTransverseMercatorBase : public CGxProjection {
+public:
+    const char* GetName() const override;
+    // Projected corners of the +-3 degree box around the origin; (0, 0) to
+    // (10000, 10000) on a local grid.
+    void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
+    bool IsLocal() const override;
+    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
+
+protected:
+    CGxTransverseMercatorBase(const char* name, const GxTransverseMercatorParameters& p);
+
+    GxProjectionName name;
+    double a;
+    double b;
+    double k0;
+    double f;
+    double FE;
+    double FN;
+};
+
 // Transverse Mercator in the Gauss-Krueger form: geodetic latitude to the
 // Gaussian (conformal) latitude by a sine series, the spherical transverse
 // projection of the Gaussian sphere, then Krueger's complex series in the third
@@ -26,7 +51,7 @@ struct GxTransverseMercatorParameters {
 // again for latitudes beyond the poles (lat > 90 gives 20000 km - y, lat < -90
 // gives y - 20000 km). A latitude of origin other than 0 is handled by
 // subtracting the northing of the origin.
-class GXCART_API CGxTransverseMercator : public CGxProjection {
+class GXCART_API CGxTransverseMercator : public CGxTransverseMercatorBase {
 public:
     // name: coordinate-system string (empty means "NON-UTM"); k0: scale on the
     // central meridian; lon0, lat0: central meridian and latitude of origin in
@@ -40,18 +65,12 @@ public:
     // definition gives the local grid "NON-UTM".
     explicit CGxTransverseMercator(const CGxTransverseMercatorProjection* definition);
 
-    const char* GetName() const override;
     void Geo2Proj(double lon, double lat, double* x, double* y) const override;
     void Proj2Geo(double x, double y, double* lon, double* lat) const override;
     // Central meridian and latitude of origin, degrees.
     void GetOrigin(double* lon, double* lat) const override;
     // Fifth-order series in the longitude difference, degrees; 0 on a local grid.
     double GetConvergence(double lon, double lat) const override;
-    // Projected corners of the +-3 degree box around the origin; (0, 0) to
-    // (10000, 10000) on a local grid.
-    void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
-    bool IsLocal() const override;
-    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
     CGxProjection* Clone() const override;
 
     // Point scale factor by the classic series in the longitude difference.
@@ -69,13 +88,6 @@ private:
     void _Forward(double lon, double lat, double fe, double fn, double* x, double* y) const;
     void _Inverse(double x, double y, double* lon, double* lat) const;
 
-    GxProjectionName name;
-    double a;
-    double b;
-    double k0;
-    double f;
-    double FE;
-    double FN;
     double lon0;  // degrees
     double lat0;  // degrees
     double n;     // third flattening f / (2 - f)

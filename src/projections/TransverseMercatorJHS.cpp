@@ -22,8 +22,6 @@ constexpr double kWrapJumpLimit = 64 * kGxPi;
 // Stop of the isometric-latitude iteration, radians, and its pass limit.
 constexpr double kIterationTolerance = 1e-12;
 constexpr int kMaxIterations = 100;
-constexpr double kLocalAreaSize = 10000.0;
-constexpr double kDefaultAreaHalf = 3.0;
 
 // The correction q = e atanh(e sin phi) between the isometric latitudes of the
 // sphere and the ellipsoid stays below 0.007 on terrestrial ellipsoids. Up to
@@ -118,13 +116,7 @@ CGxTransverseMercatorJHS::CGxTransverseMercatorJHS(const CGxTransverseMercatorPr
 
 CGxTransverseMercatorJHS::CGxTransverseMercatorJHS(const char* name_,
                                                    const GxTransverseMercatorParameters& p)
-    : name(name_),
-      a(p.a),
-      b(p.b),
-      k0(p.k0),
-      f(p.f),
-      FE(p.FE),
-      FN(p.FN),
+    : CGxTransverseMercatorBase(name_, p),
       lon0(p.lon0 * kGxDegToRad),
       lat0(p.lat0 * kGxDegToRad),
       e(p.e),
@@ -151,10 +143,6 @@ CGxTransverseMercatorJHS::CGxTransverseMercatorJHS(const char* name_,
     Bk0 = B * k0;
     invBk0 = 1 / Bk0;
     k0M0 = k0 * M0;
-}
-
-const char* CGxTransverseMercatorJHS::GetName() const {
-    return name.name;
 }
 
 double CGxTransverseMercatorJHS::_LongitudeFromOrigin(double lam) const {
@@ -279,28 +267,6 @@ void CGxTransverseMercatorJHS::GetOrigin(double* lon, double* lat) const {
 double CGxTransverseMercatorJHS::GetConvergence(double lon, double lat) const {
     if (name.isLocal) return 0.0;
     return GxTransverseMercatorConvergence(lon * kGxDegToRad - lon0, lat * kGxDegToRad, a, b, k0);
-}
-
-void CGxTransverseMercatorJHS::GetDefaultArea(double* x0, double* y0, double* x1,
-                                              double* y1) const {
-    if (IsLocal()) {
-        *x0 = 0.0;
-        *y0 = 0.0;
-        *x1 = kLocalAreaSize;
-        *y1 = kLocalAreaSize;
-        return;
-    }
-    double lon, lat;
-    GetOrigin(&lon, &lat);
-    GxDefaultAreaAround(*this, lon, lat, kDefaultAreaHalf, x0, y0, x1, y1);
-}
-
-bool CGxTransverseMercatorJHS::IsLocal() const {
-    return name.isLocal;
-}
-
-bool CGxTransverseMercatorJHS::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
-    return GxAnonymousEllipsoid(a, f, out);
 }
 
 CGxProjection* CGxTransverseMercatorJHS::Clone() const {

@@ -1,11 +1,9 @@
 #pragma once
 
-#include "foundation/Projection.h"
-#include "projections/ProjectionSupport.h"
+#include "projections/TransverseMercator.h"
 
 class CGxEllipsoid;
 class CGxTransverseMercatorProjection;
-struct GxTransverseMercatorParameters;
 
 // Transverse Mercator by Krueger's series in the conformal-latitude form of the
 // Finnish recommendation JHS 154 (also IOGP Guidance Note 7-2): conformal
@@ -17,7 +15,7 @@ struct GxTransverseMercatorParameters;
 // (lon0 + 359 is lon0 - 1). Points more than 90 degrees of longitude away from
 // the central meridian lie beyond the pole on the grid: the forward folds xi0
 // over the pole and the inverse unfolds it for |xi'| > pi/2.
-class GXCART_API CGxTransverseMercatorJHS : public CGxProjection {
+class GXCART_API CGxTransverseMercatorJHS : public CGxTransverseMercatorBase {
 public:
     // name: coordinate-system string (empty means "NON-UTM"); k0: scale on the
     // central meridian; lon0, lat0: central meridian and latitude of origin in
@@ -31,18 +29,12 @@ public:
     // definition gives the local grid "NON-UTM".
     explicit CGxTransverseMercatorJHS(const CGxTransverseMercatorProjection* definition);
 
-    const char* GetName() const override;
     void Geo2Proj(double lon, double lat, double* x, double* y) const override;
     void Proj2Geo(double x, double y, double* lon, double* lat) const override;
     // Central meridian and latitude of origin, degrees.
     void GetOrigin(double* lon, double* lat) const override;
     // Fifth-order series in the longitude difference, degrees; 0 on a local grid.
     double GetConvergence(double lon, double lat) const override;
-    // Projected corners of the +-3 degree box around the origin; (0, 0) to
-    // (10000, 10000) on a local grid.
-    void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
-    bool IsLocal() const override;
-    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
     CGxProjection* Clone() const override;
 
 private:
@@ -51,13 +43,6 @@ private:
     // Longitude (radians) minus lon0, brought into [-pi, pi].
     double _LongitudeFromOrigin(double lam) const;
 
-    GxProjectionName name;
-    double a;
-    double b;
-    double k0;
-    double f;
-    double FE;
-    double FN;
     double lon0;  // radians
     double lat0;  // radians
     double e;
