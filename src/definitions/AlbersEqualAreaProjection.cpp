@@ -18,6 +18,14 @@ constexpr GxParamRow kParams[] = {
     GxFalseNorthing(0),
 };
 
+// The WKT parameter each index is written as.
+constexpr EGxWktParameter kWktParams[] = {
+    EGxWktParameter::eStandardParallel1, EGxWktParameter::eStandardParallel2,
+    EGxWktParameter::eCentralMeridian,   EGxWktParameter::eLatitudeOfOrigin,
+    EGxWktParameter::eFalseEasting,      EGxWktParameter::eFalseNorthing,
+};
+static_assert(std::size(kWktParams) == std::size(kParams));
+
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eAlbersEqualArea,
     "Albers equal area",
@@ -27,6 +35,8 @@ constexpr GxProjDataLayout kLayout = {
     "WE",
     static_cast<int>(std::size(kParams)),
     kParams,
+    "Albers_Conic_Equal_Area",
+    kWktParams,
 };
 
 }  // namespace

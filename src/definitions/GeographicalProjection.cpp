@@ -15,6 +15,8 @@ constexpr GxProjDataLayout kLayout = {
     "WE",
     0,
     nullptr,
+    "Geographical",
+    nullptr,
 };
 
 }  // namespace

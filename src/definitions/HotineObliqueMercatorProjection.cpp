@@ -18,6 +18,14 @@ constexpr GxParamRow kParams[] = {
     GxFalseNorthing(0),
 };
 
+// The WKT parameter each index is written as.
+constexpr EGxWktParameter kWktParams[] = {
+    EGxWktParameter::eScaleFactor,      EGxWktParameter::eLongitudeOfCenter,
+    EGxWktParameter::eLatitudeOfCenter, EGxWktParameter::eAzimuth,
+    EGxWktParameter::eFalseEasting,     EGxWktParameter::eFalseNorthing,
+};
+static_assert(std::size(kWktParams) == std::size(kParams));
+
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eHotineObliqueMercator,
     "Hotine oblique mercator",
@@ -27,6 +35,8 @@ constexpr GxProjDataLayout kLayout = {
     "RF",
     static_cast<int>(std::size(kParams)),
     kParams,
+    "Hotine_Oblique_Mercator_Azimuth_Natural_Origin",
+    kWktParams,
 };
 
 }  // namespace

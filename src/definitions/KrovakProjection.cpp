@@ -22,6 +22,21 @@ constexpr GxParamRow kParams[] = {
     GxFalseNorthing(0),
 };
 
+// The WKT parameter each index is written as.
+constexpr EGxWktParameter kWktParams[] = {
+    EGxWktParameter::eScaleFactor,
+    EGxWktParameter::ePseudoParallel,
+    EGxWktParameter::eLongitudeOfCenter,
+    EGxWktParameter::eLatitudeOfCenter,
+    EGxWktParameter::eAzimuth,
+    EGxWktParameter::eXYPlaneRotation,
+    EGxWktParameter::eXScale,
+    EGxWktParameter::eYScale,
+    EGxWktParameter::eFalseEasting,
+    EGxWktParameter::eFalseNorthing,
+};
+static_assert(std::size(kWktParams) == std::size(kParams));
+
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eKrovak,
     "Krovak oblique conformal conic",
@@ -31,6 +46,8 @@ constexpr GxProjDataLayout kLayout = {
     "BR",
     static_cast<int>(std::size(kParams)),
     kParams,
+    "Krovak",
+    kWktParams,
 };
 
 }  // namespace

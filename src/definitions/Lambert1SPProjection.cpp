@@ -17,6 +17,14 @@ constexpr GxParamRow kParams[] = {
     GxFalseNorthing(0),
 };
 
+// The WKT parameter each index is written as.
+constexpr EGxWktParameter kWktParams[] = {
+    EGxWktParameter::eScaleFactor,      EGxWktParameter::eCentralMeridian,
+    EGxWktParameter::eLatitudeOfOrigin, EGxWktParameter::eFalseEasting,
+    EGxWktParameter::eFalseNorthing,
+};
+static_assert(std::size(kWktParams) == std::size(kParams));
+
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eLambert1SP,
     "Lambert conformal conic with 1 standard parallel",
@@ -26,6 +34,8 @@ constexpr GxProjDataLayout kLayout = {
     "WE",
     static_cast<int>(std::size(kParams)),
     kParams,
+    "Lambert_Conformal_Conic_1SP",
+    kWktParams,
 };
 
 }  // namespace

@@ -16,6 +16,15 @@ constexpr GxParamRow kParams[] = {
     GxFalseNorthing(0),
 };
 
+// The WKT parameter each index is written as.
+constexpr EGxWktParameter kWktParams[] = {
+    EGxWktParameter::eCentralMeridian,
+    EGxWktParameter::eLatitudeOfOrigin,
+    EGxWktParameter::eFalseEasting,
+    EGxWktParameter::eFalseNorthing,
+};
+static_assert(std::size(kWktParams) == std::size(kParams));
+
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eLambertAzimuthalEqualArea,
     "Lambert azimuthal equal area",
@@ -25,6 +34,8 @@ constexpr GxProjDataLayout kLayout = {
     "WE",
     static_cast<int>(std::size(kParams)),
     kParams,
+    "Lambert_Azimuthal_Equal_Area",
+    kWktParams,
 };
 
 }  // namespace

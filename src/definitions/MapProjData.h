@@ -4,6 +4,7 @@
 
 #include "foundation/GxExport.h"
 
+class CGxPRJParser;
 class CGxProjection;
 
 // Keywords of the keyword-file form of a projection definition. They are
@@ -133,6 +134,12 @@ public:
     // A new algorithm built from this definition, owned by the caller; null
     // when none can be built.
     virtual CGxProjection* CreateProjection() const = 0;
+    // Fills a WKT parser for writing: the name, the fixed geographic-system
+    // data, the figure the catalogue holds for the ellipsoid identifier and
+    // the type's parameters. With an identifier the catalogue does not know
+    // the system can only be a plane grid: it is handed over as
+    // "Non_Projected" with a placeholder spheroid.
+    virtual void TransferParameters(CGxPRJParser& parser) const = 0;
 
     virtual std::string GetProjectionTypeTitle() const = 0;
     virtual EProjectionType GetProjectionType() const = 0;

@@ -16,6 +16,15 @@ constexpr GxParamRow kParams[] = {
     GxFalseNorthing(0),
 };
 
+// The WKT parameter each index is written as.
+constexpr EGxWktParameter kWktParams[] = {
+    EGxWktParameter::eStandardParallel1,
+    EGxWktParameter::eCentralMeridian,
+    EGxWktParameter::eFalseEasting,
+    EGxWktParameter::eFalseNorthing,
+};
+static_assert(std::size(kWktParams) == std::size(kParams));
+
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eMercator2SP,
     "Mercator with 2 standard parallels",
@@ -25,6 +34,8 @@ constexpr GxProjDataLayout kLayout = {
     "WE",
     static_cast<int>(std::size(kParams)),
     kParams,
+    "Mercator_2SP",
+    kWktParams,
 };
 
 }  // namespace

@@ -16,6 +16,15 @@ constexpr GxParamRow kParams[] = {
     GxFalseNorthing(6023150),
 };
 
+// The WKT parameter each index is written as.
+constexpr EGxWktParameter kWktParams[] = {
+    EGxWktParameter::eCentralMeridian,
+    EGxWktParameter::eLatitudeOfOrigin,
+    EGxWktParameter::eFalseEasting,
+    EGxWktParameter::eFalseNorthing,
+};
+static_assert(std::size(kWktParams) == std::size(kParams));
+
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eNewZealandMapGrid,
     "New Zealand map grid",
@@ -25,6 +34,8 @@ constexpr GxProjDataLayout kLayout = {
     "IN",
     static_cast<int>(std::size(kParams)),
     kParams,
+    "New_Zealand_Map_Grid",
+    kWktParams,
 };
 
 }  // namespace

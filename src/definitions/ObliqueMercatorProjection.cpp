@@ -18,6 +18,14 @@ constexpr GxParamRow kParams[] = {
     GxFalseNorthing(0),
 };
 
+// The WKT parameter each index is written as.
+constexpr EGxWktParameter kWktParams[] = {
+    EGxWktParameter::eScaleFactor,      EGxWktParameter::eLongitudeOfCenter,
+    EGxWktParameter::eLatitudeOfCenter, EGxWktParameter::eAzimuth,
+    EGxWktParameter::eFalseEasting,     EGxWktParameter::eFalseNorthing,
+};
+static_assert(std::size(kWktParams) == std::size(kParams));
+
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eObliqueMercator,
     "Oblique mercator",
@@ -27,6 +35,8 @@ constexpr GxProjDataLayout kLayout = {
     "BR",
     static_cast<int>(std::size(kParams)),
     kParams,
+    "Hotine_Oblique_Mercator_Azimuth_Center",
+    kWktParams,
 };
 
 }  // namespace

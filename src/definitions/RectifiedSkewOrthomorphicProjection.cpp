@@ -19,6 +19,15 @@ constexpr GxParamRow kParams[] = {
     GxFalseNorthing(0),
 };
 
+// The WKT parameter each index is written as.
+constexpr EGxWktParameter kWktParams[] = {
+    EGxWktParameter::eScaleFactor,      EGxWktParameter::eLongitudeOfCenter,
+    EGxWktParameter::eLatitudeOfCenter, EGxWktParameter::eAzimuth,
+    EGxWktParameter::eXYPlaneRotation,  EGxWktParameter::eFalseEasting,
+    EGxWktParameter::eFalseNorthing,
+};
+static_assert(std::size(kWktParams) == std::size(kParams));
+
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eRectifiedSkewOrthomorphic,
     "Rectified skew orthomorphic",
@@ -28,6 +37,8 @@ constexpr GxProjDataLayout kLayout = {
     "EB",
     static_cast<int>(std::size(kParams)),
     kParams,
+    "Rectified_Skew_Orthomorphic_Natural_Origin",
+    kWktParams,
 };
 
 }  // namespace

@@ -16,6 +16,14 @@ constexpr GxParamRow kParams[] = {
     GxAngle("Angle of rotation:", IDs::AngleOfRotation, 0),
 };
 
+// The WKT parameter each index is written as.
+constexpr EGxWktParameter kWktParams[] = {
+    EGxWktParameter::eLongitudeOfSouthPole,
+    EGxWktParameter::eLatitudeOfSouthPole,
+    EGxWktParameter::eAngleOfRotation,
+};
+static_assert(std::size(kWktParams) == std::size(kParams));
+
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eRotatedLongitudeLatitude,
     "Rotated longitude/latitude",
@@ -25,6 +33,8 @@ constexpr GxProjDataLayout kLayout = {
     "XY",
     static_cast<int>(std::size(kParams)),
     kParams,
+    "Rotated_Longitude_Latitude",
+    kWktParams,
 };
 
 }  // namespace

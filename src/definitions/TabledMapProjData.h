@@ -7,6 +7,8 @@
 #include "definitions/MapProjData.h"
 #include "foundation/GxExport.h"
 
+class CGxEllipsoid;
+
 // The twenty definition types differ only in their parameter lists, keywords
 // and names. Each type describes itself once in a constant table; one
 // implementation of reading, writing, labelled access and copying serves all.
@@ -75,16 +77,41 @@ constexpr GxParamRow GxFalseNorthing(double defaultValue) {
 // Largest parameter count of any type (Krovak).
 constexpr std::size_t kGxMaxProjParams = 10;
 
+// The WKT parameter a definition parameter is written as. The same value can
+// stand under different WKT names: a Lambert 2SP "origin longitude" and a
+// Transverse Mercator "centre" are both the WKT central meridian.
+enum class EGxWktParameter : int {
+    eFalseEasting,
+    eFalseNorthing,
+    eCentralMeridian,
+    eStandardParallel1,
+    eStandardParallel2,
+    eLatitudeOfOrigin,
+    eLongitudeOfCenter,
+    eLatitudeOfCenter,
+    eAzimuth,
+    eXYPlaneRotation,
+    eScaleFactor,
+    eLongitudeOfSouthPole,
+    eLatitudeOfSouthPole,
+    eAngleOfRotation,
+    ePseudoParallel,
+    eXScale,
+    eYScale,
+};
+
 // Everything that tells one definition type from another.
 struct GxProjDataLayout {
     CGxMapProjData::EProjectionType type;
-    const char* title;             // GetProjectionTypeTitle
-    const char* sectionName;       // written, and accepted on reading
-    const char* oldSectionName;    // also accepted on reading, or null
-    const char* defaultName;       // name of the default definition
-    const char* defaultEllipsoid;  // ellipsoid identifier of the default definition
-    int count;                     // number of parameters, at most kGxMaxProjParams
-    const GxParamRow* params;      // count entries in index order
+    const char* title;                 // GetProjectionTypeTitle
+    const char* sectionName;           // written, and accepted on reading
+    const char* oldSectionName;        // also accepted on reading, or null
+    const char* defaultName;           // name of the default definition
+    const char* defaultEllipsoid;      // ellipsoid identifier of the default definition
+    int count;                         // number of parameters, at most kGxMaxProjParams
+    const GxParamRow* params;          // count entries in index order
+    const char* wktName;               // PROJECTION name the WKT writer gives the type
+    const EGxWktParameter* wktParams;  // count entries: the WKT parameter of each index
 };
 
 // The common implementation of the definition family. It holds the fields of
@@ -106,6 +133,13 @@ public:
     bool IsSectionID(const std::string& text) const override;
     bool CanDelete() const override;
     bool CanEdit() const override;
+    // The figure is looked up in the setup's ellipsoid catalogue.
+    void TransferParameters(CGxPRJParser& parser) const override;
+    // The same with a figure found elsewhere (an algorithm asks the catalogue
+    // by its coordinate-system name); null stands for none: the system is
+    // then handed over as "Non_Projected" on the spheroid " " whose two
+    // numbers are unset (-1e-35).
+    void TransferParameters(CGxPRJParser& parser, const CGxEllipsoid* ellipsoid) const;
     std::string GetProjectionTypeTitle() const override;
     EProjectionType GetProjectionType() const override;
     int GetNoOfParameters() const override;
