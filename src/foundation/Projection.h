@@ -4,6 +4,7 @@
 
 class CGxEllipsoid;
 class CGxMapProjection;
+class CGxPRJParser;
 
 // The abstract projection algorithm. The facade holds exactly one per
 // coordinate system and reaches it only through these virtual operations, in
@@ -45,6 +46,10 @@ public:
     virtual bool GetAnonymousEllipsoid(CGxEllipsoid& out) const;
     // A new heap copy of the same concrete class, owned by the caller.
     virtual CGxProjection* Clone() const = 0;
+    // Fills a WKT parser for writing with the coordinate system this
+    // algorithm stands for: the catalogue definition of its name and the
+    // catalogue figure, or "Non_Projected" when the catalogue knows no figure.
+    virtual void TransferParameters(CGxPRJParser&) const {}
     virtual ~CGxProjection();
 
     // Releases an algorithm held through a base pointer; null is allowed.

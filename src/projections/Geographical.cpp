@@ -10,6 +10,7 @@
 #include "catalogue/CartSetup.h"
 #include "definitions/GeographicalProjection.h"
 #include "foundation/Ellipsoid.h"
+#include "projections/AlgorithmTransfer.h"
 
 namespace {
 // The default view: all longitudes, and latitudes from the Southern Ocean to
@@ -71,3 +72,15 @@ bool CGxGeographical::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
 }
 
 CGxProjection* CGxGeographical::Clone() const { return new CGxGeographical(*this); }
+
+void CGxGeographical::TransferParameters(CGxPRJParser& parser) const {
+    GxTransferAlgorithm(*this, &CGxGeographical::GetMapProjection, parser);
+}
+
+bool CGxGeographical::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
+    return GxCatalogueFigureOf(GetName(), ellipsoid);
+}
+
+bool CGxGeographical::GetMapProjection(CGxGeographicalProjection& definition) const {
+    return GxCatalogueDefinitionOf(GetName(), definition);
+}

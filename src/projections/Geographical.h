@@ -4,6 +4,7 @@
 #include "projections/ProjectionSupport.h"
 
 class CGxEllipsoid;
+class CGxPRJParser;
 class CGxGeographicalProjection;
 
 // Geographical coordinates as a grid: x is the longitude east of a central
@@ -31,6 +32,13 @@ public:
     // False when the ellipsoid's major axis is not above 0.
     bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
     CGxProjection* Clone() const override;
+    void TransferParameters(CGxPRJParser& parser) const override;
+
+    // The catalogue figure of the coordinate system this grid is named
+    // after; false when the catalogue knows none.
+    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
+    // The catalogue definition of that name when it is of this type.
+    bool GetMapProjection(CGxGeographicalProjection& definition) const;
 
 private:
     GxProjectionName name;

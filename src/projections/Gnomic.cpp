@@ -23,3 +23,5 @@ void CGxGnomic::Geo2Proj(double, double, double*, double*) const { NotImplemente
 void CGxGnomic::Proj2Geo(double, double, double*, double*) const { NotImplemented(); }
 
 CGxProjection* CGxGnomic::Clone() const { return new CGxGnomic(*this); }
+
+void CGxGnomic::TransferParameters(CGxPRJParser&) const {}

@@ -2,6 +2,8 @@
 
 #include "foundation/Projection.h"
 
+class CGxPRJParser;
+
 // Placeholder for the gnomonic projection, which GxCart does not provide yet.
 // Building one, or converting through one, writes "Gnomic projection not
 // implemented yet" to standard error and aborts the process: a grid that
@@ -17,4 +19,6 @@ public:
     void Geo2Proj(double lon, double lat, double* x, double* y) const override;
     void Proj2Geo(double x, double y, double* lon, double* lat) const override;
     CGxProjection* Clone() const override;
+    // Writes nothing: the grid is not a coordinate system the WKT writer knows.
+    void TransferParameters(CGxPRJParser& parser) const override;
 };

@@ -1,6 +1,7 @@
 #include "projections/HotineObliqueMercator.h"
 
 #include "definitions/HotineObliqueMercatorProjection.h"
+#include "projections/AlgorithmTransfer.h"
 
 CGxHotineObliqueMercator::CGxHotineObliqueMercator(const char* name, double scale,
                                                    double centreLongitude, double centreLatitude,
@@ -23,4 +24,17 @@ CGxHotineObliqueMercator::CGxHotineObliqueMercator(const CGxHotineObliqueMercato
 
 CGxProjection* CGxHotineObliqueMercator::Clone() const {
     return new CGxHotineObliqueMercator(*this);
+}
+
+void CGxHotineObliqueMercator::TransferParameters(CGxPRJParser& parser) const {
+    GxTransferAlgorithm(*this, &CGxHotineObliqueMercator::GetMapProjection, parser);
+}
+
+bool CGxHotineObliqueMercator::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
+    return GxCatalogueFigureOf(GetName(), ellipsoid);
+}
+
+bool CGxHotineObliqueMercator::GetMapProjection(
+    CGxHotineObliqueMercatorProjection& definition) const {
+    return GxCatalogueDefinitionOf(GetName(), definition);
 }

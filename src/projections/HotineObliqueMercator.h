@@ -3,6 +3,7 @@
 #include "projections/ObliqueMercatorMath.h"
 
 class CGxEllipsoid;
+class CGxPRJParser;
 class CGxHotineObliqueMercatorProjection;
 
 // Hotine oblique Mercator with its grid origin at the natural origin, where
@@ -24,4 +25,11 @@ public:
     explicit CGxHotineObliqueMercator(const CGxHotineObliqueMercatorProjection* definition);
 
     CGxProjection* Clone() const override;
+    void TransferParameters(CGxPRJParser& parser) const override;
+
+    // The catalogue figure of the coordinate system this grid is named
+    // after; false when the catalogue knows none.
+    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
+    // The catalogue definition of that name when it is of this type.
+    bool GetMapProjection(CGxHotineObliqueMercatorProjection& definition) const;
 };

@@ -32,3 +32,5 @@ void CGxIsoMetric::Proj2Geo(double x, double y, double* lon, double* lat) const 
 }
 
 CGxProjection* CGxIsoMetric::Clone() const { return new CGxIsoMetric(*this); }
+
+void CGxIsoMetric::TransferParameters(CGxPRJParser&) const {}

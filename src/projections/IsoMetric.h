@@ -2,6 +2,8 @@
 
 #include "foundation/Projection.h"
 
+class CGxPRJParser;
+
 // An affine grid tied to geography by three reference points: P1 carries a
 // known longitude and latitude, the direction P1 -> P2 measures longitude and
 // the direction P1 -> P3 measures latitude, each at a constant rate in degrees
@@ -21,6 +23,8 @@ public:
     void Geo2Proj(double lon, double lat, double* x, double* y) const override;
     void Proj2Geo(double x, double y, double* lon, double* lat) const override;
     CGxProjection* Clone() const override;
+    // Writes nothing: the grid is not a coordinate system the WKT writer knows.
+    void TransferParameters(CGxPRJParser& parser) const override;
 
 private:
     double originX, originY;      // P1, grid units

@@ -5,6 +5,7 @@
 #include "definitions/KrovakProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
+#include "projections/AlgorithmTransfer.h"
 #include "projections/ConformalLatitude.h"
 
 namespace {
@@ -155,4 +156,16 @@ bool CGxKrovak::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
 
 CGxProjection* CGxKrovak::Clone() const {
     return new CGxKrovak(*this);
+}
+
+void CGxKrovak::TransferParameters(CGxPRJParser& parser) const {
+    GxTransferAlgorithm(*this, &CGxKrovak::GetMapProjection, parser);
+}
+
+bool CGxKrovak::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
+    return GxCatalogueFigureOf(GetName(), ellipsoid);
+}
+
+bool CGxKrovak::GetMapProjection(CGxKrovakProjection& definition) const {
+    return GxCatalogueDefinitionOf(GetName(), definition);
 }

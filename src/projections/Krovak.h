@@ -5,6 +5,7 @@
 #include "projections/ProjectionSupport.h"
 
 class CGxEllipsoid;
+class CGxPRJParser;
 class CGxKrovakProjection;
 
 // Krovak's oblique conformal conic: the ellipsoid goes conformally onto the
@@ -46,6 +47,13 @@ public:
     bool IsLocal() const override;
     bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
     CGxProjection* Clone() const override;
+    void TransferParameters(CGxPRJParser& parser) const override;
+
+    // The catalogue figure of the coordinate system this grid is named
+    // after; false when the catalogue knows none.
+    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
+    // The catalogue definition of that name when it is of this type.
+    bool GetMapProjection(CGxKrovakProjection& definition) const;
 
 private:
     // Takes the parameters (as for the constructor by numbers) and computes

@@ -12,6 +12,7 @@
 #include "definitions/Lambert1SPProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
+#include "projections/AlgorithmTransfer.h"
 #include "projections/ConformalLatitude.h"
 #include "projections/ParallelRadius.h"
 
@@ -96,4 +97,16 @@ bool CGxLambert1SP::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
 
 CGxProjection* CGxLambert1SP::Clone() const {
     return new CGxLambert1SP(*this);
+}
+
+void CGxLambert1SP::TransferParameters(CGxPRJParser& parser) const {
+    GxTransferAlgorithm(*this, &CGxLambert1SP::GetMapProjection, parser);
+}
+
+bool CGxLambert1SP::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
+    return GxCatalogueFigureOf(GetName(), ellipsoid);
+}
+
+bool CGxLambert1SP::GetMapProjection(CGxLambert1SPProjection& definition) const {
+    return GxCatalogueDefinitionOf(GetName(), definition);
 }

@@ -11,6 +11,7 @@
 #include "definitions/Lambert2SPProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
+#include "projections/AlgorithmTransfer.h"
 #include "projections/ConformalLatitude.h"
 #include "projections/ParallelRadius.h"
 
@@ -105,4 +106,16 @@ bool CGxLambert2SP::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
 
 CGxProjection* CGxLambert2SP::Clone() const {
     return new CGxLambert2SP(*this);
+}
+
+void CGxLambert2SP::TransferParameters(CGxPRJParser& parser) const {
+    GxTransferAlgorithm(*this, &CGxLambert2SP::GetMapProjection, parser);
+}
+
+bool CGxLambert2SP::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
+    return GxCatalogueFigureOf(GetName(), ellipsoid);
+}
+
+bool CGxLambert2SP::GetMapProjection(CGxLambert2SPProjection& definition) const {
+    return GxCatalogueDefinitionOf(GetName(), definition);
 }

@@ -6,6 +6,7 @@
 #include "definitions/Mercator1SPProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
+#include "projections/AlgorithmTransfer.h"
 #include "projections/FourierCoefficients.h"
 #include "projections/ProjectionSupport.h"
 
@@ -95,4 +96,16 @@ bool CGxMercator1SP::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
 
 CGxProjection* CGxMercator1SP::Clone() const {
     return new CGxMercator1SP(*this);
+}
+
+void CGxMercator1SP::TransferParameters(CGxPRJParser& parser) const {
+    GxTransferAlgorithm(*this, &CGxMercator1SP::GetMapProjection, parser);
+}
+
+bool CGxMercator1SP::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
+    return GxCatalogueFigureOf(GetName(), ellipsoid);
+}
+
+bool CGxMercator1SP::GetMapProjection(CGxMercator1SPProjection& definition) const {
+    return GxCatalogueDefinitionOf(GetName(), definition);
 }

@@ -9,6 +9,7 @@
 #include "definitions/Mercator2SPProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
+#include "projections/AlgorithmTransfer.h"
 #include "projections/FourierCoefficients.h"
 #include "projections/ParallelRadius.h"
 #include "projections/ProjectionSupport.h"
@@ -100,4 +101,16 @@ bool CGxMercator2SP::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
 
 CGxProjection* CGxMercator2SP::Clone() const {
     return new CGxMercator2SP(*this);
+}
+
+void CGxMercator2SP::TransferParameters(CGxPRJParser& parser) const {
+    GxTransferAlgorithm(*this, &CGxMercator2SP::GetMapProjection, parser);
+}
+
+bool CGxMercator2SP::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
+    return GxCatalogueFigureOf(GetName(), ellipsoid);
+}
+
+bool CGxMercator2SP::GetMapProjection(CGxMercator2SPProjection& definition) const {
+    return GxCatalogueDefinitionOf(GetName(), definition);
 }

@@ -5,6 +5,7 @@
 #include "definitions/NewZealandMapGridProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
+#include "projections/AlgorithmTransfer.h"
 
 namespace {
 
@@ -162,4 +163,16 @@ bool CGxNewZealandMapGrid::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
 
 CGxProjection* CGxNewZealandMapGrid::Clone() const {
     return new CGxNewZealandMapGrid(*this);
+}
+
+void CGxNewZealandMapGrid::TransferParameters(CGxPRJParser& parser) const {
+    GxTransferAlgorithm(*this, &CGxNewZealandMapGrid::GetMapProjection, parser);
+}
+
+bool CGxNewZealandMapGrid::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
+    return GxCatalogueFigureOf(GetName(), ellipsoid);
+}
+
+bool CGxNewZealandMapGrid::GetMapProjection(CGxNewZealandMapGridProjection& definition) const {
+    return GxCatalogueDefinitionOf(GetName(), definition);
 }

@@ -5,6 +5,7 @@
 #include "projections/ProjectionSupport.h"
 
 class CGxEllipsoid;
+class CGxPRJParser;
 class CGxNewZealandMapGridProjection;
 
 // The fixed coefficients of the New Zealand map grid, shared by every
@@ -79,6 +80,13 @@ public:
     bool IsLocal() const override;
     bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
     CGxProjection* Clone() const override;
+    void TransferParameters(CGxPRJParser& parser) const override;
+
+    // The catalogue figure of the coordinate system this grid is named
+    // after; false when the catalogue knows none.
+    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
+    // The catalogue definition of that name when it is of this type.
+    bool GetMapProjection(CGxNewZealandMapGridProjection& definition) const;
 
 private:
     // Takes the parameters (as for the constructor by numbers); called once,

@@ -1,6 +1,7 @@
 #include "projections/ObliqueMercator.h"
 
 #include "definitions/ObliqueMercatorProjection.h"
+#include "projections/AlgorithmTransfer.h"
 
 CGxObliqueMercator::CGxObliqueMercator(const char* name, double scale, double centreLongitude,
                                        double centreLatitude, double azimuth, double falseEasting,
@@ -21,4 +22,16 @@ CGxObliqueMercator::CGxObliqueMercator(const CGxObliqueMercatorProjection* def)
 
 CGxProjection* CGxObliqueMercator::Clone() const {
     return new CGxObliqueMercator(*this);
+}
+
+void CGxObliqueMercator::TransferParameters(CGxPRJParser& parser) const {
+    GxTransferAlgorithm(*this, &CGxObliqueMercator::GetMapProjection, parser);
+}
+
+bool CGxObliqueMercator::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
+    return GxCatalogueFigureOf(GetName(), ellipsoid);
+}
+
+bool CGxObliqueMercator::GetMapProjection(CGxObliqueMercatorProjection& definition) const {
+    return GxCatalogueDefinitionOf(GetName(), definition);
 }

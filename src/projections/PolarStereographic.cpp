@@ -13,6 +13,7 @@
 #include "definitions/StereographicProjection.h"
 #include "definitions/StereographicSouthPoleProjection.h"
 #include "foundation/Tolerance.h"
+#include "projections/AlgorithmTransfer.h"
 #include "projections/Stereographic.h"
 #include "projections/StereographicNorthPole.h"
 #include "projections/StereographicSouthPole.h"
@@ -153,4 +154,16 @@ bool CGxPolarStereographic::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
 
 CGxProjection* CGxPolarStereographic::Clone() const {
     return new CGxPolarStereographic(*this);
+}
+
+void CGxPolarStereographic::TransferParameters(CGxPRJParser& parser) const {
+    GxTransferAlgorithm(*this, &CGxPolarStereographic::GetMapProjection, parser);
+}
+
+bool CGxPolarStereographic::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
+    return GxCatalogueFigureOf(GetName(), ellipsoid);
+}
+
+bool CGxPolarStereographic::GetMapProjection(CGxPolarStereographicProjection& definition) const {
+    return GxCatalogueDefinitionOf(GetName(), definition);
 }

@@ -3,6 +3,7 @@
 #include "foundation/Projection.h"
 
 class CGxEllipsoid;
+class CGxPRJParser;
 class CGxPolarStereographicProjection;
 
 // Polar stereographic for every origin latitude: an origin at a pole gives
@@ -39,6 +40,13 @@ public:
     bool IsLocal() const override;
     bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
     CGxProjection* Clone() const override;
+    void TransferParameters(CGxPRJParser& parser) const override;
+
+    // The catalogue figure of the coordinate system this grid is named
+    // after; false when the catalogue knows none.
+    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
+    // The catalogue definition of that name when it is of this type.
+    bool GetMapProjection(CGxPolarStereographicProjection& definition) const;
 
 private:
     // Owned; null only when it could not be allocated, and then the wrapper

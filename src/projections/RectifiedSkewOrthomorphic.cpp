@@ -1,6 +1,7 @@
 #include "projections/RectifiedSkewOrthomorphic.h"
 
 #include "definitions/RectifiedSkewOrthomorphicProjection.h"
+#include "projections/AlgorithmTransfer.h"
 
 CGxRectifiedSkewOrthomorphic::CGxRectifiedSkewOrthomorphic(
     const char* name, double scale, double centreLongitude, double centreLatitude, double azimuth,
@@ -23,4 +24,17 @@ CGxRectifiedSkewOrthomorphic::CGxRectifiedSkewOrthomorphic(
 
 CGxProjection* CGxRectifiedSkewOrthomorphic::Clone() const {
     return new CGxRectifiedSkewOrthomorphic(*this);
+}
+
+void CGxRectifiedSkewOrthomorphic::TransferParameters(CGxPRJParser& parser) const {
+    GxTransferAlgorithm(*this, &CGxRectifiedSkewOrthomorphic::GetMapProjection, parser);
+}
+
+bool CGxRectifiedSkewOrthomorphic::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
+    return GxCatalogueFigureOf(GetName(), ellipsoid);
+}
+
+bool CGxRectifiedSkewOrthomorphic::GetMapProjection(
+    CGxRectifiedSkewOrthomorphicProjection& definition) const {
+    return GxCatalogueDefinitionOf(GetName(), definition);
 }

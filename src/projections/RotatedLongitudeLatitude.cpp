@@ -24,6 +24,7 @@
 #include "definitions/RotatedLongitudeLatitudeProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
+#include "projections/AlgorithmTransfer.h"
 
 namespace {
 // Half the side of the default box around the origin, degrees.
@@ -177,4 +178,17 @@ bool CGxRotatedLongitudeLatitude::GetAnonymousEllipsoid(CGxEllipsoid& out) const
 
 CGxProjection* CGxRotatedLongitudeLatitude::Clone() const {
     return new CGxRotatedLongitudeLatitude(*this);
+}
+
+void CGxRotatedLongitudeLatitude::TransferParameters(CGxPRJParser& parser) const {
+    GxTransferAlgorithm(*this, &CGxRotatedLongitudeLatitude::GetMapProjection, parser);
+}
+
+bool CGxRotatedLongitudeLatitude::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
+    return GxCatalogueFigureOf(GetName(), ellipsoid);
+}
+
+bool CGxRotatedLongitudeLatitude::GetMapProjection(
+    CGxRotatedLongitudeLatitudeProjection& definition) const {
+    return GxCatalogueDefinitionOf(GetName(), definition);
 }

@@ -5,6 +5,7 @@
 #include "projections/ProjectionSupport.h"
 
 class CGxEllipsoid;
+class CGxPRJParser;
 class CGxRotatedLongitudeLatitudeProjection;
 
 // Longitude and latitude in a rotated geographic system (the rotated-pole
@@ -49,6 +50,13 @@ public:
     // above 0; a grid built without a known ellipsoid hands out NaN.
     bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
     CGxProjection* Clone() const override;
+    void TransferParameters(CGxPRJParser& parser) const override;
+
+    // The catalogue figure of the coordinate system this grid is named
+    // after; false when the catalogue knows none.
+    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
+    // The catalogue definition of that name when it is of this type.
+    bool GetMapProjection(CGxRotatedLongitudeLatitudeProjection& definition) const;
 
     // Longitude/latitude (degrees, height 0) to Earth-centred X, Y, Z on this
     // object's ellipsoid, in its unit.

@@ -12,6 +12,7 @@
 #include "definitions/StereographicProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
+#include "projections/AlgorithmTransfer.h"
 #include "projections/ConformalLatitude.h"
 
 namespace {
@@ -194,4 +195,16 @@ bool CGxStereographic::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
 
 CGxProjection* CGxStereographic::Clone() const {
     return new CGxStereographic(*this);
+}
+
+void CGxStereographic::TransferParameters(CGxPRJParser& parser) const {
+    GxTransferAlgorithm(*this, &CGxStereographic::GetMapProjection, parser);
+}
+
+bool CGxStereographic::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
+    return GxCatalogueFigureOf(GetName(), ellipsoid);
+}
+
+bool CGxStereographic::GetMapProjection(CGxStereographicProjection& definition) const {
+    return GxCatalogueDefinitionOf(GetName(), definition);
 }

@@ -6,6 +6,7 @@
 #include "projections/ProjectionSupport.h"
 
 class CGxEllipsoid;
+class CGxPRJParser;
 class CGxStereographicProjection;
 
 // Oblique ("double") stereographic on the ellipsoid with a scale factor at the
@@ -37,6 +38,13 @@ public:
     bool IsLocal() const override;
     bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
     CGxProjection* Clone() const override;
+    void TransferParameters(CGxPRJParser& parser) const override;
+
+    // The catalogue figure of the coordinate system this grid is named
+    // after; false when the catalogue knows none.
+    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
+    // The catalogue definition of that name when it is of this type.
+    bool GetMapProjection(CGxStereographicProjection& definition) const;
 
 private:
     enum EAspect { eOblique = 1, eNorthPolar = 2, eSouthPolar = 3 };

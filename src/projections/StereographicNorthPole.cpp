@@ -8,6 +8,7 @@
 #include "definitions/StereographicNorthPoleProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
+#include "projections/AlgorithmTransfer.h"
 #include "projections/ProjectionSupport.h"
 
 namespace {
@@ -97,4 +98,17 @@ bool CGxStereographicNorthPole::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
 
 CGxProjection* CGxStereographicNorthPole::Clone() const {
     return new CGxStereographicNorthPole(*this);
+}
+
+void CGxStereographicNorthPole::TransferParameters(CGxPRJParser& parser) const {
+    GxTransferAlgorithm(*this, &CGxStereographicNorthPole::GetMapProjection, parser);
+}
+
+bool CGxStereographicNorthPole::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
+    return GxCatalogueFigureOf(GetName(), ellipsoid);
+}
+
+bool CGxStereographicNorthPole::GetMapProjection(
+    CGxStereographicNorthPoleProjection& definition) const {
+    return GxCatalogueDefinitionOf(GetName(), definition);
 }

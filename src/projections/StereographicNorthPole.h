@@ -6,6 +6,7 @@
 #include "projections/ProjectionSupport.h"
 
 class CGxEllipsoid;
+class CGxPRJParser;
 class CGxStereographicNorthPoleProjection;
 
 // Polar stereographic about the north pole, true to scale along a standard parallel in the northern
@@ -37,6 +38,13 @@ public:
     void GetDerivedParameters(double* out) const override;
     bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
     CGxProjection* Clone() const override;
+    void TransferParameters(CGxPRJParser& parser) const override;
+
+    // The catalogue figure of the coordinate system this grid is named
+    // after; false when the catalogue knows none.
+    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
+    // The catalogue definition of that name when it is of this type.
+    bool GetMapProjection(CGxStereographicNorthPoleProjection& definition) const;
 
 private:
     // Takes the parameters (as for the constructor by numbers) and computes

@@ -8,6 +8,7 @@
 #include "definitions/StereographicSouthPoleProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
+#include "projections/AlgorithmTransfer.h"
 #include "projections/ProjectionSupport.h"
 
 namespace {
@@ -97,4 +98,17 @@ bool CGxStereographicSouthPole::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
 
 CGxProjection* CGxStereographicSouthPole::Clone() const {
     return new CGxStereographicSouthPole(*this);
+}
+
+void CGxStereographicSouthPole::TransferParameters(CGxPRJParser& parser) const {
+    GxTransferAlgorithm(*this, &CGxStereographicSouthPole::GetMapProjection, parser);
+}
+
+bool CGxStereographicSouthPole::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
+    return GxCatalogueFigureOf(GetName(), ellipsoid);
+}
+
+bool CGxStereographicSouthPole::GetMapProjection(
+    CGxStereographicSouthPoleProjection& definition) const {
+    return GxCatalogueDefinitionOf(GetName(), definition);
 }
