@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "foundation/NumberText.h"
+#include "foundation/Projection.h"
 #include "foundation/Tolerance.h"
 #include "projections/ProjectionSupport.h"
 #include "wkt/WktTokenizer.h"
@@ -331,6 +332,11 @@ bool CGxPRJParser::Parse(bool sortParallels) {
     const std::string afterAxis1 = GetNameParam(projectionText, "AXIS", axis1Name, axis1Direction);
     GetNameParam(afterAxis1, "AXIS", axis2Name, axis2Direction);
 
+    // A trial build writes back what the algorithm derives (the scale of a
+    // standard parallel, the parallel of a one-parallel Mercator), so that
+    // the record describes both forms. A geographic system derives nothing.
+    if (projectionType != CGxMapProjData::eInvalidProjection)
+        CGxProjection::Release(CreateMapProjection());
     return projectionType != CGxMapProjData::eInvalidProjection;
 }
 
