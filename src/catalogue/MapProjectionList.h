@@ -6,6 +6,8 @@
 #include "foundation/GxExport.h"
 
 class CGxMapProjData;
+class CGxMapProjectionInfo;
+class CGxProjReadNotifier;
 
 // The catalogue of predefined coordinate systems offered for selection, in the
 // order users see it: "LONG/LAT", the sixty UTM zones, the system files, the
@@ -40,6 +42,34 @@ public:
 
     Iterator GetIteratorBegin() { return entries.begin(); }
     Iterator GetIteratorEnd() { return entries.end(); }
+
+    // Systems outside the catalogue, found when a caller enumerates (see
+    // ProjectionScan.cpp). The Add functions append to out the systems that
+    // pass CGxMapProjection::IsType(typeFlags, ...): AddPRJfiles those of the
+    // "*.PRJ" files in the folder "OpenGISProjections" of the library's
+    // folder and then of the user's folder, AddProjections those of the
+    // system and then the user setup file. A null out does nothing; the
+    // notifier may be null.
+    void AddPRJfiles(int typeFlags, std::list<CGxMapProjectionInfo>* out,
+                     CGxProjReadNotifier* notifier);
+    void AddProjections(int typeFlags, std::list<CGxMapProjectionInfo>* out,
+                        CGxProjReadNotifier* notifier);
+    // Appends the first line of every file in folder whose name matches
+    // pattern ('*' and '?' wildcards, letter case ignored), in name order,
+    // when the WKT reader finds a system in it; the notifier hears each such
+    // file's name.
+    void ScanPRJfiles(std::list<CGxMapProjectionInfo>* out, const std::string& folder,
+                      const std::string& pattern, CGxProjReadNotifier* notifier);
+    // Appends every line of a setup file (one projection string a line) in
+    // which the WKT reader finds a system; the notifier hears its PROJCS
+    // name. A missing file adds nothing.
+    void ScanProjectionSetup(std::list<CGxMapProjectionInfo>* out, const std::string& path,
+                             CGxProjReadNotifier* notifier);
+    // "SystemDefinedProjection.setup" in the library's data folder and
+    // "UserDefinedProjection.setup" in the user's folder; "" when the folder
+    // is not known.
+    static std::string GetSystemDefinedSetupName();
+    static std::string GetUserDefinedSetupName();
 
 private:
     void _Append(CGxMapProjData* definition);

@@ -1,0 +1,324 @@
+// The map projection facade: resolving a projection string to an algorithm,
+// the axis rules around every conversion, geodesics and geocentric
+// coordinates on the system's ellipsoid.
+
+#include "mapprojection/MapProjection.h"
+
+#include <cmath>
+#include <stdexcept>
+
+#include "catalogue/CartSetup.h"
+#include "datum/DatumShift.h"
+#include "datum/Vincenty.h"
+#include "foundation/Ellipsoid.h"
+#include "foundation/Projection.h"
+#include "foundation/Tolerance.h"
+#include "mapprojection/TextTrim.h"
+#include "projections/Geographical.h"
+#include "wkt/PRJParser.h"
+
+namespace {
+
+using EType = CGxMapProjData::EProjectionType;
+
+const char* const kLocalString = "NON-UTM";
+const char* const kLongLatString = "LONG/LAT";
+// A zone name without zone number: a system cannot be chosen from it.
+const char* const kGenericUtm = "UTM";
+
+// The figure geodesics fall back to for a geographical system that names no
+// ellipsoid (a bare "LONG/LAT").
+constexpr double kWgs84Major = 6378137.0;
+constexpr double kWgs84InverseFlattening = 298.257223563;
+
+bool IsSpecialString(const std::string& trimmed) {
+    return trimmed == kLocalString || trimmed == kLongLatString;
+}
+
+}  // namespace
+
+// ------------------------------------------------------------- construction
+
+CGxMapProjection::CGxMapProjection() : projection(nullptr) {}
+
+CGxMapProjection::CGxMapProjection(const char* projectionString_) : projection(nullptr) {
+    _Resolve(projectionString_, nullptr);
+}
+
+CGxMapProjection::CGxMapProjection(const std::string& projectionString_) : projection(nullptr) {
+    _Resolve(projectionString_.c_str(), nullptr);
+}
+
+CGxMapProjection::CGxMapProjection(const CGxMapProjection& other)
+    : projection(other.projection ? other.projection->Clone() : nullptr),
+      info(other.info),
+      projectionString(other.projectionString) {}
+
+CGxMapProjection& CGxMapProjection::operator=(const CGxMapProjection& other) {
+    if (this == &other) return *this;
+    CGxProjection* copy = other.projection ? other.projection->Clone() : nullptr;
+    if (projection) projection->free();
+    projection = copy;
+    info = other.info;
+    projectionString = other.projectionString;
+    return *this;
+}
+
+CGxMapProjection::~CGxMapProjection() {
+    if (projection) projection->free();
+}
+
+void CGxMapProjection::_Resolve(const char* s, EType* normalisedType) {
+    const std::string input = s ? s : "";
+    const std::string trimmed = GxTrimmed(input);
+    EType wktType = CGxMapProjData::eInvalidProjection;
+    projection = _GetProjection(trimmed, &info, &wktType);
+    if (normalisedType) *normalisedType = CGxMapProjData::eInvalidProjection;
+    if (!projection) return;
+
+    if (CGxPRJParser::IsPRJ(input)) {
+        // The text is kept as given; its type is what the reader found in it.
+        projectionString = input;
+        if (normalisedType) *normalisedType = wktType;
+        return;
+    }
+    if (IsSpecialString(trimmed)) {
+        projectionString = input;
+        return;
+    }
+    // A catalogue name: the system is kept as the WKT of its algorithm, so
+    // that the string stands on its own, whatever the catalogue holds later.
+    CGxPRJParser writer(projection);
+    writer.Format(projectionString);
+    CGxPRJParser reader(projectionString);
+    reader.Parse(true);
+    info.SetProjectionInfo(reader);
+    if (normalisedType) *normalisedType = reader.GetProjectionType();
+}
+
+CGxProjection* CGxMapProjection::GetProjection(const char* projectionString_,
+                                               CGxProjectionInfo* info_) {
+    return _GetProjection(GxTrimmed(projectionString_), info_, nullptr);
+}
+
+CGxProjection* CGxMapProjection::_GetProjection(const std::string& trimmed,
+                                                CGxProjectionInfo* info_, EType* wktType) {
+    CGxPRJParser parser(trimmed);
+    parser.Parse(true);
+    const EType type = parser.GetProjectionType();
+    if (wktType) *wktType = type;
+    if (type != CGxMapProjData::eInvalidProjection) {
+        if (CGxProjection* algorithm = parser.CreateMapProjection()) {
+            if (info_) info_->SetProjectionInfo(parser);
+            return algorithm;
+        }
+    }
+    if (trimmed == kGenericUtm) throw std::out_of_range("Can't use generic UTM");
+    return _FindMapProjection(trimmed.empty() ? std::string(kLocalString) : trimmed);
+}
+
+CGxProjection* CGxMapProjection::_FindMapProjection(const std::string& name) {
+    const CGxMapProjData* definition =
+        CGxCartSetup::Instance().GetMapProjectionList().GetMapProjection(name);
+    if (!definition) return nullptr;
+    const CGxEllipsoid* ellipsoid = EllipsoidFromID(definition->GetEllipsoidID());
+    // Longitude and latitude need no figure to be converted: a geographical
+    // entry without a known ellipsoid ("LONG/LAT" names none) is the plain
+    // longitude/latitude grid on Greenwich, and reports no ellipsoid, so that
+    // geodesics fall back to WGS 84.
+    if (!ellipsoid && definition->GetProjectionType() == CGxMapProjData::eGeographical) {
+        const CGxEllipsoid noFigure("", "", 0.0, 0.0);
+        return new CGxGeographical(definition->GetName().c_str(), 0.0, noFigure);
+    }
+    return definition->CreateProjection();
+}
+
+// ---------------------------------------------------------------- instance
+
+void CGxMapProjection::Geo2Proj(double lon, double lat, double* x, double* y) const {
+    if (!x || !y) return;
+    if (projection) projection->Geo2Proj(lon, lat, x, y);
+    info.Convert(*x, *y);
+}
+
+void CGxMapProjection::Proj2Geo(double x, double y, double* lon, double* lat) const {
+    if (!lon || !lat) return;
+    info.InvConvert(x, y);
+    if (projection) projection->Proj2Geo(x, y, lon, lat);
+}
+
+double CGxMapProjection::GetConvergence(double lon, double lat) const {
+    return projection ? projection->GetConvergence(lon, lat) : 0.0;
+}
+
+void CGxMapProjection::GetOrigin(double* lon, double* lat) const {
+    if (projection && lon && lat) projection->GetOrigin(lon, lat);
+}
+
+const char* CGxMapProjection::GetName() const { return projection ? projection->GetName() : ""; }
+
+bool CGxMapProjection::IsGeographical() const {
+    return projection ? projection->IsGeographical() : false;
+}
+
+bool CGxMapProjection::IsLocal() const { return projection ? projection->IsLocal() : false; }
+
+void CGxMapProjection::GetDatumShift(CGxDatumShift& shift) const { info.GetDatumShift(shift); }
+
+CGxMapProjection::ECoordSysType CGxMapProjection::GetCoordSysType() const {
+    CGxProjectionInfo::CAxis::EType first, second;
+    info.GetAxisTypes(first, second);
+    return static_cast<ECoordSysType>(first + 4 * second);
+}
+
+bool CGxMapProjection::GetUnit(EMapProjectionInfo which, double* factor, char* name) const {
+    switch (which) {
+        case eProjectedUnit:
+            return info.GetProjUnit(factor, name);
+        case eAngularUnit:
+            return info.GetAngularUnit(factor, name);
+    }
+    return false;
+}
+
+void CGxMapProjection::GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const {
+    if (projection && x0 && y0 && x1 && y1) projection->GetDefaultArea(x0, y0, x1, y1);
+}
+
+void CGxMapProjection::GetDefaultArea(int width, int height, ESizeParam which, double size,
+                                      double* x0, double* y0, double* x1, double* y1) const {
+    if (!projection || !x0 || !y0 || !x1 || !y1) return;
+    if (width < 1 || height < 1) {
+        projection->GetDefaultArea(x0, y0, x1, y1);
+        return;
+    }
+    double halfWidth, halfHeight;
+    switch (which) {
+        case eWidth:
+            halfWidth = size / 2;
+            halfHeight = (height * size / width) / 2;
+            break;
+        case eHeight:
+            halfWidth = (width * size / height) / 2;
+            halfHeight = size / 2;
+            break;
+        default:
+            return;
+    }
+    // Centred on the origin as the algorithm projects it, before the axis
+    // rule: the area is in the algorithm's easting/northing.
+    double lon0, lat0, cx, cy;
+    projection->GetOrigin(&lon0, &lat0);
+    projection->Geo2Proj(lon0, lat0, &cx, &cy);
+    *x0 = cx - halfWidth;
+    *y0 = cy - halfHeight;
+    *x1 = cx + halfWidth;
+    *y1 = cy + halfHeight;
+}
+
+// Both use the algorithm's figure; an algorithm without one leaves the
+// default ellipsoid (a = 1, f = 1), so the results are then meaningless but
+// defined.
+void CGxMapProjection::Geo2XYZ(double lon, double lat, double h, double* X, double* Y,
+                               double* Z) const {
+    if (!projection || !X || !Y || !Z) return;
+    CGxEllipsoid ellipsoid;
+    projection->GetAnonymousEllipsoid(ellipsoid);
+    const double a = ellipsoid.GetMajor();
+    const double e = ellipsoid.GetEccentricity();
+    const double e2 = e * e;
+    const double phi = lat * kGxDegToRad;
+    const double lambda = lon * kGxDegToRad;
+    const double sinPhi = std::sin(phi);
+    const double cosPhi = std::cos(phi);
+    // Radius of curvature in the prime vertical.
+    const double N = a / std::sqrt(1.0 - e2 * sinPhi * sinPhi);
+    *X = (N + h) * cosPhi * std::cos(lambda);
+    *Y = (N + h) * cosPhi * std::sin(lambda);
+    *Z = ((1.0 - e2) * N + h) * sinPhi;
+}
+
+// Bowring's closed form (B. R. Bowring, "Transformation from spatial to
+// geographical coordinates", Survey Review 23(181), 1976), with the
+// parametric latitude u taken from the ellipsoid's flattening and the point's
+// distance from the centre: better than a millimetre for heights within a few
+// thousand kilometres of the surface, without iteration.
+void CGxMapProjection::XYZ2Geo(double X, double Y, double Z, double* lon, double* lat,
+                               double* h) const {
+    if (!projection || !lon || !lat || !h) return;
+    CGxEllipsoid ellipsoid;
+    projection->GetAnonymousEllipsoid(ellipsoid);
+    const double a = ellipsoid.GetMajor();
+    const double b = ellipsoid.GetMinor();
+    const double f = ellipsoid.GetFlatness();
+    const double e = ellipsoid.GetEccentricity();
+    const double e2 = e * e;
+    const double ep2 = (a * a - b * b) / (b * b);
+    const double p = std::sqrt(X * X + Y * Y);
+    *lon = std::atan2(Y, X) * kGxRadToDeg;
+    if (p == 0.0) {
+        // On the polar axis the formula divides by p; the point lies above
+        // or below a pole.
+        *lat = Z < 0.0 ? -90.0 : 90.0;
+        *h = std::fabs(Z) - b;
+        return;
+    }
+    const double r = std::sqrt(Z * Z + p * p);
+    const double u = std::atan((1.0 - f + e2 * a / r) * Z / p);
+    const double sinU = std::sin(u);
+    const double cosU = std::cos(u);
+    const double phi = std::atan((Z + ep2 * b * sinU * sinU * sinU) /
+                                 (p - e2 * a * cosU * cosU * cosU));
+    const double sinPhi = std::sin(phi);
+    *lat = phi * kGxRadToDeg;
+    *h = p / std::cos(phi) - a / std::sqrt(1.0 - e2 * sinPhi * sinPhi);
+}
+
+namespace {
+
+// The figure geodesics of a system run on: the algorithm's own, or WGS 84 for
+// a geographical system without one. False when neither applies.
+bool GeodesicEllipsoid(const CGxProjection* projection, CGxEllipsoid& ellipsoid) {
+    if (!projection) return false;
+    if (projection->GetAnonymousEllipsoid(ellipsoid)) return true;
+    if (!projection->IsGeographical()) return false;
+    ellipsoid.SetParams(kWgs84Major, kWgs84InverseFlattening);
+    return true;
+}
+
+}  // namespace
+
+bool CGxMapProjection::GetDistance(double lon1, double lat1, double lon2, double lat2,
+                                   double& distance, double& azimuth1, double& azimuth2) const {
+    // A point's distance to itself needs no system (and would be 0/0 in the
+    // geodesic's azimuth).
+    if (lon1 == lon2 && lat1 == lat2) {
+        distance = 0.0;
+        return true;
+    }
+    CGxEllipsoid ellipsoid;
+    if (!GeodesicEllipsoid(projection, ellipsoid)) return false;
+    try {
+        CGxVincenty(ellipsoid).GetDistance(lon1, lat1, lon2, lat2, distance, azimuth1, azimuth2);
+    } catch (const std::exception&) {
+        // The root search of the inverse problem can fail for nearly
+        // antipodal points. The answer is still true, as it always has been
+        // once a figure was found, and the outputs keep what the caller put
+        // in them: the routine writes nothing before its search succeeds.
+    }
+    return true;
+}
+
+bool CGxMapProjection::GetDistance(double lon1, double lat1, double lon2, double lat2,
+                                   double& distance) const {
+    double azimuth1 = 0.0, azimuth2 = 0.0;
+    return GetDistance(lon1, lat1, lon2, lat2, distance, azimuth1, azimuth2);
+}
+
+bool CGxMapProjection::GetPoint(double lon, double lat, double azimuth, double distance,
+                                double& lon2, double& lat2, double& azimuth2) const {
+    CGxEllipsoid ellipsoid;
+    if (!GeodesicEllipsoid(projection, ellipsoid)) return false;
+    CGxVincenty(ellipsoid).GetPoint(lon, lat, azimuth, distance, lon2, lat2, azimuth2);
+    return true;
+}
