@@ -1,0 +1,315 @@
+#include "datum/DatumConverter.h"
+
+#include <limits>
+#include <memory>
+#include <utility>
+
+#include "datum/DatumShift.h"
+#include "foundation/Projection.h"
+#include "mapprojection/MapProjection.h"
+
+namespace {
+
+using EShift = CGxCartDef::ETypeOfDatumShift;
+
+// Slots of a stored shift: translations (m), rotations (radians), scale
+// correction (fraction).
+enum EShiftSlot : int { kDX, kDY, kDZ, kRX, kRY, kRZ, kScale };
+
+// A datum's frame to WGS 84 by the Helmert transformation in the
+// position-vector convention, linearised in the rotations (they are a few
+// arc-seconds at most, so the second-order terms stay below a micrometre on
+// the Earth's surface).
+void _ToWgs84(EShift type, const double* p, double& X, double& Y, double& Z) {
+    if (type == CGxCartDef::eThreeParameterShift) {
+        X += p[kDX];
+        Y += p[kDY];
+        Z += p[kDZ];
+    } else if (type == CGxCartDef::eSevenParameterShift) {
+        const double s = 1.0 + p[kScale];
+        const double x = X;
+        const double y = Y;
+        const double z = Z;
+        X = (x - p[kRZ] * y + p[kRY] * z) * s + p[kDX];
+        Y = (p[kRZ] * x + y - p[kRX] * z) * s + p[kDY];
+        Z = (-p[kRY] * x + p[kRX] * y + z) * s + p[kDZ];
+    }
+}
+
+// WGS 84 back to a datum's frame: the translation removed, then the
+// transposed rotation divided by the scale. The transposed small-angle
+// matrix inverts the forward one to first order only; the residual is of
+// the size of the rotations squared times the Earth's radius (micrometres),
+// and it is the same inverse other geodetic software applies to a TOWGS84
+// shift, so both agree on the way back.
+void _FromWgs84(EShift type, const double* p, double& X, double& Y, double& Z) {
+    if (type == CGxCartDef::eThreeParameterShift) {
+        X -= p[kDX];
+        Y -= p[kDY];
+        Z -= p[kDZ];
+    } else if (type == CGxCartDef::eSevenParameterShift) {
+        const double s = 1.0 + p[kScale];
+        const double u = X - p[kDX];
+        const double v = Y - p[kDY];
+        const double w = Z - p[kDZ];
+        X = (u + p[kRZ] * v - p[kRY] * w) / s;
+        Y = (-p[kRZ] * u + v + p[kRX] * w) / s;
+        Z = (p[kRY] * u - p[kRX] * v + w) / s;
+    }
+}
+
+// A TOWGS84 record in the units the formulas use: rotations from
+// arc-seconds to radians, the scale from parts per million to a fraction.
+// Values the shift type does not use are cleared.
+void _StoreShift(const CGxDatumShift& shift, EShift& type, double* out) {
+    type = shift.GetType();
+    for (int i = 0; i < CGxDatumShift::kParameterCount; ++i) out[i] = 0.0;
+    if (type != CGxCartDef::eThreeParameterShift && type != CGxCartDef::eSevenParameterShift)
+        return;
+    out[kDX] = shift[kDX];
+    out[kDY] = shift[kDY];
+    out[kDZ] = shift[kDZ];
+    if (type != CGxCartDef::eSevenParameterShift) return;
+    out[kRX] = CGxCartDef::arcsec2rad(shift[kRX]);
+    out[kRY] = CGxCartDef::arcsec2rad(shift[kRY]);
+    out[kRZ] = CGxCartDef::arcsec2rad(shift[kRZ]);
+    out[kScale] = CGxCartDef::ppm2dec(shift[kScale]);
+}
+
+// The figure of a system, false when it has none (no algorithm, or an
+// algorithm without ellipsoid such as the local grid).
+bool _EllipsoidOf(const CGxMapProjection& system, CGxEllipsoid& ellipsoid) {
+    const CGxProjection* algorithm = system.GetProjection();
+    return algorithm && algorithm->GetAnonymousEllipsoid(ellipsoid);
+}
+
+// Whether the source and the target side of a conversion type are
+// projected; false for a type outside the four.
+bool _Sides(CGxDatumConverter::ETypeOfConversion type, bool& sourceProjected,
+            bool& targetProjected) {
+    switch (type) {
+        case CGxDatumConverter::eProjToProj:
+            sourceProjected = targetProjected = true;
+            return true;
+        case CGxDatumConverter::eProjToGeo:
+            sourceProjected = true;
+            targetProjected = false;
+            return true;
+        case CGxDatumConverter::eGeoToProj:
+            sourceProjected = false;
+            targetProjected = true;
+            return true;
+        case CGxDatumConverter::eGeoToGeo:
+            sourceProjected = targetProjected = false;
+            return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+CGxDatumConverter::CGxDatumConverter(CGxMapProjection* source_, CGxMapProjection* target_)
+    : source(source_), target(target_), ownsProjections(false) {
+    _initialize();
+}
+
+CGxDatumConverter::CGxDatumConverter(const char* source_, const char* target_)
+    : source(nullptr), target(nullptr), ownsProjections(true) {
+    // Both are built before either is kept, so a failure on the second
+    // (the "UTM" exception, memory) releases the first.
+    std::unique_ptr<CGxMapProjection> first(new CGxMapProjection(source_));
+    std::unique_ptr<CGxMapProjection> second(new CGxMapProjection(target_));
+    source = first.release();
+    target = second.release();
+    _initialize();
+}
+
+CGxDatumConverter::CGxDatumConverter(const CGxDatumConverter& other)
+    : source(nullptr), target(nullptr), ownsProjections(false) {
+    _copy(other);
+}
+
+CGxDatumConverter& CGxDatumConverter::operator=(const CGxDatumConverter& other) {
+    // Copy first, then swap: a failed copy leaves this object as it was, and
+    // the copy's destructor gives up the systems this object held.
+    if (this != &other) {
+        CGxDatumConverter copy(other);
+        _swap(copy);
+    }
+    return *this;
+}
+
+CGxDatumConverter::~CGxDatumConverter() {
+    _dealloc();
+}
+
+void CGxDatumConverter::_copy(const CGxDatumConverter& other) {
+    if (other.ownsProjections) {
+        std::unique_ptr<CGxMapProjection> first(
+            other.source ? new CGxMapProjection(*other.source) : nullptr);
+        std::unique_ptr<CGxMapProjection> second(
+            other.target ? new CGxMapProjection(*other.target) : nullptr);
+        source = first.release();
+        target = second.release();
+    } else {
+        source = other.source;
+        target = other.target;
+    }
+    ownsProjections = other.ownsProjections;
+    conversionType = other.conversionType;
+    sameEllipsoid = other.sameEllipsoid;
+    bypassXYZ = other.bypassXYZ;
+    defaultBypassXYZ = other.defaultBypassXYZ;
+    local = other.local;
+    sourceShiftType = other.sourceShiftType;
+    targetShiftType = other.targetShiftType;
+    for (int i = 0; i < kShiftValues; ++i) {
+        sourceShift[i] = other.sourceShift[i];
+        targetShift[i] = other.targetShift[i];
+    }
+}
+
+void CGxDatumConverter::_swap(CGxDatumConverter& other) {
+    std::swap(source, other.source);
+    std::swap(target, other.target);
+    std::swap(conversionType, other.conversionType);
+    std::swap(sameEllipsoid, other.sameEllipsoid);
+    std::swap(bypassXYZ, other.bypassXYZ);
+    std::swap(defaultBypassXYZ, other.defaultBypassXYZ);
+    std::swap(local, other.local);
+    std::swap(ownsProjections, other.ownsProjections);
+    std::swap(sourceShiftType, other.sourceShiftType);
+    std::swap(targetShiftType, other.targetShiftType);
+    std::swap(sourceShift, other.sourceShift);
+    std::swap(targetShift, other.targetShift);
+}
+
+void CGxDatumConverter::_dealloc() {
+    if (ownsProjections) {
+        delete source;
+        delete target;
+    }
+    source = target = nullptr;
+}
+
+void CGxDatumConverter::_initialize() {
+    conversionType = eProjToProj;
+    CGxDatumShift sourceRecord;
+    CGxDatumShift targetRecord;
+    if (!source || !target) {
+        // Nothing to convert between: treated like a local grid.
+        local = true;
+        sameEllipsoid = true;
+        bypassXYZ = true;
+    } else {
+        local = CGxMapProjection::IsLocal(source->GetName()) ||
+                CGxMapProjection::IsLocal(target->GetName());
+        source->GetDatumShift(sourceRecord);
+        target->GetDatumShift(targetRecord);
+        CGxEllipsoid sourceEllipsoid;
+        CGxEllipsoid targetEllipsoid;
+        if (_EllipsoidOf(*source, sourceEllipsoid) && _EllipsoidOf(*target, targetEllipsoid)) {
+            sameEllipsoid = sourceEllipsoid.IsEquivalent(targetEllipsoid);
+            bypassXYZ = sameEllipsoid && sourceRecord == targetRecord;
+        } else {
+            // Without both figures there is no geocentric step to make.
+            sameEllipsoid = true;
+            bypassXYZ = true;
+        }
+    }
+    defaultBypassXYZ = bypassXYZ;
+    _StoreShift(sourceRecord, sourceShiftType, sourceShift);
+    _StoreShift(targetRecord, targetShiftType, targetShift);
+}
+
+bool CGxDatumConverter::_ShiftsAgree() const {
+    const double* s = sourceShift;
+    const double* t = targetShift;
+    const CGxDatumShift sourceRecord(sourceShiftType, s[0], s[1], s[2], s[3], s[4], s[5], s[6]);
+    const CGxDatumShift targetRecord(targetShiftType, t[0], t[1], t[2], t[3], t[4], t[5], t[6]);
+    return sourceRecord == targetRecord;
+}
+
+void CGxDatumConverter::SetDatumShift(CGxCartDef::ETypeOfDatumShift type, double* const params,
+                                      bool toSource) {
+    double* stored = toSource ? sourceShift : targetShift;
+    (toSource ? sourceShiftType : targetShiftType) = type;
+    int count = 0;
+    if (type == CGxCartDef::eThreeParameterShift) count = 3;
+    if (type == CGxCartDef::eSevenParameterShift) count = kShiftValues;
+    if (params) {
+        for (int i = 0; i < count; ++i) stored[i] = params[i];
+    }
+    bypassXYZ = sameEllipsoid && _ShiftsAgree();
+}
+
+void CGxDatumConverter::DatumShift(double& X, double& Y, double& Z) const {
+    _ToWgs84(sourceShiftType, sourceShift, X, Y, Z);
+    _FromWgs84(targetShiftType, targetShift, X, Y, Z);
+}
+
+void CGxDatumConverter::InvDatumShift(double& X, double& Y, double& Z) const {
+    _ToWgs84(targetShiftType, targetShift, X, Y, Z);
+    _FromWgs84(sourceShiftType, sourceShift, X, Y, Z);
+}
+
+void CGxDatumConverter::_Run(const CGxMapProjection& from, const CGxMapProjection& to,
+                             bool inverseShift, bool inputProjected, bool outputProjected,
+                             double& x, double& y, double& z) const {
+    double lon = x;
+    double lat = y;
+    if (inputProjected) from.Proj2Geo(x, y, &lon, &lat);
+    if (!bypassXYZ) {
+        // A system without algorithm writes no geocentric coordinates; NaN
+        // then says that the point could not be placed.
+        double X = std::numeric_limits<double>::quiet_NaN();
+        double Y = X;
+        double Z = X;
+        from.Geo2XYZ(lon, lat, z, &X, &Y, &Z);
+        if (inverseShift)
+            InvDatumShift(X, Y, Z);
+        else
+            DatumShift(X, Y, Z);
+        to.XYZ2Geo(X, Y, Z, &lon, &lat, &z);
+    }
+    if (outputProjected) {
+        to.Geo2Proj(lon, lat, &x, &y);
+    } else {
+        x = lon;
+        y = lat;
+    }
+}
+
+void CGxDatumConverter::Convert(double& x, double& y, double& z) const {
+    bool sourceProjected;
+    bool targetProjected;
+    if (local || !_Sides(conversionType, sourceProjected, targetProjected)) return;
+    _Run(*source, *target, false, sourceProjected, targetProjected, x, y, z);
+}
+
+void CGxDatumConverter::Convert(double& x, double& y) const {
+    double z = 0.0;
+    Convert(x, y, z);
+}
+
+void CGxDatumConverter::InvConvert(double& x, double& y, double& z) const {
+    bool sourceProjected;
+    bool targetProjected;
+    if (local || !_Sides(conversionType, sourceProjected, targetProjected)) return;
+    _Run(*target, *source, true, targetProjected, sourceProjected, x, y, z);
+}
+
+void CGxDatumConverter::InvConvert(double& x, double& y) const {
+    double z = 0.0;
+    InvConvert(x, y, z);
+}
+
+void CGxDatumConverter::InvertOrder() {
+    std::swap(source, target);
+    if (conversionType == eProjToGeo)
+        conversionType = eGeoToProj;
+    else if (conversionType == eGeoToProj)
+        conversionType = eProjToGeo;
+    std::swap(sourceShiftType, targetShiftType);
+    for (int i = 0; i < kShiftValues; ++i) std::swap(sourceShift[i], targetShift[i]);
+}
