@@ -103,14 +103,19 @@ CGxProjection* CGxMapProjection::GetProjection(const char* projectionString_,
 
 CGxProjection* CGxMapProjection::_GetProjection(const std::string& trimmed,
                                                 CGxProjectionInfo* info_, EType* wktType) {
-    CGxPRJParser parser(trimmed);
-    parser.Parse(true);
-    const EType type = parser.GetProjectionType();
-    if (wktType) *wktType = type;
-    if (type != CGxMapProjData::eInvalidProjection) {
-        if (CGxProjection* algorithm = parser.CreateMapProjection()) {
-            if (info_) info_->SetProjectionInfo(parser);
-            return algorithm;
+    if (wktType) *wktType = CGxMapProjData::eInvalidProjection;
+    // The reader takes only what looks like WKT; names and special strings
+    // need no reader built for them.
+    if (CGxPRJParser::IsPRJ(trimmed)) {
+        CGxPRJParser parser(trimmed);
+        parser.Parse(true);
+        const EType type = parser.GetProjectionType();
+        if (wktType) *wktType = type;
+        if (type != CGxMapProjData::eInvalidProjection) {
+            if (CGxProjection* algorithm = parser.CreateMapProjection()) {
+                if (info_) info_->SetProjectionInfo(parser);
+                return algorithm;
+            }
         }
     }
     if (trimmed == kGenericUtm) throw std::out_of_range("Can't use generic UTM");

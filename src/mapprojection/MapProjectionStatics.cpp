@@ -45,6 +45,7 @@ const char* const kWgs84Wkt =
 // The type the WKT reader finds in a text; eInvalidProjection when it finds
 // none.
 EType ParsedType(const std::string& text) {
+    if (!CGxPRJParser::IsPRJ(text)) return CGxMapProjData::eInvalidProjection;
     CGxPRJParser parser(text);
     parser.Parse(true);
     return parser.GetProjectionType();
