@@ -71,10 +71,11 @@ void CGxObliqueMercatorBase::_Setup(double scale, double centreLongitude, double
     H = F * std::pow(t0, B);
     const double G = (F - 1 / F) / 2;
     gamma0 = std::asin(std::sin(alphaC) / D);
-    // |G tan gamma0| never exceeds 1 (|G| = Q); an east-west central line puts
-    // it at exactly 1, which rounding may overshoot by an ulp.
-    const double sinShift = std::clamp(G * std::tan(gamma0), -1.0, 1.0);
-    lon0 = lonC - std::asin(sinShift) / B;
+    // lon0 = lonC - asin(G tan gamma0) / B, evaluated as the equivalent
+    // atan2(G sin alphaC, D |cos alphaC|): near an east-west central line the
+    // sine's argument approaches 1, where asin turns one rounding unit into
+    // centimetres on the ground (the Hungarian EOV grid at azimuth 90).
+    lon0 = lonC - std::atan2(G * std::sin(alphaC), D * std::fabs(std::cos(alphaC))) / B;
 
     uC = 0.0;
     if (originAtCentre) {
