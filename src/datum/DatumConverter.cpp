@@ -145,10 +145,10 @@ CGxDatumConverter::~CGxDatumConverter() {
 
 void CGxDatumConverter::_copy(const CGxDatumConverter& other) {
     if (other.ownsProjections) {
-        std::unique_ptr<CGxMapProjection> first(
-            other.source ? new CGxMapProjection(*other.source) : nullptr);
-        std::unique_ptr<CGxMapProjection> second(
-            other.target ? new CGxMapProjection(*other.target) : nullptr);
+        std::unique_ptr<CGxMapProjection> first(other.source ? new CGxMapProjection(*other.source)
+                                                             : nullptr);
+        std::unique_ptr<CGxMapProjection> second(other.target ? new CGxMapProjection(*other.target)
+                                                              : nullptr);
         source = first.release();
         target = second.release();
     } else {
