@@ -1,26 +1,18 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstring>
-#include <fstream>
-#include <iterator>
 #include <limits>
 #include <stdexcept>
 #include <string>
 
 #include "datum/DatumShift.h"
-#include "foundation/Projection.h"
 #include "foundation/ProjectionInfo.h"
 #include "mapprojection/MapProjection.h"
+#include "tests/mapprojection/FacadeTestFiles.h"
+
+using facadetest::ReadText;
 
 namespace {
-
-std::string ReadText(const std::string& relative) {
-    std::ifstream in(std::string(GXCART_TEST_DATA) + "/" + relative);
-    std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-    while (!text.empty() && (text.back() == '\n' || text.back() == '\r')) text.pop_back();
-    return text;
-}
 
 struct Point {
     double lon, lat;
@@ -29,13 +21,12 @@ struct Point {
 
 // Forward within tol metres, inverse back within 1e-8 degrees (about a
 // millimetre).
-void ExpectConverts(const CGxMapProjection& mp, const Point& p, double tol) {
+void ExpectConverts(const CGxMapProjection& mp, const Point& p, double tol = 1e-3) {
     SCOPED_TRACE(testing::Message() << "lon " << p.lon << " lat " << p.lat);
-    double x = 0, y = 0;
+    double x = 0, y = 0, lon = 0, lat = 0;
     mp.Geo2Proj(p.lon, p.lat, &x, &y);
     EXPECT_NEAR(x, p.x, tol);
     EXPECT_NEAR(y, p.y, tol);
-    double lon = 0, lat = 0;
     mp.Proj2Geo(p.x, p.y, &lon, &lat);
     EXPECT_NEAR(lon, p.lon, 1e-8);
     EXPECT_NEAR(lat, p.lat, 1e-8);
@@ -44,85 +35,81 @@ void ExpectConverts(const CGxMapProjection& mp, const Point& p, double tol) {
 }  // namespace
 
 // UTM zone 32 from the catalogue (WGS 84) and from the ETRS89 texts of both
-// flavours (GRS 1980); the two figures differ by 0.1 mm in the northing.
+// flavours (GRS 1980, 0.1 mm apart in the northing).
 //   printf "9 48 0 0\n12.5 55.1 0 0\n3.2 38.5 0 0\n" |
 //     cct -d 6 +proj=utm +zone=32 +ellps=WGS84     (and +ellps=GRS80)
 TEST(MapProjection, UtmZone32FromCatalogueNameAndFromBothWktFlavours) {
-    const Point wgs84[] = {
-        {9, 48, 500000.000000, 5316300.224451},
-        {12.5, 55.1, 723284.747291, 6111515.609503},
-        {3.2, 38.5, -5943.137245, 4277265.427114},
-    };
-    const Point grs80[] = {
-        {9, 48, 500000.000000, 5316300.224329},
-        {12.5, 55.1, 723284.747293, 6111515.609379},
-        {3.2, 38.5, -5943.137249, 4277265.427003},
-    };
     const CGxMapProjection zone("UTM-32");
-    ASSERT_NE(zone.GetProjection(), nullptr);
-    for (const Point& p : wgs84) ExpectConverts(zone, p, 1e-3);
+    ExpectConverts(zone, {9, 48, 500000.000000, 5316300.224451});
+    ExpectConverts(zone, {12.5, 55.1, 723284.747291, 6111515.609503});
+    ExpectConverts(zone, {3.2, 38.5, -5943.137245, 4277265.427114});
     for (const char* file : {"wkt/25832_esri.prj", "wkt/25832_gdal.prj"}) {
         SCOPED_TRACE(file);
         const CGxMapProjection etrs(ReadText(file));
-        ASSERT_NE(etrs.GetProjection(), nullptr);
-        for (const Point& p : grs80) ExpectConverts(etrs, p, 1e-3);
+        ExpectConverts(etrs, {9, 48, 500000.000000, 5316300.224329});
+        ExpectConverts(etrs, {12.5, 55.1, 723284.747293, 6111515.609379});
+        ExpectConverts(etrs, {3.2, 38.5, -5943.137249, 4277265.427003});
     }
 }
 
 // A catalogue name is kept as the WKT of its algorithm, which names the zone
-// and reads back to the same system; a WKT text is kept as given.
-TEST(MapProjection, NormalisedStringOfCatalogueNameIsItsWkt) {
+// and reads back to the same system; a WKT text is kept exactly as given.
+TEST(MapProjection, NormalisedString) {
     const CGxMapProjection zone("UTM-32");
     const std::string wkt = zone.GetProjectionString();
     EXPECT_EQ(wkt.rfind("PROJCS[\"UTM-32\"", 0), 0u) << wkt;
-    EXPECT_NE(wkt.find("PROJECTION[\"Transverse_Mercator\"]"), std::string::npos);
     EXPECT_NE(wkt.find("PARAMETER[\"Central_Meridian\",9]"), std::string::npos);
     EXPECT_STREQ(zone.GetName(), "UTM-32");
-
     // Read back, the text gives the series form of Transverse Mercator; the
     // two forms agree far below a millimetre inside a zone.
-    const CGxMapProjection again(wkt);
     double x1, y1, x2, y2;
     zone.Geo2Proj(12.5, 55.1, &x1, &y1);
-    again.Geo2Proj(12.5, 55.1, &x2, &y2);
+    CGxMapProjection(wkt).Geo2Proj(12.5, 55.1, &x2, &y2);
     EXPECT_NEAR(x1, x2, 1e-5);
     EXPECT_NEAR(y1, y2, 1e-5);
-    EXPECT_TRUE(CGxMapProjection::AreIdentical("UTM-32", wkt.c_str()));
 
-    const std::string text = ReadText("wkt/25832_gdal.prj");
-    const std::string padded = "  " + text + "\n";
+    const std::string padded = "  " + ReadText("wkt/25832_gdal.prj") + "\n";
     EXPECT_EQ(CGxMapProjection(padded).GetProjectionString(), padded);
 }
 
-// Two grids of other types from the catalogue files.
+// Catalogue grids of other types, and a text in US survey feet, which
+// converts in metres: its false origin is turned into metres when the
+// algorithm is built.
 //   printf "5 50 0 0\n20 60 0 0\n" | cct -d 6 +proj=lcc +lat_1=35 +lat_2=65
 //     +lat_0=52 +lon_0=10 +x_0=4000000 +y_0=2800000 +ellps=GRS80
 //   printf "5 50 0 0\n" | cct -d 6 +proj=laea +lat_0=52 +lon_0=10
 //     +x_0=4321000 +y_0=3210000 +ellps=GRS80
-TEST(MapProjection, CatalogueGridsOfOtherTypes) {
-    const CGxMapProjection lcc("ETRS89-extended / LCC Europe");
-    ASSERT_NE(lcc.GetProjection(), nullptr);
-    ExpectConverts(lcc, {5, 50, 3654072.121865, 2596848.659964}, 1e-3);
-    ExpectConverts(lcc, {20, 60, 4544641.620652, 3701461.697061}, 1e-3);
-    const CGxMapProjection laea("ETRS89-extended / LAEA Europe");
-    ASSERT_NE(laea.GetProjection(), nullptr);
-    ExpectConverts(laea, {5, 50, 3962799.450955, 2999718.853160}, 1e-3);
-}
-
-// A text in US survey feet converts in metres: the false origin is turned
-// into metres when the algorithm is built.
 //   printf -- "-73.9857 40.7484 0 0\n-72.5 40.9 0 0\n" | cct -d 6 +proj=lcc
 //     +lat_0=40.1666666666667 +lon_0=-74 +lat_1=41.0333333333333
 //     +lat_2=40.6666666666667 +x_0=300000 +y_0=0 +ellps=GRS80 +units=m
-TEST(MapProjection, FeetGridConvertsInMetres) {
+TEST(MapProjection, OtherTypesAndUnits) {
+    const CGxMapProjection lcc("ETRS89-extended / LCC Europe");
+    ExpectConverts(lcc, {5, 50, 3654072.121865, 2596848.659964});
+    ExpectConverts(lcc, {20, 60, 4544641.620652, 3701461.697061});
+    ExpectConverts(CGxMapProjection("ETRS89-extended / LAEA Europe"),
+                   {5, 50, 3962799.450955, 2999718.853160});
+
     const CGxMapProjection longIsland(ReadText("wkt/2263_esri.prj"));
-    ExpectConverts(longIsland, {-73.9857, 40.7484, 301207.692309, 64599.221306}, 1e-3);
-    ExpectConverts(longIsland, {-72.5, 40.9, 426386.552417, 82516.438316}, 1e-3);
+    ExpectConverts(longIsland, {-73.9857, 40.7484, 301207.692309, 64599.221306});
+    ExpectConverts(longIsland, {-72.5, 40.9, 426386.552417, 82516.438316});
     double factor = 0;
     char name[CGxProjectionInfo::kUnitNameSize] = "";
     ASSERT_TRUE(longIsland.GetUnit(CGxMapProjection::eProjectedUnit, &factor, name));
     EXPECT_STREQ(name, "US survey foot");
     EXPECT_EQ(factor, 0.304800609601219);
+    // A catalogue name has the units of its written WKT; a special string,
+    // which is no WKT, has none.
+    ASSERT_TRUE(lcc.GetUnit(CGxMapProjection::eAngularUnit, &factor, name));
+    EXPECT_STREQ(name, "Degree");
+    EXPECT_NEAR(factor, 0.017453292519943295, 1e-15);
+    EXPECT_FALSE(lcc.GetUnit(static_cast<CGxMapProjection::EMapProjectionInfo>(3), &factor, name));
+    EXPECT_FALSE(CGxMapProjection("LONG/LAT").GetUnit(CGxMapProjection::eAngularUnit, &factor,
+                                                        nullptr));
+
+    CGxDatumShift shift;
+    CGxMapProjection(ReadText("wkt/ed50_utm32_towgs84_gdal.prj")).GetDatumShift(shift);
+    EXPECT_EQ(shift.GetType(), CGxCartDef::eThreeParameterShift);
+    EXPECT_EQ(shift[2], -121);
 }
 
 // The axis rule around the algorithm. A Gauss-Krueger grid stated northing
@@ -135,18 +122,24 @@ TEST(MapProjection, FeetGridConvertsInMetres) {
 TEST(MapProjection, AxisOrderAndSigns) {
     const CGxMapProjection gk(ReadText("mapprojection/gk3_north_east.prj"));
     EXPECT_EQ(gk.GetCoordSysType(), CGxMapProjection::eNorthEast);
-    ExpectConverts(gk, {8, 50, 5540758.787686, 3428313.613376}, 1e-3);
-    ExpectConverts(gk, {10.2, 52.5, 5819057.324453, 3581480.775313}, 1e-3);
+    ExpectConverts(gk, {8, 50, 5540758.787686, 3428313.613376});
+    ExpectConverts(gk, {10.2, 52.5, 5819057.324453, 3581480.775313});
 
     const CGxMapProjection lo29(ReadText("mapprojection/lo29_west_south.prj"));
     EXPECT_EQ(lo29.GetCoordSysType(), CGxMapProjection::eWestSouth);
-    ExpectConverts(lo29, {28, -26, 100120.866468, 2877217.611706}, 1e-3);
-    ExpectConverts(lo29, {30.5, -24.1, -152521.185454, 2667179.904614}, 1e-3);
-
+    ExpectConverts(lo29, {28, -26, 100120.866468, 2877217.611706});
+    ExpectConverts(lo29, {30.5, -24.1, -152521.185454, 2667179.904614});
     // The same text without axes is the plain (east, north) grid.
     const CGxMapProjection plain(ReadText("wkt/2053_gdal.prj"));
     EXPECT_EQ(plain.GetCoordSysType(), CGxMapProjection::eEastNorth);
-    ExpectConverts(plain, {28, -26, -100120.866468, -2877217.611706}, 1e-3);
+    ExpectConverts(plain, {28, -26, -100120.866468, -2877217.611706});
+
+    // Copies keep algorithm and axes, and outlive the original.
+    auto* original = new CGxMapProjection(gk);
+    CGxMapProjection assigned("NON-UTM");
+    assigned = *original;
+    delete original;
+    ExpectConverts(assigned, {8, 50, 5540758.787686, 3428313.613376});
 }
 
 // The built-in spherical web Mercator (a sphere of radius 6378137, written
@@ -156,45 +149,37 @@ TEST(MapProjection, AxisOrderAndSigns) {
 TEST(MapProjection, BuiltInWebMercatorAndWgs84) {
     const CGxMapProjection web(CGxMapProjection::IDtoProjectionString(
         CGxMapProjection::eGoogleMaps));
-    ASSERT_NE(web.GetProjection(), nullptr);
-    const Point mercator[] = {
-        {0, 0, 0.0, 0.0},
-        {-74.006, 40.7128, -8238310.235647, 4970071.579142},
-        {139.69, 35.68, 15550219.668912, 4256678.731904},
-        {151.2, -33.87, 16831507.007943, -4011359.531052},
-    };
-    for (const Point& p : mercator) ExpectConverts(web, p, 1e-3);
+    ExpectConverts(web, {0, 0, 0.0, 0.0});
+    ExpectConverts(web, {-74.006, 40.7128, -8238310.235647, 4970071.579142});
+    ExpectConverts(web, {139.69, 35.68, 15550219.668912, 4256678.731904});
+    ExpectConverts(web, {151.2, -33.87, 16831507.007943, -4011359.531052});
 
     const CGxMapProjection wgs84(CGxMapProjection::IDtoProjectionString(CGxMapProjection::eWgs84));
-    ASSERT_NE(wgs84.GetProjection(), nullptr);
     EXPECT_TRUE(wgs84.IsGeographical());
     ExpectConverts(wgs84, {12.5, 45.25, 12.5, 45.25}, 0);
 }
 
 // "LONG/LAT" is plain longitude/latitude; "NON-UTM" hands coordinates through
-// unchanged; both keep their string as given.
+// unchanged; both keep their string as given. The empty string stands for
+// the local grid.
 TEST(MapProjection, SpecialStrings) {
     const CGxMapProjection longLat(" LONG/LAT ");
-    ASSERT_NE(longLat.GetProjection(), nullptr);
     EXPECT_TRUE(longLat.IsGeographical());
     EXPECT_FALSE(longLat.IsLocal());
     EXPECT_STREQ(longLat.GetProjectionString(), " LONG/LAT ");
     ExpectConverts(longLat, {-71.25, 42.5, -71.25, 42.5}, 0);
 
     const CGxMapProjection local("NON-UTM");
-    ASSERT_NE(local.GetProjection(), nullptr);
     EXPECT_TRUE(local.IsLocal());
     EXPECT_FALSE(local.IsGeographical());
     ExpectConverts(local, {1234.5, -678.25, 1234.5, -678.25}, 0);
     EXPECT_EQ(local.GetConvergence(1234.5, -678.25), 0.0);
-
-    // The empty string stands for the local grid.
     EXPECT_TRUE(CGxMapProjection("").IsLocal());
     EXPECT_TRUE(CGxMapProjection(static_cast<const char*>(nullptr)).IsLocal());
 }
 
 // The bare "UTM" names no zone; a string that resolves to nothing gives an
-// object that converts nothing.
+// object that converts nothing and answers 0, false or "".
 TEST(MapProjection, GenericUtmThrowsAndUnknownNamesGiveNoAlgorithm) {
     try {
         CGxMapProjection generic("UTM");
@@ -211,44 +196,23 @@ TEST(MapProjection, GenericUtmThrowsAndUnknownNamesGiveNoAlgorithm) {
         EXPECT_EQ(none.GetProjection(), nullptr);
         EXPECT_STREQ(none.GetProjectionString(), "");
         EXPECT_STREQ(none.GetName(), "");
-        double lon = 7, lat = 8;
-        none.Proj2Geo(1, 2, &lon, &lat);
-        EXPECT_EQ(lon, 7);
-        EXPECT_EQ(lat, 8);
-        double x0 = 1, y0 = 2, x1 = 3, y1 = 4;
-        none.GetDefaultArea(&x0, &y0, &x1, &y1);
-        none.GetDefaultArea(100, 100, CGxMapProjection::eWidth, 10, &x0, &y0, &x1, &y1);
-        EXPECT_EQ(x0 + y0 + x1 + y1, 10);
+        double a = 7, b = 8, c = 9, d = 10;
+        none.Proj2Geo(1, 2, &a, &b);
+        none.GetDefaultArea(&a, &b, &c, &d);
+        none.GetDefaultArea(100, 100, CGxMapProjection::eWidth, 10, &a, &b, &c, &d);
+        none.Geo2XYZ(9, 48, 0, &a, &b, &c);
+        EXPECT_EQ(a + b + c + d, 34);
         EXPECT_EQ(none.GetConvergence(9, 48), 0);
         EXPECT_FALSE(none.IsGeographical());
-        double d = -1;
-        EXPECT_FALSE(none.GetDistance(9, 48, 10, 49, d));
-        EXPECT_EQ(d, -1);
+        EXPECT_FALSE(none.GetDistance(9, 48, 10, 49, a));
     }
 }
 
-// Copies own their algorithm: the copy outlives the original.
-TEST(MapProjection, CopiesCloneTheAlgorithm) {
-    auto* original = new CGxMapProjection(ReadText("mapprojection/gk3_north_east.prj"));
-    CGxMapProjection copy(*original);
-    CGxMapProjection assigned("NON-UTM");
-    assigned = *original;
-    EXPECT_NE(copy.GetProjection(), original->GetProjection());
-    delete original;
-    for (const CGxMapProjection* mp : {&copy, &assigned}) {
-        double x, y;
-        mp->Geo2Proj(8, 50, &x, &y);
-        EXPECT_NEAR(x, 5540758.787686, 1e-3);  // still northing first
-        EXPECT_NEAR(y, 3428313.613376, 1e-3);
-    }
-    assigned = assigned;
-    EXPECT_NE(assigned.GetProjection(), nullptr);
-}
-
-// Grid convergence of UTM 32 east of its central meridian.
+// Grid convergence of UTM 32 east of its central meridian (the facade's is a
+// one-arc-minute finite difference).
 //   printf "48 12.5\n55.1 12.5\n" | TransverseMercatorProj -l 9 -k 0.9996
 //     (third column: gamma in degrees)
-TEST(MapProjection, ConvergenceOriginAndUnits) {
+TEST(MapProjection, ConvergenceAndOrigin) {
     const CGxMapProjection zone("UTM-32");
     EXPECT_NEAR(zone.GetConvergence(12.5, 48), 2.602468941792, 2e-4);
     EXPECT_NEAR(zone.GetConvergence(12.5, 55.1), 2.871708100665, 2e-4);
@@ -256,32 +220,6 @@ TEST(MapProjection, ConvergenceOriginAndUnits) {
     zone.GetOrigin(&lon, &lat);
     EXPECT_EQ(lon, 9);
     EXPECT_EQ(lat, 0);
-
-    // The units of the written WKT of a catalogue name.
-    double factor = 0;
-    char name[CGxProjectionInfo::kUnitNameSize] = "";
-    EXPECT_TRUE(zone.GetUnit(CGxMapProjection::eProjectedUnit, &factor, name));
-    EXPECT_STREQ(name, "Meter");
-    EXPECT_EQ(factor, 1.0);
-    EXPECT_TRUE(zone.GetUnit(CGxMapProjection::eAngularUnit, &factor, name));
-    EXPECT_STREQ(name, "Degree");
-    EXPECT_NEAR(factor, 0.017453292519943295, 1e-15);
-    EXPECT_FALSE(zone.GetUnit(static_cast<CGxMapProjection::EMapProjectionInfo>(3), &factor, name));
-    // A special string has no WKT and so no units.
-    EXPECT_FALSE(CGxMapProjection("LONG/LAT").GetUnit(CGxMapProjection::eAngularUnit, &factor,
-                                                        nullptr));
-}
-
-TEST(MapProjection, DatumShiftOfTheText) {
-    const CGxMapProjection ed50(ReadText("wkt/ed50_utm32_towgs84_gdal.prj"));
-    CGxDatumShift shift;
-    ed50.GetDatumShift(shift);
-    EXPECT_EQ(shift.GetType(), CGxCartDef::eThreeParameterShift);
-    EXPECT_EQ(shift[0], -87);
-    EXPECT_EQ(shift[2], -121);
-    CGxDatumShift none;
-    CGxMapProjection("UTM-32").GetDatumShift(none);
-    EXPECT_EQ(none.GetType(), CGxCartDef::eNoDatumShift);
 }
 
 // The sized area is centred on the projected origin (UTM 32: 500000, 0) with
@@ -296,11 +234,8 @@ TEST(MapProjection, DefaultAreas) {
     EXPECT_NEAR(y1, 250, 1e-6);
     zone.GetDefaultArea(200, 100, CGxMapProjection::eHeight, 1000, &x0, &y0, &x1, &y1);
     EXPECT_NEAR(x0, 499000, 1e-6);
-    EXPECT_NEAR(x1, 501000, 1e-6);
-    EXPECT_NEAR(y0, -500, 1e-6);
     EXPECT_NEAR(y1, 500, 1e-6);
-
-    // An empty window gives the natural area, the same as the plain call.
+    // An empty window gives the natural area; no selector, nothing.
     double n0, m0, n1, m1;
     zone.GetDefaultArea(&n0, &m0, &n1, &m1);
     zone.GetDefaultArea(0, 100, CGxMapProjection::eWidth, 1000, &x0, &y0, &x1, &y1);
@@ -308,39 +243,31 @@ TEST(MapProjection, DefaultAreas) {
     EXPECT_EQ(y1, m1);
     EXPECT_LT(n0, 500000);
     EXPECT_GT(n1, 500000);
-
-    // Neither width nor height: nothing is written.
-    x0 = y0 = x1 = y1 = 42;
     zone.GetDefaultArea(200, 100, static_cast<CGxMapProjection::ESizeParam>(0), 1000, &x0, &y0,
                         &x1, &y1);
-    EXPECT_EQ(x0, 42);
-    EXPECT_EQ(y1, 42);
+    EXPECT_EQ(x0, n0);
 }
 
 // Geocentric coordinates on the figure of the system.
 //   printf "9 48 350 0\n-70.5 -33.4 2500 0\n" | cct -d 6 +proj=cart +ellps=GRS80
 TEST(MapProjection, GeocentricBothWays) {
     const CGxMapProjection etrs(ReadText("wkt/25832_esri.prj"));
-    struct Case {
-        double lon, lat, h, X, Y, Z;
-    };
-    const Case cases[] = {
+    const double cases[][6] = {
         {9, 48, 350, 4223307.934899, 668906.263587, 4717136.430692},
         {-70.5, -33.4, 2500, 1779948.398991, -5026419.219617, -3492456.316890},
     };
-    for (const Case& c : cases) {
-        double X, Y, Z;
-        etrs.Geo2XYZ(c.lon, c.lat, c.h, &X, &Y, &Z);
-        EXPECT_NEAR(X, c.X, 1e-4);
-        EXPECT_NEAR(Y, c.Y, 1e-4);
-        EXPECT_NEAR(Z, c.Z, 1e-4);
-        double lon, lat, h;
-        etrs.XYZ2Geo(c.X, c.Y, c.Z, &lon, &lat, &h);
-        EXPECT_NEAR(lon, c.lon, 1e-10);
-        EXPECT_NEAR(lat, c.lat, 1e-10);
-        EXPECT_NEAR(h, c.h, 1e-4);
+    for (const auto& c : cases) {
+        double X, Y, Z, lon, lat, h;
+        etrs.Geo2XYZ(c[0], c[1], c[2], &X, &Y, &Z);
+        EXPECT_NEAR(X, c[3], 1e-4);
+        EXPECT_NEAR(Y, c[4], 1e-4);
+        EXPECT_NEAR(Z, c[5], 1e-4);
+        etrs.XYZ2Geo(c[3], c[4], c[5], &lon, &lat, &h);
+        EXPECT_NEAR(lon, c[0], 1e-10);
+        EXPECT_NEAR(lat, c[1], 1e-10);
+        EXPECT_NEAR(h, c[2], 1e-4);
     }
-    // On the polar axis: the north pole of GRS 1980 (b = 6356752.314140 m).
+    // On the polar axis, 10 m above the pole of GRS 1980 (b = 6356752.314140 m).
     double lon, lat, h;
     etrs.XYZ2Geo(0, 0, 6356752.314140 + 10, &lon, &lat, &h);
     EXPECT_EQ(lat, 90);
@@ -351,10 +278,9 @@ TEST(MapProjection, GeocentricBothWays) {
 
 // Distances, azimuths and points on the system's ellipsoid; a bare
 // "LONG/LAT" has no figure and measures on WGS 84.
-//   printf "48 9 55.1 12.5\n" | GeodSolve -i -E -p 6        (GRS 1980 = WGS 84 to 0.1 mm here)
-//   printf "45.25 12.5 -33.9 18.4\n" | GeodSolve -i -E -p 6
+//   printf "48 9 55.1 12.5\n45.25 12.5 -33.9 18.4\n" | GeodSolve -i -E -p 6
 //   printf "48 9 30 100000\n" | GeodSolve -E -p 6
-//     (GeodSolve gives azi1 azi2 s12 and lat2 lon2 azi2)
+//     (azi1 azi2 s12, and lat2 lon2 azi2)
 TEST(MapProjection, GeodesicsOnTheSystemsEllipsoid) {
     const CGxMapProjection zone("UTM-32");
     double d = 0, az1 = 0, az2 = 0;
@@ -362,9 +288,7 @@ TEST(MapProjection, GeodesicsOnTheSystemsEllipsoid) {
     EXPECT_NEAR(d, 826130.079444, 1e-3);
     EXPECT_NEAR(az1, 15.72567951095, 1e-8);
     EXPECT_NEAR(az2, 18.47231625159, 1e-8);
-
-    const CGxMapProjection longLat("LONG/LAT");
-    ASSERT_TRUE(longLat.GetDistance(12.5, 45.25, 18.4, -33.9, d));
+    ASSERT_TRUE(CGxMapProjection("LONG/LAT").GetDistance(12.5, 45.25, 18.4, -33.9, d));
     EXPECT_NEAR(d, 8785516.284632, 1e-3);
 
     double lon2 = 0, lat2 = 0;
@@ -373,31 +297,18 @@ TEST(MapProjection, GeodesicsOnTheSystemsEllipsoid) {
     EXPECT_NEAR(lon2, 9.68027730498, 1e-9);
     EXPECT_NEAR(az2, 30.50863306153, 1e-8);
 
-    // A point's distance to itself is 0 with or without a system; without
-    // one, other distances are refused.
+    // A point's distance to itself is 0 with or without a system; the local
+    // grid has no figure and is not geographical.
     const CGxMapProjection none("no such system");
     d = -1;
     EXPECT_TRUE(none.GetDistance(9, 48, 9, 48, d));
     EXPECT_EQ(d, 0);
-    EXPECT_TRUE(zone.GetDistance(9, 48, 9, 48, d));
-    EXPECT_EQ(d, 0);
     EXPECT_FALSE(none.GetPoint(9, 48, 30, 1000, lon2, lat2, az2));
-    // The local grid has no figure and is not geographical.
     EXPECT_FALSE(CGxMapProjection("NON-UTM").GetDistance(0, 0, 100, 100, d));
 }
 
-// Nearly antipodal points, where geodesic root searches struggle, still get
-// an answer.
-//   printf "0 0 0.5 179.5\n" | GeodSolve -i -E -p 6
-TEST(MapProjection, NearlyAntipodalPointsStillAnswer) {
-    const CGxMapProjection zone("UTM-32");
-    double d = -1, az1 = 0, az2 = 0;
-    EXPECT_TRUE(zone.GetDistance(0, 0, 179.5, 0.5, d, az1, az2));
-    EXPECT_NEAR(d, 19936288.578965, 1e-3);
-    EXPECT_NEAR(az1, 25.67187286829, 1e-7);
-}
-
-// Bad arguments: null outputs are ignored, NaN passes through as NaN.
+// Bad arguments: null outputs are ignored, NaN passes through as NaN, a huge
+// text resolves to nothing.
 TEST(MapProjection, HostileArguments) {
     const CGxMapProjection zone("UTM-32");
     zone.Geo2Proj(9, 48, nullptr, nullptr);
@@ -409,6 +320,5 @@ TEST(MapProjection, HostileArguments) {
     double x = 0, y = 0;
     zone.Geo2Proj(std::numeric_limits<double>::quiet_NaN(), 48, &x, &y);
     EXPECT_TRUE(std::isnan(x));
-    std::string huge(100000, 'A');
-    EXPECT_EQ(CGxMapProjection(huge).GetProjection(), nullptr);
+    EXPECT_EQ(CGxMapProjection(std::string(100000, 'A')).GetProjection(), nullptr);
 }

@@ -2,7 +2,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -17,26 +16,18 @@
 #include "catalogue/ProjectionScan.h"
 #include "definitions/MapProjData.h"
 #include "mapprojection/MapProjection.h"
+#include "tests/mapprojection/FacadeTestFiles.h"
 #include "wkt/PRJParser.h"
 
 namespace fs = std::filesystem;
+using facadetest::ReadText;
+using facadetest::TempFolder;
+using facadetest::WriteText;
 
 namespace {
 
 using MP = CGxMapProjection;
 using Lines = std::vector<std::string>;
-
-std::string ReadText(const std::string& relative) {
-    std::ifstream in(std::string(GXCART_TEST_DATA) + "/" + relative);
-    std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-    while (!text.empty() && (text.back() == '\n' || text.back() == '\r')) text.pop_back();
-    return text;
-}
-
-void WriteText(const fs::path& p, const std::string& text) {
-    std::ofstream out(p, std::ios::binary);
-    out << text;
-}
 
 Lines Split(const std::string& text, char separator) {
     Lines parts;
@@ -52,23 +43,6 @@ Lines Split(const std::string& text, char separator) {
     if (!part.empty()) parts.push_back(part);
     return parts;
 }
-
-class TempFolder {
-public:
-    TempFolder() {
-        char pattern[] = "/tmp/gxcart-lists-XXXXXX";
-        path_ = mkdtemp(pattern);
-    }
-    ~TempFolder() {
-        std::error_code ec;
-        fs::remove_all(path_, ec);
-    }
-    std::string folder() const { return path_.string() + "/"; }
-    fs::path operator/(const std::string& name) const { return path_ / name; }
-
-private:
-    fs::path path_;
-};
 
 // Separates the answers a child process sends back; file contents among
 // them hold line ends.
@@ -201,27 +175,6 @@ TEST(ProjectionBuffer, RecentlyUsedSystems) {
     EXPECT_EQ(results[17], results[13]);
     EXPECT_EQ(entries(18), Lines{"NON-UTM"});
     EXPECT_EQ(Split(results[19], '\n')[0], "NON-UTM");
-}
-
-TEST(ProjectionBuffer, ListHelpers) {
-    CGxBufferList list;
-    for (int z = 1; z <= 14; ++z) {
-        list.push_back(CatalogueWkt(("UTM-" + std::to_string(z)).c_str()));
-        if (z == 3) list.push_back("LONG/LAT");
-    }
-    CGxBufferList cut = list;
-    cut.TruncateToSize(MP::eProjectedSystems, 10);
-    ASSERT_EQ(cut.size(), 11u);  // "LONG/LAT" does not count
-    EXPECT_EQ(cut.back(), CatalogueWkt("UTM-10"));
-    cut = list;
-    cut.TruncateToSize(MP::eLongLatString, 10);
-    EXPECT_EQ(cut.size(), list.size());
-
-    // Found by the display name of the system, not by the text.
-    auto found = list.FindMapProjection("PROJCS[\"UTM-4\",GEOGCS[\"x\"]]");
-    ASSERT_NE(found, list.end());
-    EXPECT_EQ(*found, CatalogueWkt("UTM-4"));
-    EXPECT_EQ(list.FindMapProjection("UTM-40"), list.end());
 }
 
 // .PRJ folders: only files named *.prj in any letter case, only their first

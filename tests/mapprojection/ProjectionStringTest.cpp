@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <fstream>
-#include <iterator>
 #include <limits>
 #include <string>
 #include <thread>
@@ -11,24 +9,14 @@
 #include "catalogue/EllipsoidList.h"
 #include "definitions/MapProjData.h"
 #include "mapprojection/MapProjection.h"
+#include "tests/mapprojection/FacadeTestFiles.h"
+
+using facadetest::ReadText;
+using facadetest::Replaced;
 
 namespace {
 
 using MP = CGxMapProjection;
-
-std::string ReadText(const std::string& relative) {
-    std::ifstream in(std::string(GXCART_TEST_DATA) + "/" + relative);
-    std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-    while (!text.empty() && (text.back() == '\n' || text.back() == '\r')) text.pop_back();
-    return text;
-}
-
-std::string Replaced(std::string text, const std::string& from, const std::string& to) {
-    const std::size_t at = text.find(from);
-    EXPECT_NE(at, std::string::npos) << from;
-    if (at != std::string::npos) text.replace(at, from.size(), to);
-    return text;
-}
 
 const char* const kBogusProjection =
     "PROJCS[\"Bogus\",GEOGCS[\"GCS_WGS_1984\",DATUM[\"D_WGS_1984\",SPHEROID[\"WGS_1984\","
