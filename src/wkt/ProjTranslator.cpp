@@ -24,7 +24,7 @@ enum class EKind {
     kLongitude,     // an angle, then the prime meridian added
     kScale,         // as written
     kLength,        // in the text's linear unit, written in metres
-    kPoleOfOrigin,  // 90 or -90 by the sign of the value (polar aspect)
+    kPoleOfOrigin,  // 90 or -90 by the sign of the value (the pole the grid is on)
     kFixed,         // the item's fixed value
 };
 

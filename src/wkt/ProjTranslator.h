@@ -20,12 +20,12 @@
 // longitude as "+lon_0" and no origin choice, Krovak writes neither its
 // pseudo standard parallel nor its axis scales and rotation, the plane system
 // "Non_Projected" writes no "+proj" at all, and a rotated longitude/latitude
-// grid, the special strings and texts of no known projection answer
-// "+proj=undef ".
+// grid, the strings "LONG/LAT" and "NON-UTM" and texts of no known
+// projection answer "+proj=undef ".
 class GXCART_API CGxProjTranslator {
 public:
-    // The PROJ.4 text of a projection string (WKT, special string or
-    // catalogue name). towgs84 holds up to seven shift values in the order
+    // The PROJ.4 text of a projection string (WKT, "LONG/LAT", "NON-UTM" or
+    // a catalogue name). towgs84 holds up to seven shift values in the order
     // of the "+towgs84" list, of which the first count are written and the
     // rest filled with 0; a null array or a count below 1 takes the shift of
     // the WKT. An input that resolves to no algorithm (and the bare "UTM",
