@@ -11,6 +11,8 @@
 #include "foundation/Ellipsoid.h"
 #include "projections/Geographical.h"
 #include "projections/RotatedLongitudeLatitude.h"
+#include "tests/support/DefinitionCheck.h"
+#include "tests/support/ReferenceCheck.h"
 
 // Geographical and rotated-pole grids built from catalogue definitions: the
 // name, the parameters and the catalogue ellipsoid must reach the algorithm,
@@ -22,22 +24,11 @@ namespace {
 using Def = std::unique_ptr<CGxMapProjData>;
 using Grid = std::unique_ptr<CGxProjection>;
 
-struct Case {
-    double lon, lat, x, y;  // degrees
-};
+// Longitudes and latitudes in, rotated longitudes and latitudes out, degrees.
+using Case = GxReferencePoint;
 
 // About 0.1 mm on the ground; cct printed 10 decimals.
 constexpr double kAngleTolerance = 2e-9;
-
-const CGxEllipsoid& Catalogue(const char* id) {
-    const CGxEllipsoid* e = CGxCartSetup::Instance().GetEllipsoidList().GetEllipsoid(id);
-    if (!e) {
-        ADD_FAILURE() << "ellipsoid " << id << " missing from the system catalogue";
-        static const CGxEllipsoid missing;
-        return missing;
-    }
-    return *e;
-}
 
 Def Geographical(const std::string& name, const std::string& ellipsoid) {
     return Def(CGxMapProjData::CreateProjection(CGxMapProjData::eGeographical, name, "Branch",
@@ -70,21 +61,9 @@ void ExpectSameGrid(const CGxProjection& fromDefinition, const CGxProjection& fr
 template <std::size_t N>
 void ExpectForward(const CGxProjection& p, const Case (&table)[N]) {
     for (const Case& c : table) {
-        double x, y;
-        p.Geo2Proj(c.lon, c.lat, &x, &y);
-        EXPECT_NEAR(x, c.x, kAngleTolerance) << c.lon << " " << c.lat;
-        EXPECT_NEAR(y, c.y, kAngleTolerance) << c.lon << " " << c.lat;
+        SCOPED_TRACE(testing::Message() << c.lon << " " << c.lat);
+        GxExpectForward(p, c, kAngleTolerance);
     }
-}
-
-void ExpectIdentity(const CGxProjection& p) {
-    double x, y;
-    p.Geo2Proj(1234.5, -987.25, &x, &y);
-    EXPECT_EQ(x, 1234.5);
-    EXPECT_EQ(y, -987.25);
-    p.Proj2Geo(1234.5, -987.25, &x, &y);
-    EXPECT_EQ(x, 1234.5);
-    EXPECT_EQ(y, -987.25);
 }
 
 // Longitudes from the central meridian of a catalogue geographical system
@@ -135,7 +114,7 @@ TEST(GeographicalFromDefinition, WiresNameAndCatalogueEllipsoid) {
     EXPECT_FALSE(grid->IsLocal());
     EXPECT_TRUE(grid->IsGeographical());
 
-    ExpectSameGrid(*grid, CGxGeographical("World WGS 84", 0, Catalogue("WE")));
+    ExpectSameGrid(*grid, CGxGeographical("World WGS 84", 0, GxSystemEllipsoid("WE")));
     ExpectForward(*grid, kGeographicalWgs84);
 
     // The WGS 84 figure, not the GRS80 one next to it in the catalogue.
@@ -162,7 +141,7 @@ TEST(RotatedFromDefinition, WiresPoleAndCatalogueEllipsoid) {
     EXPECT_FALSE(sphere->IsLocal());
     EXPECT_TRUE(sphere->IsGeographical());
     ExpectSameGrid(*sphere, CGxRotatedLongitudeLatitude("Europe rotated", 18, -39.25, 0,
-                                                        Catalogue("XY")));
+                                                        GxSystemEllipsoid("XY")));
     ExpectForward(*sphere, kSphereEurope);
 
     // Pole longitude and latitude in their own places: swapped, the origin
@@ -177,7 +156,7 @@ TEST(RotatedFromDefinition, WiresPoleAndCatalogueEllipsoid) {
     Grid grs80(Rotated("Europe rotated GRS80", "RF", 18, -39.25, 0)->CreateProjection());
     ASSERT_TRUE(grs80);
     ExpectSameGrid(*grs80, CGxRotatedLongitudeLatitude("Europe rotated GRS80", 18, -39.25, 0,
-                                                       Catalogue("RF")));
+                                                       GxSystemEllipsoid("RF")));
     ExpectForward(*grs80, kGrs80Europe);
 }
 
@@ -199,7 +178,7 @@ TEST(GridsFromDefinition, EmptyNameIsTheLocalIdentityGrid) {
             ASSERT_TRUE(*g);
             EXPECT_STREQ((*g)->GetName(), "NON-UTM");
             EXPECT_TRUE((*g)->IsLocal());
-            ExpectIdentity(**g);
+            GxExpectIdentity(**g, 1234.5, -987.25);
         }
         EXPECT_EQ(rotated->GetConvergence(30, 60), 0.0);
     }
@@ -250,8 +229,8 @@ TEST(GridsFromDefinition, NullDefinitionIsTheLocalGrid) {
     CGxRotatedLongitudeLatitude rotated(noRotated);
     EXPECT_STREQ(geo.GetName(), "NON-UTM");
     EXPECT_STREQ(rotated.GetName(), "NON-UTM");
-    ExpectIdentity(geo);
-    ExpectIdentity(rotated);
+    GxExpectIdentity(geo, 1234.5, -987.25);
+    GxExpectIdentity(rotated, 1234.5, -987.25);
 }
 
 TEST(RotatedLongitudeLatitude, AnonymousEllipsoidIsAlwaysHandedOut) {

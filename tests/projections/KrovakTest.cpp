@@ -11,36 +11,16 @@
 
 #include "foundation/Ellipsoid.h"
 #include "projections/Krovak.h"
+#include "tests/support/ReferenceCheck.h"
 
 namespace {
 
-struct GridPoint {
-    double lon, lat, x, y;
-};
+using GridPoint = GxReferencePoint;
 
 constexpr double kForwardTolerance = 1e-3;  // metres
 constexpr double kInverseTolerance = 1e-9;  // degrees
 // The one-arc-minute finite difference against PROJ's derivatives, degrees.
 constexpr double kConvergenceTolerance = 2e-4;
-
-// Forward to the reference, inverse of the reference grid values back to the
-// geographic input, and inverse after forward back to the input.
-template <std::size_t N>
-void ExpectTable(const CGxProjection& p, const GridPoint (&rows)[N]) {
-    for (const GridPoint& r : rows) {
-        SCOPED_TRACE(testing::Message() << "lon " << r.lon << " lat " << r.lat);
-        double x, y, lon, lat;
-        p.Geo2Proj(r.lon, r.lat, &x, &y);
-        EXPECT_NEAR(x, r.x, kForwardTolerance);
-        EXPECT_NEAR(y, r.y, kForwardTolerance);
-        p.Proj2Geo(r.x, r.y, &lon, &lat);
-        EXPECT_NEAR(lon, r.lon, kInverseTolerance);
-        EXPECT_NEAR(lat, r.lat, kInverseTolerance);
-        p.Proj2Geo(x, y, &lon, &lat);
-        EXPECT_NEAR(lon, r.lon, kInverseTolerance);
-        EXPECT_NEAR(lat, r.lat, kInverseTolerance);
-    }
-}
 
 const CGxEllipsoid kBessel("Bessel 1841", "BR", 6377397.155, 299.1528128);
 
@@ -111,21 +91,22 @@ const GridPoint kNorthEast[] = {
 };
 
 TEST(Krovak, SjtskEastNorth) {
-    ExpectTable(Sjtsk(90, -1, 1), kEastNorth);
+    GxExpectReferenceTable(Sjtsk(90, -1, 1), kEastNorth, kGxMillimetreTable);
 }
 
 TEST(Krovak, SphereWithOwnAzimuthAndPseudoParallel) {
     const CGxEllipsoid sphere("sphere", "S", 6371000, 0);
-    ExpectTable(CGxKrovak("sphere", 0.9995, 75, 20, 48, 25, 0, 1, 1, 1000000, -300000, sphere),
-                kSphere);
+    GxExpectReferenceTable(
+        CGxKrovak("sphere", 0.9995, 75, 20, 48, 25, 0, 1, 1, 1000000, -300000, sphere), kSphere,
+        kGxMillimetreTable);
 }
 
 // Every orientation comes from the scales and the rotation alone; a sign or
 // axis swapped in the plane step fails one of these.
 TEST(Krovak, AxisOrientationByScalesAndRotation) {
-    ExpectTable(Sjtsk(0, 1, 1), kSouthWest);
-    ExpectTable(Sjtsk(90, 1, 1), kEastSouth);
-    ExpectTable(Sjtsk(0, -1, -1), kNorthEast);
+    GxExpectReferenceTable(Sjtsk(0, 1, 1), kSouthWest, kGxMillimetreTable);
+    GxExpectReferenceTable(Sjtsk(90, 1, 1), kEastSouth, kGxMillimetreTable);
+    GxExpectReferenceTable(Sjtsk(0, -1, -1), kNorthEast, kGxMillimetreTable);
 }
 
 // The false origin is added after the rotation, in grid axes: on the
@@ -178,7 +159,7 @@ TEST(Krovak, CloneLocalGridAndAnonymousEllipsoid) {
     std::unique_ptr<CGxProjection> copy(p.Clone());
     ASSERT_NE(dynamic_cast<CGxKrovak*>(copy.get()), nullptr);
     EXPECT_STREQ(copy->GetName(), "S-JTSK");
-    ExpectTable(*copy, kEastNorth);
+    GxExpectReferenceTable(*copy, kEastNorth, kGxMillimetreTable);
 
     CGxEllipsoid out;
     ASSERT_TRUE(copy->GetAnonymousEllipsoid(out));

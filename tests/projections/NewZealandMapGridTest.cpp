@@ -11,36 +11,16 @@
 
 #include "foundation/Ellipsoid.h"
 #include "projections/NewZealandMapGrid.h"
+#include "tests/support/ReferenceCheck.h"
 
 namespace {
 
-struct GridPoint {
-    double lon, lat, x, y;
-};
+using GridPoint = GxReferencePoint;
 
 constexpr double kForwardTolerance = 1e-3;  // metres
 constexpr double kInverseTolerance = 1e-9;  // degrees
 // The one-arc-minute finite difference against PROJ's derivatives, degrees.
 constexpr double kConvergenceTolerance = 2e-4;
-
-// Forward to the reference, inverse of the reference grid values back to the
-// geographic input, and inverse after forward back to the input.
-template <std::size_t N>
-void ExpectTable(const CGxProjection& p, const GridPoint (&rows)[N]) {
-    for (const GridPoint& r : rows) {
-        SCOPED_TRACE(testing::Message() << "lon " << r.lon << " lat " << r.lat);
-        double x, y, lon, lat;
-        p.Geo2Proj(r.lon, r.lat, &x, &y);
-        EXPECT_NEAR(x, r.x, kForwardTolerance);
-        EXPECT_NEAR(y, r.y, kForwardTolerance);
-        p.Proj2Geo(r.x, r.y, &lon, &lat);
-        EXPECT_NEAR(lon, r.lon, kInverseTolerance);
-        EXPECT_NEAR(lat, r.lat, kInverseTolerance);
-        p.Proj2Geo(x, y, &lon, &lat);
-        EXPECT_NEAR(lon, r.lon, kInverseTolerance);
-        EXPECT_NEAR(lat, r.lat, kInverseTolerance);
-    }
-}
 
 const CGxEllipsoid kInternational("International 1924", "IN", 6378388.0, 297.0);
 constexpr double kFalseEasting = 2510000, kFalseNorthing = 6023150;
@@ -77,7 +57,7 @@ const GridPoint kNzmg[] = {
 };
 
 TEST(NewZealandMapGrid, AgainstReference) {
-    ExpectTable(Nzmg(), kNzmg);
+    GxExpectReferenceTable(Nzmg(), kNzmg, kGxMillimetreTable);
 }
 
 // Only the semi-major axis enters: on GRS 80 the offsets from the false
@@ -173,7 +153,7 @@ TEST(NewZealandMapGrid, CloneLocalGridAndAnonymousEllipsoid) {
     std::unique_ptr<CGxProjection> copy(p.Clone());
     ASSERT_NE(dynamic_cast<CGxNewZealandMapGrid*>(copy.get()), nullptr);
     EXPECT_STREQ(copy->GetName(), "NZGD49 / New Zealand Map Grid");
-    ExpectTable(*copy, kNzmg);
+    GxExpectReferenceTable(*copy, kNzmg, kGxMillimetreTable);
     CGxEllipsoid out;
     ASSERT_TRUE(copy->GetAnonymousEllipsoid(out));
     EXPECT_EQ(out.GetMajor(), 6378388.0);

@@ -26,6 +26,8 @@
 #include "projections/NewZealandMapGrid.h"
 #include "projections/ObliqueMercator.h"
 #include "projections/RectifiedSkewOrthomorphic.h"
+#include "tests/support/DefinitionCheck.h"
+#include "tests/support/ReferenceCheck.h"
 
 namespace {
 
@@ -33,22 +35,10 @@ using Def = std::unique_ptr<CGxMapProjData>;
 using Grid = std::unique_ptr<CGxProjection>;
 using Type = CGxMapProjData::EProjectionType;
 
-struct GridPoint {
-    double lon, lat, x, y;
-};
+using GridPoint = GxReferencePoint;
 
 constexpr double kForwardTolerance = 1e-3;  // metres
 constexpr double kInverseTolerance = 1e-9;  // degrees
-
-const CGxEllipsoid& Catalogue(const char* id) {
-    const CGxEllipsoid* e = CGxCartSetup::Instance().GetEllipsoidList().GetEllipsoid(id);
-    if (!e) {
-        ADD_FAILURE() << "ellipsoid " << id << " missing from the system catalogue";
-        static const CGxEllipsoid missing;
-        return missing;
-    }
-    return *e;
-}
 
 using Params = std::vector<double>;
 
@@ -100,36 +90,12 @@ void ExpectBuiltAs(const CGxMapProjData& def, const CGxProjection& fromValues,
     EXPECT_EQ(typeid(*grid), typeid(fromValues));
     EXPECT_STREQ(grid->GetName(), def.GetName().c_str());
     EXPECT_FALSE(grid->IsLocal());
-    for (double dLon : {-1.0, 0.0, 1.5}) {
-        for (double dLat : {-1.0, 0.0, 0.5}) {
-            const double lon = ref.lon + dLon, lat = ref.lat + dLat;
-            SCOPED_TRACE(testing::Message() << "lon " << lon << " lat " << lat);
-            double x1, y1, x2, y2;
-            grid->Geo2Proj(lon, lat, &x1, &y1);
-            fromValues.Geo2Proj(lon, lat, &x2, &y2);
-            EXPECT_EQ(x1, x2);
-            EXPECT_EQ(y1, y2);
-            double lon1, lat1, lon2, lat2;
-            grid->Proj2Geo(x2, y2, &lon1, &lat1);
-            fromValues.Proj2Geo(x2, y2, &lon2, &lat2);
-            EXPECT_EQ(lon1, lon2);
-            EXPECT_EQ(lat1, lat2);
-            EXPECT_EQ(grid->GetConvergence(lon, lat), fromValues.GetConvergence(lon, lat));
-        }
-    }
-    double lon1, lat1, lon2, lat2;
-    grid->GetOrigin(&lon1, &lat1);
-    fromValues.GetOrigin(&lon2, &lat2);
-    EXPECT_EQ(lon1, lon2);
-    EXPECT_EQ(lat1, lat2);
+    GxExpectSameConversionsAround(*grid, fromValues, ref.lon, ref.lat, {-1.0, 0.0, 1.5},
+                                  {-1.0, 0.0, 0.5});
+    GxExpectSameOrigin(*grid, fromValues);
 
-    double x, y, lon, lat;
-    grid->Geo2Proj(ref.lon, ref.lat, &x, &y);
-    EXPECT_NEAR(x, ref.x, kForwardTolerance);
-    EXPECT_NEAR(y, ref.y, kForwardTolerance);
-    grid->Proj2Geo(ref.x, ref.y, &lon, &lat);
-    EXPECT_NEAR(lon, ref.lon, kInverseTolerance);
-    EXPECT_NEAR(lat, ref.lat, kInverseTolerance);
+    GxExpectForward(*grid, ref, kForwardTolerance);
+    GxExpectInverse(*grid, ref, kInverseTolerance);
 }
 
 // Every type of the group with the parameters of its real grid.
@@ -151,10 +117,11 @@ TEST(ObliqueFamilyFromDefinition, HotineNaturalOrigin) {
     const Def def =
         Make(CGxMapProjData::eHotineObliqueMercator, "NAD83 / Alaska zone 1", "RF", kAlaska);
     ASSERT_TRUE(def);
-    ExpectBuiltAs(*def,
-                  CGxHotineObliqueMercator("NAD83 / Alaska zone 1", 0.9999, -133.666666666667, 57,
-                                           323.130102361111, 5000000, -5000000, Catalogue("RF")),
-                  kAlaskaPoint);
+    ExpectBuiltAs(
+        *def,
+        CGxHotineObliqueMercator("NAD83 / Alaska zone 1", 0.9999, -133.666666666667, 57,
+                                 323.130102361111, 5000000, -5000000, GxSystemEllipsoid("RF")),
+        kAlaskaPoint);
 }
 
 // The centre-origin form: a definition that built the natural-origin grid
@@ -164,7 +131,7 @@ TEST(ObliqueFamilyFromDefinition, ObliqueMercatorCentreOrigin) {
     ASSERT_TRUE(def);
     ExpectBuiltAs(*def,
                   CGxObliqueMercator("CH1903+ / LV95", 1, 7.43958333333333, 46.9524055555556, 90,
-                                     2600000, 1200000, Catalogue("BR")),
+                                     2600000, 1200000, GxSystemEllipsoid("BR")),
                   kSwissPoint);
 }
 
@@ -176,7 +143,7 @@ TEST(ObliqueFamilyFromDefinition, RectifiedSkewOrthomorphicOwnRotation) {
     ExpectBuiltAs(*def,
                   CGxRectifiedSkewOrthomorphic("Timbalai 1948 / RSO Borneo", 0.99984, 115, 4,
                                                53.3158204722222, 53.1301023611111, 2000000, 5000000,
-                                               Catalogue("EB")),
+                                               GxSystemEllipsoid("EB")),
                   kBorneoPoint);
 }
 
@@ -187,7 +154,7 @@ TEST(ObliqueFamilyFromDefinition, KrovakScalesRotationAndFalseOrigin) {
     ASSERT_TRUE(def);
     ExpectBuiltAs(*def,
                   CGxKrovak("S-JTSK / Krovak East North", 0.9999, 78.5, 24.8333333333333, 49.5,
-                            30.2881397527778, 90, -1, 1, 1000, -2000, Catalogue("BR")),
+                            30.2881397527778, 90, -1, 1, 1000, -2000, GxSystemEllipsoid("BR")),
                   kSjtskPoint);
 }
 
@@ -197,7 +164,7 @@ TEST(ObliqueFamilyFromDefinition, NewZealandMapGrid) {
     ASSERT_TRUE(def);
     ExpectBuiltAs(*def,
                   CGxNewZealandMapGrid("NZGD49 / New Zealand Map Grid", 173, -41, 2510000, 6023150,
-                                       Catalogue("IN")),
+                                       GxSystemEllipsoid("IN")),
                   kNzmgPoint);
 }
 
@@ -249,13 +216,7 @@ TEST(ObliqueFamilyFromDefinition, NoNameOrNoDefinitionIsLocalGrid) {
     auto expectLocal = [](const CGxProjection& grid) {
         EXPECT_STREQ(grid.GetName(), "NON-UTM");
         EXPECT_TRUE(grid.IsLocal());
-        double x, y;
-        grid.Geo2Proj(1234.5, -987.25, &x, &y);
-        EXPECT_EQ(x, 1234.5);
-        EXPECT_EQ(y, -987.25);
-        grid.Proj2Geo(1234.5, -987.25, &x, &y);
-        EXPECT_EQ(x, 1234.5);
-        EXPECT_EQ(y, -987.25);
+        GxExpectIdentity(grid, 1234.5, -987.25);
         EXPECT_EQ(grid.GetConvergence(10, 50), 0.0);
     };
     for (const TypeCase& c : kTypes) {

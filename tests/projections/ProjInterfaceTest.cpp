@@ -11,6 +11,7 @@
 #include "projections/EquidistantConic.h"
 #include "projections/LambertAzimuthalEqualArea.h"
 #include "projections/ProjInterface.h"
+#include "tests/support/ReferenceCheck.h"
 
 namespace {
 
@@ -91,13 +92,7 @@ TEST(ProjWrapper, LocalGridNameMakesIdentity) {
         CGxCassiniSoldner p(name, 13.6, 52.4, 40000, 10000, kBessel);
         EXPECT_STREQ(p.GetName(), "NON-UTM");
         EXPECT_TRUE(p.IsLocal());
-        double x, y, lon, lat;
-        p.Geo2Proj(1234.5, -678.25, &x, &y);
-        EXPECT_EQ(x, 1234.5);
-        EXPECT_EQ(y, -678.25);
-        p.Proj2Geo(1234.5, -678.25, &lon, &lat);
-        EXPECT_EQ(lon, 1234.5);
-        EXPECT_EQ(lat, -678.25);
+        GxExpectIdentity(p, 1234.5, -678.25);
         EXPECT_EQ(p.GetConvergence(20, 55), 0.0);
     }
     CGxCassiniSoldner named("Soldner", 13.6, 52.4, 40000, 10000, kBessel);

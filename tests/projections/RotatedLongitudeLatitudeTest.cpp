@@ -5,6 +5,7 @@
 
 #include "foundation/Ellipsoid.h"
 #include "projections/RotatedLongitudeLatitude.h"
+#include "tests/support/ReferenceCheck.h"
 
 // Rotated-pole grids against independent values from PROJ 9.1.1.
 //
@@ -36,31 +37,23 @@ const CGxEllipsoid kSphere("Sphere", "SP", 6371229.0, 0.0);
 const CGxEllipsoid kGrs80("GRS 1980", "RF", 6378137.0, 298.257222101);
 const CGxEllipsoid kClarke1866("Clarke 1866", "CC", 6378206.4, 294.9786982138982);
 
-// Longitude difference folded into [-180, 180], so that 180 and -180 agree.
-double LonDiff(double a, double b) {
-    double d = std::fmod(a - b, 360.0);
-    if (d > 180) d -= 360;
-    if (d < -180) d += 360;
-    return d;
-}
-
 template <std::size_t N>
 void ExpectForward(const CGxProjection& p, const Case (&table)[N]) {
     for (const Case& c : table) {
+        SCOPED_TRACE(testing::Message() << c.inLon << " " << c.inLat);
         double x, y;
         p.Geo2Proj(c.inLon, c.inLat, &x, &y);
-        EXPECT_NEAR(LonDiff(x, c.outLon), 0.0, kAngleTolerance) << c.inLon << " " << c.inLat;
-        EXPECT_NEAR(y, c.outLat, kAngleTolerance) << c.inLon << " " << c.inLat;
+        GxExpectLongitudeLatitude(x, y, c.outLon, c.outLat, kAngleTolerance);
     }
 }
 
 template <std::size_t N>
 void ExpectInverse(const CGxProjection& p, const Case (&table)[N]) {
     for (const Case& c : table) {
+        SCOPED_TRACE(testing::Message() << c.inLon << " " << c.inLat);
         double lon, lat;
         p.Proj2Geo(c.inLon, c.inLat, &lon, &lat);
-        EXPECT_NEAR(LonDiff(lon, c.outLon), 0.0, kAngleTolerance) << c.inLon << " " << c.inLat;
-        EXPECT_NEAR(lat, c.outLat, kAngleTolerance) << c.inLon << " " << c.inLat;
+        GxExpectLongitudeLatitude(lon, lat, c.outLon, c.outLat, kAngleTolerance);
     }
 }
 
@@ -477,13 +470,7 @@ TEST(RotatedLongitudeLatitude, LocalNameIsIdentity) {
     EXPECT_STREQ(grid.GetName(), "NON-UTM");
     EXPECT_TRUE(grid.IsLocal());
     EXPECT_TRUE(grid.IsGeographical());
-    double x, y;
-    grid.Geo2Proj(1234.5, -987.25, &x, &y);
-    EXPECT_EQ(x, 1234.5);
-    EXPECT_EQ(y, -987.25);
-    grid.Proj2Geo(1234.5, -987.25, &x, &y);
-    EXPECT_EQ(x, 1234.5);
-    EXPECT_EQ(y, -987.25);
+    GxExpectIdentity(grid, 1234.5, -987.25);
     EXPECT_EQ(grid.GetConvergence(30, 60), 0.0);
 }
 

@@ -20,6 +20,8 @@
 #include "foundation/Ellipsoid.h"
 #include "projections/TransverseMercator.h"
 #include "projections/TransverseMercatorJHS.h"
+#include "tests/support/DefinitionCheck.h"
+#include "tests/support/ReferenceCheck.h"
 
 namespace {
 
@@ -27,24 +29,12 @@ using Def = std::unique_ptr<CGxMapProjData>;
 using Grid = std::unique_ptr<CGxProjection>;
 using Params = std::vector<double>;
 
-struct GridPoint {
-    double lon, lat, x, y;
-};
+using GridPoint = GxReferencePoint;
 
 // The fourth-order series meet PROJ's exact algorithm to about a micrometre
 // within ten degrees of the central meridian.
 constexpr double kForwardTolerance = 1e-4;  // metres
 constexpr double kInverseTolerance = 1e-9;  // degrees, about 0.1 mm
-
-const CGxEllipsoid& Catalogue(const char* id) {
-    const CGxEllipsoid* e = CGxCartSetup::Instance().GetEllipsoidList().GetEllipsoid(id);
-    if (!e) {
-        ADD_FAILURE() << "ellipsoid " << id << " missing from the system catalogue";
-        static const CGxEllipsoid missing;
-        return missing;
-    }
-    return *e;
-}
 
 Def Make(const std::string& name, const std::string& ellipsoid, Params params) {
     return Def(CGxMapProjData::CreateProjection(CGxMapProjData::eTransverseMercator, name, "Branch",
@@ -87,13 +77,8 @@ const GridPoint kUtm33Inverse[] = {
 
 void ExpectReference(const CGxProjection& grid, const GridPoint& forward,
                      const GridPoint& inverse) {
-    double x, y, lon, lat;
-    grid.Geo2Proj(forward.lon, forward.lat, &x, &y);
-    EXPECT_NEAR(x, forward.x, kForwardTolerance);
-    EXPECT_NEAR(y, forward.y, kForwardTolerance);
-    grid.Proj2Geo(inverse.x, inverse.y, &lon, &lat);
-    EXPECT_NEAR(lon, inverse.lon, kInverseTolerance);
-    EXPECT_NEAR(lat, inverse.lat, kInverseTolerance);
+    GxExpectForward(grid, forward, kForwardTolerance);
+    GxExpectInverse(grid, inverse, kInverseTolerance);
 }
 
 // Same bits forward, inverse and in convergence around the reference point,
@@ -104,31 +89,10 @@ void ExpectSameGrid(const CGxProjection& grid, const CGxProjection& fromValues,
     EXPECT_EQ(typeid(grid), typeid(fromValues));
     EXPECT_STREQ(grid.GetName(), fromValues.GetName());
     EXPECT_FALSE(grid.IsLocal());
-    for (double dLon : {-4.0, 0.0, 2.5}) {
-        for (double dLat : {-6.0, 0.0, 3.0}) {
-            const double lon = around.lon + dLon, lat = around.lat + dLat;
-            SCOPED_TRACE(testing::Message() << "lon " << lon << " lat " << lat);
-            double x1, y1, x2, y2;
-            grid.Geo2Proj(lon, lat, &x1, &y1);
-            fromValues.Geo2Proj(lon, lat, &x2, &y2);
-            EXPECT_EQ(x1, x2);
-            EXPECT_EQ(y1, y2);
-            double lon1, lat1, lon2, lat2;
-            grid.Proj2Geo(x2, y2, &lon1, &lat1);
-            fromValues.Proj2Geo(x2, y2, &lon2, &lat2);
-            EXPECT_EQ(lon1, lon2);
-            EXPECT_EQ(lat1, lat2);
-            EXPECT_EQ(grid.GetConvergence(lon, lat), fromValues.GetConvergence(lon, lat));
-        }
-    }
-    double o1[2], o2[2], box1[4], box2[4];
-    grid.GetOrigin(&o1[0], &o1[1]);
-    fromValues.GetOrigin(&o2[0], &o2[1]);
-    EXPECT_EQ(o1[0], o2[0]);
-    EXPECT_EQ(o1[1], o2[1]);
-    grid.GetDefaultArea(&box1[0], &box1[1], &box1[2], &box1[3]);
-    fromValues.GetDefaultArea(&box2[0], &box2[1], &box2[2], &box2[3]);
-    for (int i = 0; i < 4; ++i) EXPECT_EQ(box1[i], box2[i]);
+    GxExpectSameConversionsAround(grid, fromValues, around.lon, around.lat, {-4.0, 0.0, 2.5},
+                                  {-6.0, 0.0, 3.0});
+    GxExpectSameOrigin(grid, fromValues);
+    GxExpectSameDefaultArea(grid, fromValues);
 }
 
 }  // namespace
@@ -142,7 +106,7 @@ TEST(TransverseMercatorFromDefinition, DefinitionBuildsSeriesFormWithItsNumbers)
     EXPECT_STREQ(grid->GetName(), "International 49N");
     ExpectSameGrid(*grid,
                    CGxTransverseMercatorJHS("International 49N", 0.9996012717, -2, 49, 400000,
-                                            -100000, Catalogue("IN")),
+                                            -100000, GxSystemEllipsoid("IN")),
                    kInternational49Forward);
     ExpectReference(*grid, kInternational49Forward, kInternational49Inverse);
 }
@@ -153,7 +117,7 @@ TEST(TransverseMercatorFromDefinition, GaussKruegerFormTakesTheSameDefinition) {
     const CGxTransverseMercator grid(&AsTm(def));
     ExpectSameGrid(grid,
                    CGxTransverseMercator("International 49N", 0.9996012717, -2, 49, 400000, -100000,
-                                         Catalogue("IN")),
+                                         GxSystemEllipsoid("IN")),
                    kInternational49Forward);
     ExpectReference(grid, kInternational49Forward, kInternational49Inverse);
 }
@@ -173,17 +137,11 @@ TEST(TransverseMercatorFromDefinition, Utm33DefinitionMeetsProjUtm) {
         EXPECT_STREQ(grid->GetName(), "UTM-33");
         for (const GridPoint& p : kUtm33Forward) {
             SCOPED_TRACE(testing::Message() << "forward " << p.lon << ", " << p.lat);
-            double x, y;
-            grid->Geo2Proj(p.lon, p.lat, &x, &y);
-            EXPECT_NEAR(x, p.x, kForwardTolerance);
-            EXPECT_NEAR(y, p.y, kForwardTolerance);
+            GxExpectForward(*grid, p, kForwardTolerance);
         }
         for (const GridPoint& p : kUtm33Inverse) {
             SCOPED_TRACE(testing::Message() << "inverse " << p.x << ", " << p.y);
-            double lon, lat;
-            grid->Proj2Geo(p.x, p.y, &lon, &lat);
-            EXPECT_NEAR(lon, p.lon, kInverseTolerance);
-            EXPECT_NEAR(lat, p.lat, kInverseTolerance);
+            GxExpectInverse(*grid, p, kInverseTolerance);
         }
     }
 }
@@ -247,13 +205,7 @@ TEST(TransverseMercatorFromDefinition, NoNameOrNoDefinitionIsLocalGrid) {
     auto expectLocal = [](const CGxProjection& grid) {
         EXPECT_STREQ(grid.GetName(), "NON-UTM");
         EXPECT_TRUE(grid.IsLocal());
-        double x, y;
-        grid.Geo2Proj(1234.5, -987.25, &x, &y);
-        EXPECT_EQ(x, 1234.5);
-        EXPECT_EQ(y, -987.25);
-        grid.Proj2Geo(1234.5, -987.25, &x, &y);
-        EXPECT_EQ(x, 1234.5);
-        EXPECT_EQ(y, -987.25);
+        GxExpectIdentity(grid, 1234.5, -987.25);
         EXPECT_EQ(grid.GetConvergence(10, 50), 0.0);
     };
     for (const char* id : {"WE", "NOT-IN-CATALOGUE"}) {

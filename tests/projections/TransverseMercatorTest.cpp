@@ -10,6 +10,7 @@
 #include "foundation/Tolerance.h"
 #include "projections/TransverseMercator.h"
 #include "projections/TransverseMercatorJHS.h"
+#include "tests/support/ReferenceCheck.h"
 
 namespace {
 
@@ -162,11 +163,8 @@ constexpr double kAgreement = 1e-4;
 TYPED_TEST(TransverseMercatorBoth, ForwardAgreesWithProj) {
     for (const Case& c : kForward) {
         const TypeParam p = Make<TypeParam>(c.grid);
-        double x, y;
-        p.Geo2Proj(c.in1, c.in2, &x, &y);
         SCOPED_TRACE(::testing::Message() << "grid " << c.grid << " at " << c.in1 << ", " << c.in2);
-        EXPECT_NEAR(x, c.out1, kAgreement);
-        EXPECT_NEAR(y, c.out2, kAgreement);
+        GxExpectForward(p, {c.in1, c.in2, c.out1, c.out2}, kAgreement);
     }
 }
 
@@ -184,12 +182,8 @@ TYPED_TEST(TransverseMercatorBoth, InverseAgreesWithProj) {
 TYPED_TEST(TransverseMercatorBoth, InverseAfterForwardReturnsTheInput) {
     for (const Case& c : kForward) {
         const TypeParam p = Make<TypeParam>(c.grid);
-        double x, y, lon, lat;
-        p.Geo2Proj(c.in1, c.in2, &x, &y);
-        p.Proj2Geo(x, y, &lon, &lat);
         SCOPED_TRACE(::testing::Message() << "grid " << c.grid << " at " << c.in1 << ", " << c.in2);
-        EXPECT_NEAR(lon, c.in1, 1e-9);
-        EXPECT_NEAR(lat, c.in2, 1e-9);
+        GxExpectRoundTrip(p, c.in1, c.in2, kGxRoundTripTolerance);
     }
 }
 
@@ -207,10 +201,8 @@ TYPED_TEST(TransverseMercatorBoth, PointsBeyondNinetyDegreesCrossThePole) {
                             {kWide, 500000, -10100000, 189.0, -89.0861103236}};
     const TypeParam p = Make<TypeParam>(kWide);
     for (const Case& c : forward) {
-        double x, y;
-        p.Geo2Proj(c.in1, c.in2, &x, &y);
-        EXPECT_NEAR(x, c.out1, 1e-3) << c.in1 << ", " << c.in2;
-        EXPECT_NEAR(y, c.out2, 1e-3) << c.in1 << ", " << c.in2;
+        SCOPED_TRACE(::testing::Message() << c.in1 << ", " << c.in2);
+        GxExpectForward(p, {c.in1, c.in2, c.out1, c.out2}, 1e-3);
     }
     for (const Case& c : inverse) {
         double lon, lat;
@@ -297,13 +289,7 @@ TYPED_TEST(TransverseMercatorBoth, LocalGridIsTheIdentity) {
         const TypeParam p(name, 0.9996, 9, 49, 500000, 1000000, kWgs84);
         EXPECT_STREQ(p.GetName(), "NON-UTM");
         EXPECT_TRUE(p.IsLocal());
-        double x, y, lon, lat;
-        p.Geo2Proj(1234.5, -678.25, &x, &y);
-        EXPECT_EQ(x, 1234.5);
-        EXPECT_EQ(y, -678.25);
-        p.Proj2Geo(1234.5, -678.25, &lon, &lat);
-        EXPECT_EQ(lon, 1234.5);
-        EXPECT_EQ(lat, -678.25);
+        GxExpectIdentity(p, 1234.5, -678.25);
         EXPECT_EQ(p.GetConvergence(12, 50), 0.0);
         double x0, y0, x1, y1;
         p.GetDefaultArea(&x0, &y0, &x1, &y1);

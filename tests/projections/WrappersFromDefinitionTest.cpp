@@ -24,6 +24,8 @@
 #include "projections/CassiniSoldner.h"
 #include "projections/EquidistantConic.h"
 #include "projections/LambertAzimuthalEqualArea.h"
+#include "tests/support/DefinitionCheck.h"
+#include "tests/support/ReferenceCheck.h"
 
 namespace {
 
@@ -38,9 +40,7 @@ constexpr Type kCassini = CGxMapProjData::eCassiniSoldner;
 constexpr Type kEqdc = CGxMapProjData::eEquidistantConic;
 constexpr Type kWrapperTypes[] = {kAlbers, kLaea, kCassini, kEqdc};
 
-struct GridPoint {
-    double lon, lat, x, y;
-};
+using GridPoint = GxReferencePoint;
 
 // Forward (metres) and inverse (degrees) tolerances against cct. The forward
 // formulas are PROJ's own and cct printed micrometres, except that
@@ -54,16 +54,6 @@ struct Tolerance {
 constexpr Tolerance kAuthalicSeries = {1e-5, 2e-8};
 constexpr Tolerance kArcSeries = {1e-3, 1e-8};
 constexpr Tolerance kSpherical = {1e-5, 1e-10};
-
-const CGxEllipsoid& Catalogue(const char* id) {
-    const CGxEllipsoid* e = CGxCartSetup::Instance().GetEllipsoidList().GetEllipsoid(id);
-    if (!e) {
-        ADD_FAILURE() << "ellipsoid " << id << " missing from the system catalogue";
-        static const CGxEllipsoid missing;
-        return missing;
-    }
-    return *e;
-}
 
 Def Make(Type type, const std::string& name, const std::string& ellipsoid, Params params) {
     return Def(CGxMapProjData::CreateProjection(type, name, "Branch", ellipsoid, params.data()));
@@ -147,22 +137,12 @@ const WiringCase kWiring[] = {
 };
 // clang-format on
 
-void ExpectIdentity(const CGxProjection& p) {
-    double x, y;
-    p.Geo2Proj(1234.5, -987.25, &x, &y);
-    EXPECT_EQ(x, 1234.5);
-    EXPECT_EQ(y, -987.25);
-    p.Proj2Geo(1234.5, -987.25, &x, &y);
-    EXPECT_EQ(x, 1234.5);
-    EXPECT_EQ(y, -987.25);
-}
-
 }  // namespace
 
 TEST(WrappersFromDefinition, GridIsTheValueBuiltGridAndMeetsReference) {
     for (const WiringCase& c : kWiring) {
         SCOPED_TRACE(c.name);
-        const CGxEllipsoid& figure = Catalogue(c.ellipsoid);
+        const CGxEllipsoid& figure = GxSystemEllipsoid(c.ellipsoid);
         const Grid fromValues = FromValues(c.type, c.name, c.params, figure);
         Def def = Make(c.type, c.name, c.ellipsoid, c.params);
         ASSERT_TRUE(def);
@@ -174,30 +154,10 @@ TEST(WrappersFromDefinition, GridIsTheValueBuiltGridAndMeetsReference) {
         EXPECT_EQ(typeid(*grid), typeid(*fromValues));
         EXPECT_STREQ(grid->GetName(), c.name);
         EXPECT_FALSE(grid->IsLocal());
-        for (double dLon : {-1.0, 0.0, 1.5}) {
-            for (double dLat : {-1.0, 0.0, 0.5}) {
-                const double lon = c.ref.lon + dLon, lat = c.ref.lat + dLat;
-                SCOPED_TRACE(testing::Message() << "lon " << lon << " lat " << lat);
-                double x1, y1, x2, y2, lon1, lat1, lon2, lat2;
-                grid->Geo2Proj(lon, lat, &x1, &y1);
-                fromValues->Geo2Proj(lon, lat, &x2, &y2);
-                EXPECT_EQ(x1, x2);
-                EXPECT_EQ(y1, y2);
-                grid->Proj2Geo(x2, y2, &lon1, &lat1);
-                fromValues->Proj2Geo(x2, y2, &lon2, &lat2);
-                EXPECT_EQ(lon1, lon2);
-                EXPECT_EQ(lat1, lat2);
-                EXPECT_EQ(grid->GetConvergence(lon, lat), fromValues->GetConvergence(lon, lat));
-            }
-        }
-        double a[4], b[4];
-        grid->GetOrigin(&a[0], &a[1]);
-        fromValues->GetOrigin(&b[0], &b[1]);
-        EXPECT_EQ(a[0], b[0]);
-        EXPECT_EQ(a[1], b[1]);
-        grid->GetDefaultArea(&a[0], &a[1], &a[2], &a[3]);
-        fromValues->GetDefaultArea(&b[0], &b[1], &b[2], &b[3]);
-        for (int i = 0; i < 4; ++i) EXPECT_EQ(a[i], b[i]) << "default area " << i;
+        GxExpectSameConversionsAround(*grid, *fromValues, c.ref.lon, c.ref.lat, {-1.0, 0.0, 1.5},
+                                      {-1.0, 0.0, 0.5});
+        GxExpectSameOrigin(*grid, *fromValues);
+        GxExpectSameDefaultArea(*grid, *fromValues);
 
         // The catalogue figure itself, a sphere keeping inverse flattening 0.
         CGxEllipsoid out;
@@ -205,13 +165,8 @@ TEST(WrappersFromDefinition, GridIsTheValueBuiltGridAndMeetsReference) {
         EXPECT_EQ(out.GetMajor(), figure.GetMajor());
         EXPECT_NEAR(out.GetInvFlatness(), figure.GetInvFlatness(), 1e-9);
 
-        double x, y, lon, lat;
-        grid->Geo2Proj(c.ref.lon, c.ref.lat, &x, &y);
-        EXPECT_NEAR(x, c.ref.x, c.tolerance.forward);
-        EXPECT_NEAR(y, c.ref.y, c.tolerance.forward);
-        grid->Proj2Geo(c.ref.x, c.ref.y, &lon, &lat);
-        EXPECT_NEAR(lon, c.ref.lon, c.tolerance.inverse);
-        EXPECT_NEAR(lat, c.ref.lat, c.tolerance.inverse);
+        GxExpectForward(*grid, c.ref, c.tolerance.forward);
+        GxExpectInverse(*grid, c.ref, c.tolerance.inverse);
     }
 }
 
@@ -255,7 +210,7 @@ TEST(WrappersFromDefinition, EmptyNameIsTheLocalIdentityGrid) {
             ASSERT_TRUE(grid);
             EXPECT_STREQ(grid->GetName(), "NON-UTM");
             EXPECT_TRUE(grid->IsLocal());
-            ExpectIdentity(*grid);
+            GxExpectIdentity(*grid, 1234.5, -987.25);
             EXPECT_EQ(grid->GetConvergence(-70, 25), 0.0);
         }
     }
@@ -270,6 +225,6 @@ TEST(WrappersFromDefinition, NullDefinitionIsTheLocalGrid) {
     for (const CGxProjection* p :
          std::initializer_list<const CGxProjection*>{&albers, &laea, &cassini, &eqdc}) {
         EXPECT_STREQ(p->GetName(), "NON-UTM");
-        ExpectIdentity(*p);
+        GxExpectIdentity(*p, 1234.5, -987.25);
     }
 }
