@@ -33,7 +33,6 @@ const char kWgs84[] = "\"WGS_1984\",6378137,298.257223563";
 const char kGrs80[] = "\"GRS_1980\",6378137,298.257222101";
 const char kBessel[] = "\"Bessel_1841\",6377397.155,299.1528128";
 const char kHayford[] = "\"International_1924\",6378388,297";
-const char kClarkeIgn[] = "\"Clarke_1880_IGN\",6378249.2,293.4660212936269";
 const char kMetre[] = "UNIT[\"Meter\",1]";
 
 // A projected text in degrees (the exact factor, so that the angles are
@@ -144,19 +143,8 @@ std::vector<GridCase> GridCases() {
          "+to_meter=0.3048006096012192 +no_defs  no_defs <>",
          0.3048006096012192,
          {{-74, 40.7, 984250.0000, 194305.3389}, {-73.9, 40.6, 1012019.6680, 157888.4311}}},
-        {"Lambert one parallel",
-         Projcs(kClarkeIgn, "Lambert_Conformal_Conic_1SP",
-                {{"False_Easting", 600000},
-                 {"False_Northing", 200000},
-                 {"Central_Meridian", 2.337229166666667},
-                 {"Scale_Factor", 0.99987742},
-                 {"Latitude_Of_Origin", 46.8}}),
-         "+proj=lcc +lat_1=46.8 +lat_0=46.8 +lon_0=2.337229166666667 +k=0.99987742 +x_0=600000 "
-         "+y_0=200000 +a=6378249.2 +b=6356515 +units=m +no_defs  no_defs <>",
-         1.0,
-         {{5, 45, 809996.7506, 3482.1446}, {0, 48, 425583.7648, 336000.7963}}},
-        // Grads and the Paris meridian: angles in degrees, the meridian
-        // added to the central longitude.
+        // One parallel, written twice; grads and the Paris meridian: angles
+        // in degrees, the meridian added to the central longitude.
         {"Lambert one parallel, NTF (Paris) grads",
          ReadPrj("27572_gdal.prj"),
          "+proj=lcc +lat_1=46.79999999999981 +lat_0=46.79999999999981 +lon_0=2.33722917 "
