@@ -8,8 +8,8 @@
 
 #include <functional>
 #include <memory>
-#include <vector>
 
+#include "BenchSupport.h"
 #include "foundation/Ellipsoid.h"
 #include "projections/Lambert1SP.h"
 #include "projections/Lambert2SP.h"
@@ -24,99 +24,72 @@ namespace {
 
 const CGxEllipsoid kWgs84("WGS 84", "WE", 6378137.0, 298.257223563);
 
-constexpr int kPoints = 1024;
-
-struct Point {
-    double a, b;
+// The natural area of a projection: lon0 +- halfLon, lat from lat0 to lat1.
+struct Area {
+    double lon0, halfLon, lat0, lat1;
 };
-
-// A 32 x 32 grid over lon0 +- halfLon, lat from lat0 to lat1.
-std::vector<Point> Grid(double lon0, double halfLon, double lat0, double lat1) {
-    std::vector<Point> pts(kPoints);
-    for (int i = 0; i < kPoints; ++i)
-        pts[i] = {lon0 - halfLon + 2 * halfLon * (i % 32) / 31,
-                  lat0 + (lat1 - lat0) * (i / 32) / 31};
-    return pts;
-}
 
 struct Case {
     std::function<std::unique_ptr<CGxProjection>()> make;
-    std::vector<Point> area;
+    Area area;
 };
+
+// A 32 x 32 mesh over the area.
+GxBenchPoints Mesh(const CGxProjection& p, const Area& a) {
+    return GxBenchMesh(p, a.lon0 - a.halfLon, a.lon0 + a.halfLon, a.lat0, a.lat1);
+}
 
 Case Lambert2SP() {
     return {
         [] { return std::make_unique<CGxLambert2SP>("L2", 49, 44, 3, 46.5, 7e5, 6.6e6, kWgs84); },
-        Grid(3, 8, 41, 52)};
+        Area{3, 8, 41, 52}};
 }
 Case Lambert1SP() {
     return {[] { return std::make_unique<CGxLambert1SP>("L1", 0.9999, 3, 46.5, 6e5, 2e6, kWgs84); },
-            Grid(3, 8, 41, 52)};
+            Area{3, 8, 41, 52}};
 }
 Case Mercator1SP() {
     return {[] { return std::make_unique<CGxMercator1SP>("M1", 0.997, 110, 3.9e6, 9e5, kWgs84); },
-            Grid(110, 20, -10, 25)};
+            Area{110, 20, -10, 25}};
 }
 Case Mercator2SP() {
     return {[] { return std::make_unique<CGxMercator2SP>("M2", 42, 51, 5e5, 0, kWgs84); },
-            Grid(51, 15, 30, 55)};
+            Area{51, 15, 30, 55}};
 }
 Case StereographicOblique() {
     return {[] {
                 return std::make_unique<CGxStereographic>("S", 0.9999079, 5.387638889, 52.156160556,
                                                           155000, 463000, kWgs84);
             },
-            Grid(5.4, 5, 49, 56)};
+            Area{5.4, 5, 49, 56}};
 }
 Case StereographicPolarAspect() {
     return {[] { return std::make_unique<CGxStereographic>("U", 0.994, 0, 90, 2e6, 2e6, kWgs84); },
-            Grid(0, 180, 60, 89)};
+            Area{0, 180, 60, 89}};
 }
 Case NorthPole() {
     return {[] { return std::make_unique<CGxStereographicNorthPole>("N", 70, -45, 0, 0, kWgs84); },
-            Grid(0, 180, 55, 89)};
+            Area{0, 180, 55, 89}};
 }
 Case SouthPole() {
     return {[] { return std::make_unique<CGxStereographicSouthPole>("S", -71, 0, 0, 0, kWgs84); },
-            Grid(0, 180, -89, -55)};
+            Area{0, 180, -89, -55}};
 }
 Case PolarWrapper() {
     return {[] { return std::make_unique<CGxPolarStereographic>("W", 1, 0, -71, 0, 0, kWgs84); },
-            Grid(0, 180, -89, -55)};
-}
-
-void SetPerPoint(benchmark::State& state) {
-    state.counters["per_point"] = benchmark::Counter(
-        kPoints, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+            Area{0, 180, -89, -55}};
 }
 
 void Forward(benchmark::State& state, Case (*make)()) {
     const Case c = make();
     const std::unique_ptr<CGxProjection> p = c.make();
-    double x, y;
-    for (auto _ : state) {
-        for (const Point& q : c.area) {
-            p->Geo2Proj(q.a, q.b, &x, &y);
-            benchmark::DoNotOptimize(x);
-            benchmark::DoNotOptimize(y);
-        }
-    }
-    SetPerPoint(state);
+    GxBenchForward(state, *p, Mesh(*p, c.area));
 }
 
 void Inverse(benchmark::State& state, Case (*make)()) {
-    Case c = make();
+    const Case c = make();
     const std::unique_ptr<CGxProjection> p = c.make();
-    for (Point& q : c.area) p->Geo2Proj(q.a, q.b, &q.a, &q.b);
-    double lon, lat;
-    for (auto _ : state) {
-        for (const Point& q : c.area) {
-            p->Proj2Geo(q.a, q.b, &lon, &lat);
-            benchmark::DoNotOptimize(lon);
-            benchmark::DoNotOptimize(lat);
-        }
-    }
-    SetPerPoint(state);
+    GxBenchInverse(state, *p, Mesh(*p, c.area));
 }
 
 }  // namespace

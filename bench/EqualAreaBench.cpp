@@ -6,8 +6,8 @@
 #include <benchmark/benchmark.h>
 
 #include <memory>
-#include <vector>
 
+#include "BenchSupport.h"
 #include "foundation/Ellipsoid.h"
 #include "projections/AlbersEqualArea.h"
 #include "projections/CassiniSoldner.h"
@@ -18,20 +18,6 @@ namespace {
 
 const CGxEllipsoid kWgs84("WGS 84", "WE", 6378137.0, 298.257223563);
 const CGxEllipsoid kSphere("Sphere", "SP", 6371000.0, 0.0);
-
-constexpr int kPoints = 1024;
-
-struct Point {
-    double a, b;
-};
-
-// Points spread over +-4 degrees around (lon0, lat0).
-std::vector<Point> Around(double lon0, double lat0) {
-    std::vector<Point> pts(kPoints);
-    for (int i = 0; i < kPoints; ++i)
-        pts[i] = {lon0 - 4 + 8.0 * (i % 32) / 31, lat0 - 4 + 8.0 * (i / 32) / 31};
-    return pts;
-}
 
 // The four projections around (10, 50), each built on the given ellipsoid.
 std::unique_ptr<CGxProjection> Make(int which, const CGxEllipsoid& e) {
@@ -60,47 +46,28 @@ std::unique_ptr<CGxProjInterface> MakeInner(int which) {
     }
 }
 
+// Points spread over +-4 degrees around the common origin (10, 50).
 template <class P>
-void RunForward(benchmark::State& state, const P& p) {
-    const std::vector<Point> pts = Around(10, 50);
-    double x, y;
-    for (auto _ : state) {
-        for (const Point& q : pts) {
-            p.Geo2Proj(q.a, q.b, &x, &y);
-            benchmark::DoNotOptimize(x);
-            benchmark::DoNotOptimize(y);
-        }
-    }
-    state.SetItemsProcessed(state.iterations() * kPoints);
-}
-
-template <class P>
-void RunInverse(benchmark::State& state, const P& p) {
-    std::vector<Point> pts = Around(10, 50);
-    for (Point& q : pts) p.Geo2Proj(q.a, q.b, &q.a, &q.b);
-    double lon, lat;
-    for (auto _ : state) {
-        for (const Point& q : pts) {
-            p.Proj2Geo(q.a, q.b, &lon, &lat);
-            benchmark::DoNotOptimize(lon);
-            benchmark::DoNotOptimize(lat);
-        }
-    }
-    state.SetItemsProcessed(state.iterations() * kPoints);
+GxBenchPoints Around(const P& p) {
+    return GxBenchMesh(p, 6, 14, 46, 54);
 }
 
 // which: 0 Albers, 1 Lambert azimuthal, 2 Cassini, 3 equidistant conic.
 void BM_EqualAreaForward(benchmark::State& state, int which, bool sphere) {
-    RunForward(state, *Make(which, sphere ? kSphere : kWgs84));
+    const auto p = Make(which, sphere ? kSphere : kWgs84);
+    GxBenchForward(state, *p, Around(*p));
 }
 void BM_EqualAreaInverse(benchmark::State& state, int which, bool sphere) {
-    RunInverse(state, *Make(which, sphere ? kSphere : kWgs84));
+    const auto p = Make(which, sphere ? kSphere : kWgs84);
+    GxBenchInverse(state, *p, Around(*p));
 }
 void BM_EqualAreaInnerForward(benchmark::State& state, int which) {
-    RunForward(state, *MakeInner(which));
+    const auto p = MakeInner(which);
+    GxBenchForward(state, *p, Around(*p));
 }
 void BM_EqualAreaInnerInverse(benchmark::State& state, int which) {
-    RunInverse(state, *MakeInner(which));
+    const auto p = MakeInner(which);
+    GxBenchInverse(state, *p, Around(*p));
 }
 
 }  // namespace

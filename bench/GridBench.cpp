@@ -1,7 +1,9 @@
-// Conversion cost of the geographical and rotated-pole grids, per point.
+// Conversion cost of the geographical and rotated-pole grids, per point, over
+// a mesh from 12 degrees west to 48 east and 27 to 75 degrees north.
 
 #include <benchmark/benchmark.h>
 
+#include "BenchSupport.h"
 #include "foundation/Ellipsoid.h"
 #include "projections/Geographical.h"
 #include "projections/RotatedLongitudeLatitude.h"
@@ -10,47 +12,31 @@ namespace {
 
 const CGxEllipsoid kGrs80("GRS 1980", "RF", 6378137.0, 298.257222101);
 
-// A spread of points so that the timing is not that of one cached case.
-template <class Convert>
-void RunOverGrid(benchmark::State& state, Convert convert) {
-    double lon = -12, lat = 27;
-    for (auto _ : state) {
-        double x, y;
-        convert(lon, lat, &x, &y);
-        benchmark::DoNotOptimize(x);
-        benchmark::DoNotOptimize(y);
-        lon += 0.37;
-        lat += 0.11;
-        if (lon > 48) lon = -12;
-        if (lat > 75) lat = 27;
-    }
-    state.SetItemsProcessed(state.iterations());
+GxBenchPoints Europe(const CGxProjection& p) {
+    return GxBenchMesh(p, -12, 48, 27, 75);
 }
 
 void BM_GeographicalForward(benchmark::State& state) {
     const CGxGeographical p("Geo", 10, kGrs80);
-    RunOverGrid(state, [&p](double a, double b, double* x, double* y) { p.Geo2Proj(a, b, x, y); });
+    GxBenchForward(state, p, Europe(p));
 }
 BENCHMARK(BM_GeographicalForward);
 
 void BM_GeographicalInverse(benchmark::State& state) {
     const CGxGeographical p("Geo", 10, kGrs80);
-    RunOverGrid(state, [&p](double a, double b, double* x, double* y) { p.Proj2Geo(a, b, x, y); });
+    GxBenchInverse(state, p, Europe(p));
 }
 BENCHMARK(BM_GeographicalInverse);
 
 void BM_RotatedForward(benchmark::State& state) {
     const CGxRotatedLongitudeLatitude p("Rotated", 18, -39.25, 0, kGrs80);
-    RunOverGrid(state, [&p](double a, double b, double* x, double* y) { p.Geo2Proj(a, b, x, y); });
+    GxBenchForward(state, p, Europe(p));
 }
 BENCHMARK(BM_RotatedForward);
 
 void BM_RotatedInverse(benchmark::State& state) {
     const CGxRotatedLongitudeLatitude p("Rotated", 18, -39.25, 0, kGrs80);
-    // Rotated coordinates of the same box, shifted to sit around the origin.
-    RunOverGrid(state, [&p](double a, double b, double* x, double* y) {
-        p.Proj2Geo(a - 18, b - 51, x, y);
-    });
+    GxBenchInverse(state, p, Europe(p));
 }
 BENCHMARK(BM_RotatedInverse);
 

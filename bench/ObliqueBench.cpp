@@ -5,8 +5,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include <vector>
-
+#include "BenchSupport.h"
 #include "foundation/Ellipsoid.h"
 #include "projections/HotineObliqueMercator.h"
 #include "projections/Krovak.h"
@@ -16,58 +15,14 @@
 
 namespace {
 
-constexpr int kSide = 40;  // a 40 x 25 mesh
-constexpr int kPoints = 1000;
-
 const CGxEllipsoid kGrs80("GRS 1980", "RF", 6378137.0, 298.257222101);
 const CGxEllipsoid kBessel("Bessel 1841", "BR", 6377397.155, 299.1528128);
 const CGxEllipsoid kEverestSabah("Everest (Sabah & Sarawak)", "EB", 6377298.556, 300.8017);
 const CGxEllipsoid kInternational("International 1924", "IN", 6378388.0, 297.0);
 
-struct Points {
-    std::vector<double> lon, lat, x, y;
-};
-
-// A 40 x 25 mesh over [lon0, lon1] x [lat0, lat1] and its grid coordinates.
-Points Mesh(const CGxProjection& p, double lon0, double lon1, double lat0, double lat1) {
-    Points pts;
-    for (int i = 0; i < kSide; ++i) {
-        for (int j = 0; j < kPoints / kSide; ++j) {
-            const double lon = lon0 + (lon1 - lon0) * i / (kSide - 1);
-            const double lat = lat0 + (lat1 - lat0) * j / (kPoints / kSide - 1);
-            double x, y;
-            p.Geo2Proj(lon, lat, &x, &y);
-            pts.lon.push_back(lon);
-            pts.lat.push_back(lat);
-            pts.x.push_back(x);
-            pts.y.push_back(y);
-        }
-    }
-    return pts;
-}
-
-void Forward(benchmark::State& state, const CGxProjection& p, const Points& pts) {
-    for (auto _ : state) {
-        for (int i = 0; i < kPoints; ++i) {
-            double x, y;
-            p.Geo2Proj(pts.lon[i], pts.lat[i], &x, &y);
-            benchmark::DoNotOptimize(x);
-            benchmark::DoNotOptimize(y);
-        }
-    }
-    state.SetItemsProcessed(state.iterations() * kPoints);
-}
-
-void Inverse(benchmark::State& state, const CGxProjection& p, const Points& pts) {
-    for (auto _ : state) {
-        for (int i = 0; i < kPoints; ++i) {
-            double lon, lat;
-            p.Proj2Geo(pts.x[i], pts.y[i], &lon, &lat);
-            benchmark::DoNotOptimize(lon);
-            benchmark::DoNotOptimize(lat);
-        }
-    }
-    state.SetItemsProcessed(state.iterations() * kPoints);
+// A 40 x 25 mesh over [lon0, lon1] x [lat0, lat1].
+GxBenchPoints Mesh(const CGxProjection& p, double lon0, double lon1, double lat0, double lat1) {
+    return GxBenchMesh(p, lon0, lon1, lat0, lat1, 40, 25);
 }
 
 // Alaska zone 1.
@@ -84,56 +39,56 @@ const CGxKrovak kKrovak("S-JTSK", 0.9999, 78.5, 24.8333333333333, 49.5, 30.28813
                         0, 0, kBessel);
 const CGxNewZealandMapGrid kNzmg("NZMG", 173, -41, 2510000, 6023150, kInternational);
 
-const Points& HotinePoints() {
-    static const Points pts = Mesh(kHotine, -141, -129, 54, 60);
+const GxBenchPoints& HotinePoints() {
+    static const GxBenchPoints pts = Mesh(kHotine, -141, -129, 54, 60);
     return pts;
 }
-const Points& ObliquePoints() {
-    static const Points pts = Mesh(kOblique, 5.9, 10.5, 45.8, 47.8);
+const GxBenchPoints& ObliquePoints() {
+    static const GxBenchPoints pts = Mesh(kOblique, 5.9, 10.5, 45.8, 47.8);
     return pts;
 }
-const Points& RsoPoints() {
-    static const Points pts = Mesh(kRso, 109.5, 119.5, 0.8, 7.5);
+const GxBenchPoints& RsoPoints() {
+    static const GxBenchPoints pts = Mesh(kRso, 109.5, 119.5, 0.8, 7.5);
     return pts;
 }
-const Points& KrovakPoints() {
-    static const Points pts = Mesh(kKrovak, 12, 22.6, 47.7, 51.1);
+const GxBenchPoints& KrovakPoints() {
+    static const GxBenchPoints pts = Mesh(kKrovak, 12, 22.6, 47.7, 51.1);
     return pts;
 }
-const Points& NzmgPoints() {
-    static const Points pts = Mesh(kNzmg, 166.4, 178.6, -47.3, -34.4);
+const GxBenchPoints& NzmgPoints() {
+    static const GxBenchPoints pts = Mesh(kNzmg, 166.4, 178.6, -47.3, -34.4);
     return pts;
 }
 
 void BM_HotineObliqueMercatorForward(benchmark::State& s) {
-    Forward(s, kHotine, HotinePoints());
+    GxBenchForward(s, kHotine, HotinePoints());
 }
 void BM_HotineObliqueMercatorInverse(benchmark::State& s) {
-    Inverse(s, kHotine, HotinePoints());
+    GxBenchInverse(s, kHotine, HotinePoints());
 }
 void BM_ObliqueMercatorForward(benchmark::State& s) {
-    Forward(s, kOblique, ObliquePoints());
+    GxBenchForward(s, kOblique, ObliquePoints());
 }
 void BM_ObliqueMercatorInverse(benchmark::State& s) {
-    Inverse(s, kOblique, ObliquePoints());
+    GxBenchInverse(s, kOblique, ObliquePoints());
 }
 void BM_RectifiedSkewOrthomorphicForward(benchmark::State& s) {
-    Forward(s, kRso, RsoPoints());
+    GxBenchForward(s, kRso, RsoPoints());
 }
 void BM_RectifiedSkewOrthomorphicInverse(benchmark::State& s) {
-    Inverse(s, kRso, RsoPoints());
+    GxBenchInverse(s, kRso, RsoPoints());
 }
 void BM_KrovakForward(benchmark::State& s) {
-    Forward(s, kKrovak, KrovakPoints());
+    GxBenchForward(s, kKrovak, KrovakPoints());
 }
 void BM_KrovakInverse(benchmark::State& s) {
-    Inverse(s, kKrovak, KrovakPoints());
+    GxBenchInverse(s, kKrovak, KrovakPoints());
 }
 void BM_NewZealandMapGridForward(benchmark::State& s) {
-    Forward(s, kNzmg, NzmgPoints());
+    GxBenchForward(s, kNzmg, NzmgPoints());
 }
 void BM_NewZealandMapGridInverse(benchmark::State& s) {
-    Inverse(s, kNzmg, NzmgPoints());
+    GxBenchInverse(s, kNzmg, NzmgPoints());
 }
 
 BENCHMARK(BM_HotineObliqueMercatorForward);
