@@ -14,7 +14,6 @@
 #include "foundation/Projection.h"
 #include "foundation/Tolerance.h"
 #include "mapprojection/TextTrim.h"
-#include "projections/Geographical.h"
 #include "wkt/PRJParser.h"
 
 namespace {
@@ -126,15 +125,6 @@ CGxProjection* CGxMapProjection::_FindMapProjection(const std::string& name) {
     const CGxMapProjData* definition =
         CGxCartSetup::Instance().GetMapProjectionList().GetMapProjection(name);
     if (!definition) return nullptr;
-    const CGxEllipsoid* ellipsoid = EllipsoidFromID(definition->GetEllipsoidID());
-    // Longitude and latitude need no figure to be converted: a geographical
-    // entry without a known ellipsoid ("LONG/LAT" names none) is the plain
-    // longitude/latitude grid on Greenwich, and reports no ellipsoid, so that
-    // geodesics fall back to WGS 84.
-    if (!ellipsoid && definition->GetProjectionType() == CGxMapProjData::eGeographical) {
-        const CGxEllipsoid noFigure("", "", 0.0, 0.0);
-        return new CGxGeographical(definition->GetName().c_str(), 0.0, noFigure);
-    }
     return definition->CreateProjection();
 }
 

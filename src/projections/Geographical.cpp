@@ -3,11 +3,11 @@
 // no part in the conversion and is carried for the datum code.
 
 #include "projections/Geographical.h"
+#include "projections/ProjectionSupport.h"
 
 #include <limits>
 #include <string>
 
-#include "catalogue/CartSetup.h"
 #include "definitions/GeographicalProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "projections/AlgorithmTransfer.h"
@@ -30,20 +30,20 @@ CGxGeographical::CGxGeographical(const char* name_, double centralMeridian_,
       f(ellipsoid.GetFlatness()),
       centralMeridian(centralMeridian_) {}
 
-// Without a known ellipsoid the grid has no figure and no meridian to count
-// from: eastings convert to NaN, latitudes pass through.
+// A geographical definition holds no parameters: its grid counts longitudes
+// from Greenwich. Longitude and latitude need no figure to be converted, so
+// without a known ellipsoid ("LONG/LAT" names none) the grid still converts
+// and only reports no ellipsoid.
 CGxGeographical::CGxGeographical(const CGxGeographicalProjection* definition)
     : name(definition ? definition->GetName().c_str() : nullptr),
       a(kNaN),
       f(kNaN),
-      centralMeridian(kNaN) {
-    const std::string id = definition ? definition->GetEllipsoidID() : std::string();
-    if (id.empty()) return;
-    const CGxEllipsoid* ellipsoid = CGxCartSetup::Instance().GetEllipsoidList().GetEllipsoid(id);
+      centralMeridian(0.0) {
+    const CGxEllipsoid* ellipsoid =
+        GxCatalogueEllipsoid(definition ? definition->GetEllipsoidID() : std::string());
     if (!ellipsoid) return;
     a = ellipsoid->GetMajor();
     f = ellipsoid->GetFlatness();
-    centralMeridian = 0.0;
 }
 
 const char* CGxGeographical::GetName() const { return name.name; }
