@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <string>
 
 #include "catalogue/EllipsoidList.h"
@@ -40,7 +41,8 @@ private:
 
     CGxEllipsoidList ellipsoids;
     CGxMapProjectionList projections;
-    bool ellipsoidListModified = false;
-    bool projectionListModified = false;
+    // Set from any thread that builds a map projection by catalogue name.
+    std::atomic<bool> ellipsoidListModified{false};
+    std::atomic<bool> projectionListModified{false};
     std::string userPath;
 };
