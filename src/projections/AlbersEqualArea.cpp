@@ -11,6 +11,7 @@
 #include "definitions/AlbersEqualAreaProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
+#include "projections/AlgorithmTransfer.h"
 #include "projections/AuthalicLatitude.h"
 #include "projections/ConeApexOffsets.h"
 #include "projections/FourierCoefficients.h"
@@ -110,3 +111,15 @@ CGxAlbersEqualArea::CGxAlbersEqualArea(const CGxAlbersEqualAreaProjection* defin
           return std::make_tuple(d.GetParallel1(), d.GetParallel2(), d.GetCentralMeridian(),
                                  d.GetOriginLatitude(), d.GetFalseEasting(), d.GetFalseNorthing());
       }) {}
+
+void CGxAlbersEqualArea::TransferParameters(CGxPRJParser& parser) const {
+    GxTransferAlgorithm(*this, &CGxAlbersEqualArea::GetMapProjection, parser);
+}
+
+bool CGxAlbersEqualArea::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
+    return GxCatalogueFigureOf(GetName(), ellipsoid);
+}
+
+bool CGxAlbersEqualArea::GetMapProjection(CGxAlbersEqualAreaProjection& definition) const {
+    return GxCatalogueDefinitionOf(GetName(), definition);
+}

@@ -11,6 +11,7 @@
 #include "definitions/CassiniSoldnerProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
+#include "projections/AlgorithmTransfer.h"
 #include "projections/FourierCoefficients.h"
 #include "projections/MeridianArc.h"
 
@@ -98,3 +99,15 @@ CGxCassiniSoldner::CGxCassiniSoldner(const CGxCassiniSoldnerProjection* definiti
           return std::make_tuple(d.GetCentralMeridian(), d.GetOriginLatitude(), d.GetFalseEasting(),
                                  d.GetFalseNorthing());
       }) {}
+
+void CGxCassiniSoldner::TransferParameters(CGxPRJParser& parser) const {
+    GxTransferAlgorithm(*this, &CGxCassiniSoldner::GetMapProjection, parser);
+}
+
+bool CGxCassiniSoldner::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
+    return GxCatalogueFigureOf(GetName(), ellipsoid);
+}
+
+bool CGxCassiniSoldner::GetMapProjection(CGxCassiniSoldnerProjection& definition) const {
+    return GxCatalogueDefinitionOf(GetName(), definition);
+}

@@ -4,6 +4,7 @@
 #include "projections/ProjInterface.h"
 
 class CGxEllipsoid;
+class CGxPRJParser;
 class CGxCassiniSoldnerProjection;
 
 // Cassini-Soldner, the transverse cylindrical projection that keeps distances
@@ -55,4 +56,12 @@ public:
     // without a definition) no formulas are built and every point converts
     // to NaN; an empty name gives the local grid, which is the identity.
     explicit CGxCassiniSoldner(const CGxCassiniSoldnerProjection* definition);
+
+    void TransferParameters(CGxPRJParser& parser) const override;
+
+    // The catalogue figure of the coordinate system this grid is named
+    // after; false when the catalogue knows none.
+    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
+    // The catalogue definition of that name when it is of this type.
+    bool GetMapProjection(CGxCassiniSoldnerProjection& definition) const;
 };

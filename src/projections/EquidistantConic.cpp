@@ -12,6 +12,7 @@
 #include "definitions/EquidistantConicProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
+#include "projections/AlgorithmTransfer.h"
 #include "projections/ConeApexOffsets.h"
 #include "projections/FourierCoefficients.h"
 #include "projections/MeridianArc.h"
@@ -117,3 +118,15 @@ CGxEquidistantConic::CGxEquidistantConic(const CGxEquidistantConicProjection* de
           return std::make_tuple(d.GetParallel1(), d.GetParallel2(), d.GetCentralMeridian(),
                                  d.GetOriginLatitude(), d.GetFalseEasting(), d.GetFalseNorthing());
       }) {}
+
+void CGxEquidistantConic::TransferParameters(CGxPRJParser& parser) const {
+    GxTransferAlgorithm(*this, &CGxEquidistantConic::GetMapProjection, parser);
+}
+
+bool CGxEquidistantConic::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
+    return GxCatalogueFigureOf(GetName(), ellipsoid);
+}
+
+bool CGxEquidistantConic::GetMapProjection(CGxEquidistantConicProjection& definition) const {
+    return GxCatalogueDefinitionOf(GetName(), definition);
+}

@@ -16,6 +16,7 @@
 #include "definitions/LambertAzimuthalEqualAreaProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
+#include "projections/AlgorithmTransfer.h"
 #include "projections/AuthalicLatitude.h"
 #include "projections/FourierCoefficients.h"
 #include "projections/ParallelRadius.h"
@@ -235,3 +236,16 @@ CGxLambertAzimuthalEqualArea::CGxLambertAzimuthalEqualArea(
           return std::make_tuple(d.GetCentre(), d.GetOriginLatitude(), d.GetFalseEasting(),
                                  d.GetFalseNorthing());
       }) {}
+
+void CGxLambertAzimuthalEqualArea::TransferParameters(CGxPRJParser& parser) const {
+    GxTransferAlgorithm(*this, &CGxLambertAzimuthalEqualArea::GetMapProjection, parser);
+}
+
+bool CGxLambertAzimuthalEqualArea::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
+    return GxCatalogueFigureOf(GetName(), ellipsoid);
+}
+
+bool CGxLambertAzimuthalEqualArea::GetMapProjection(
+    CGxLambertAzimuthalEqualAreaProjection& definition) const {
+    return GxCatalogueDefinitionOf(GetName(), definition);
+}

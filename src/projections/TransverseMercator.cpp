@@ -6,6 +6,7 @@
 #include "definitions/TransverseMercatorProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
+#include "projections/AlgorithmTransfer.h"
 #include "projections/ClenshawSeries.h"
 #include "projections/FourierCoefficients.h"
 #include "projections/FromDefinition.h"
@@ -255,4 +256,25 @@ double CGxTransverseMercator::GetScaleFactor(double lon, double lat) const {
 
 CGxProjection* CGxTransverseMercator::Clone() const {
     return new CGxTransverseMercator(*this);
+}
+
+void CGxTransverseMercator::TransferParameters(CGxPRJParser& parser) const {
+    GxTransferAlgorithm(*this, &CGxTransverseMercator::GetMapProjection, parser);
+}
+
+bool CGxTransverseMercator::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
+    return GxCatalogueFigureOf(GetName(), ellipsoid);
+}
+
+bool CGxTransverseMercator::GetMapProjection(CGxTransverseMercatorProjection& definition) const {
+    CGxTransverseMercatorProjection found;
+    if (!GxCatalogueDefinitionOf(GetName(), found)) return false;
+    // This grid may have been built on another central meridian than the
+    // catalogue's (a zone widened or shifted by the caller); it is its own
+    // that the written system must carry.
+    definition = CGxTransverseMercatorProjection(
+        found.GetName(), found.GetBranchName(), found.GetEllipsoidID(), found.GetScale(), lon0,
+        found.GetOriginLatitude(), found.GetFalseEasting(), found.GetFalseNorthing(),
+        found.CanDelete(), found.CanEdit());
+    return true;
 }

@@ -4,6 +4,7 @@
 #include "projections/ProjectionSupport.h"
 
 class CGxEllipsoid;
+class CGxPRJParser;
 class CGxTransverseMercatorProjection;
 
 // The numbers a Transverse Mercator grid is built from: k0, the central
@@ -72,6 +73,14 @@ public:
     // Fifth-order series in the longitude difference, degrees; 0 on a local grid.
     double GetConvergence(double lon, double lat) const override;
     CGxProjection* Clone() const override;
+    void TransferParameters(CGxPRJParser& parser) const override;
+
+    // The catalogue figure of the coordinate system this grid is named
+    // after; false when the catalogue knows none.
+    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
+    // The catalogue definition of that name when it is of this type, with
+    // this grid's own central meridian.
+    bool GetMapProjection(CGxTransverseMercatorProjection& definition) const;
 
     // Point scale factor by the classic series in the longitude difference.
     // The fourth-order term is kept as this library has always evaluated it:
