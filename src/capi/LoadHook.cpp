@@ -2,7 +2,7 @@
 
 #include "catalogue/CartSetup.h"
 #include "catalogue/PlatformFolders.h"
-#include "foundation/GxExport.h"
+#include "gxcart.h"
 
 // Start-up when the library is loaded into a process: numbers in the data
 // files are read with a decimal point whatever the user's locale, then the
@@ -22,4 +22,4 @@ const LoadHook loadHook;
 }  // namespace
 
 // Kept for hosts that call it explicitly; start-up needs nothing from them.
-extern "C" GXCART_API void CARTSETUPLINUX() {}
+void CARTSETUPLINUX() noexcept {}

@@ -1,0 +1,270 @@
+// The flat interface seen from C++: what the library exports, how it meets
+// the classes behind the handles, and the per-thread text buffers. The C
+// program capi_test.c checks the values themselves.
+
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstring>
+#include <fstream>
+#include <stdexcept>
+#include <string>
+#include <thread>
+
+#include "datum/DatumConverter.h"
+#include "foundation/Projection.h"
+#include "gxcart.h"
+#include "mapprojection/Cartography.h"
+#include "mapprojection/MapProjection.h"
+
+namespace {
+
+// Every function of the interface, by the name a C caller links against.
+const char* const kExportedNames[] = {
+    "C_GXC_CREATE",
+    "C_GXC_DESTROY",
+    "C_GXC_GEO2PROJ",
+    "C_GXC_PROJ2GEO",
+    "C_GXC_GEO2XY",
+    "C_GXC_XY2GEO",
+    "C_GXC_PROJ2XY",
+    "C_GXC_XY2PROJ",
+    "C_GXC_GETPROJNORTH",
+    "C_GXC_GETTRUENORTH",
+    "C_GXC_GETPROJECTION",
+    "C_GXC_GETPROJECTIONNAME",
+    "C_GXC_GETPROJECTIONSTRING",
+    "C_GXC_CONVERT2PROJ4",
+    "C_GXMP_CREATE",
+    "C_GXMP_DESTROY",
+    "C_GXMP_GEO2PROJ",
+    "C_GXMP_PROJ2GEO",
+    "C_GXMP_GEO2XYZ",
+    "C_GXMP_XYZ2GEO",
+    "C_GXMP_GETCONVERGENCE",
+    "C_GXMP_GETDEFAULTAREA",
+    "C_GXMP_GETORIGIN",
+    "C_GXMP_GETNAME",
+    "C_GXMP_GETPROJECTIONSTRING",
+    "C_GXDC_CREATE",
+    "C_GXDC_DESTROY",
+    "C_GXDC_CONVERTXY",
+    "C_GXDC_CONVERTXYH",
+    "C_GXDC_INVCONVERTXY",
+    "C_GXDC_INVCONVERTXYH",
+    "C_GXDC_DATUMSHIFT",
+    "C_GXDC_INVDATUMSHIFT",
+    "C_GXDC_INVERTORDER",
+    "C_GXDC_SETCONVERSIONTYPE",
+    "C_GXDC_SETDATUMSHIFT",
+    "C_GXDC_BYPASSXYZ",
+    "C_GXDC_RESETBYPASSXYZ",
+    "C_GXDC_GETBYPASSXYZ",
+    "S_ISVALID",
+    "S_ISLOCAL",
+    "S_ISLONGLAT",
+    "S_ISGEOGRAPHICAL",
+    "S_ISGEOREFERENCED",
+    "S_HASDATUM",
+    "S_ISTYPE",
+    "S_AREIDENTICAL",
+    "S_GETCOORDSYSTYPE",
+    "S_PROJECTIONORIGIN",
+    "S_PROJECTIONSHORTNAME",
+    "S_LONGITUDETOUTMZONE",
+    "S_GETGOOGLEMAPPROJECTIONSTRING",
+    "NewGxProjection",
+    "CARTSETUPLINUX",
+};
+
+std::string ReadFirstLine(const std::string& path) {
+    std::ifstream file(path);
+    std::string line;
+    std::getline(file, line);
+    return line;
+}
+
+// Equal as the same double, NaN included: the flat function must hand on
+// exactly what the class gives.
+bool Same(double a, double b) {
+    return a == b || (std::isnan(a) && std::isnan(b));
+}
+
+}  // namespace
+
+TEST(FlatInterface, ExportsEveryFunctionUnmangled) {
+    for (const char* name : kExportedNames) EXPECT_NE(dlsym(RTLD_DEFAULT, name), nullptr) << name;
+    // The boundary's own helpers stay inside the library.
+    EXPECT_EQ(dlsym(RTLD_DEFAULT, "_Z16GxCopyTextResultPKcPciPi"), nullptr);
+}
+
+// A C++ caller keeps the classes' exception; a C caller, who could do
+// nothing with it, gets a null handle and its own status instead.
+TEST(FlatInterface, GenericUtmThrowsInClassesAndReportsThroughHandles) {
+    EXPECT_THROW(CGxMapProjection("UTM"), std::out_of_range);
+    EXPECT_THROW(CGxDatumConverter("UTM", "LONG/LAT"), std::out_of_range);
+
+    GxMapProjectionHandle mp = nullptr;
+    int status = 0;
+    C_GXMP_CREATE("UTM", &mp, &status);
+    EXPECT_EQ(mp, nullptr);
+    EXPECT_EQ(status, GXCART_GENERIC_UTM);
+    EXPECT_EQ(NewGxProjection(" UTM "), nullptr);
+}
+
+// A handle is the object's address, so C++ code can mix both interfaces.
+TEST(FlatInterface, HandlesAreTheObjects) {
+    GxCartographyHandle grid = nullptr;
+    int status = -99;
+    C_GXC_CREATE("UTM-32", 9.5, 48.25, 10.0, &grid, &status);
+    ASSERT_NE(grid, nullptr);
+    EXPECT_EQ(C_GXC_GETPROJECTION(grid), grid->GetProjection());
+    EXPECT_DOUBLE_EQ(grid->GetProjectionNorth(), C_GXC_GETPROJNORTH(grid));
+    C_GXC_DESTROY(&grid, &status);
+    EXPECT_EQ(grid, nullptr);
+
+    // Without a place to put the handle the new object is not kept.
+    status = -99;
+    C_GXMP_CREATE("UTM-32", nullptr, &status);
+    EXPECT_EQ(status, GXCART_OK);
+}
+
+// Each flat function hands its arguments to the right member in the right
+// order, over systems whose axes are swapped or reversed, geographical,
+// rotated and local.
+TEST(FlatInterface, MapProjectionFunctionsMatchTheClass) {
+    const std::string systems[] = {
+        "UTM-32",
+        ReadFirstLine(std::string(GXCART_TEST_DATA) + "/mapprojection/lo29_west_south.prj"),
+        ReadFirstLine(std::string(GXCART_TEST_DATA) + "/mapprojection/gk3_north_east.prj"),
+        "LONG/LAT",
+        "EURO-CORDEX rotated pole grid",
+        "NON-UTM",
+    };
+    const double lon = 29.7, lat = -25.9, east = 51234.5, north = 2864321.25;
+    for (const std::string& s : systems) {
+        SCOPED_TRACE(s.substr(0, 60));
+        const CGxMapProjection object(s);
+        GxMapProjectionHandle handle = nullptr;
+        int status = -99;
+        C_GXMP_CREATE(s.c_str(), &handle, &status);
+        ASSERT_NE(handle, nullptr);
+
+        double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
+        object.Geo2Proj(lon, lat, &x1, &y1);
+        C_GXMP_GEO2PROJ(handle, lon, lat, &x2, &y2);
+        EXPECT_TRUE(Same(x1, x2) && Same(y1, y2));
+        object.Proj2Geo(east, north, &x1, &y1);
+        C_GXMP_PROJ2GEO(handle, east, north, &x2, &y2);
+        EXPECT_TRUE(Same(x1, x2) && Same(y1, y2));
+
+        double z1 = 0, z2 = 0;
+        object.Geo2XYZ(lon, lat, 250.0, &x1, &y1, &z1);
+        C_GXMP_GEO2XYZ(handle, lon, lat, 250.0, &x2, &y2, &z2);
+        EXPECT_TRUE(Same(x1, x2) && Same(y1, y2) && Same(z1, z2));
+        object.XYZ2Geo(5.0e6, 2.8e6, -2.7e6, &x1, &y1, &z1);
+        C_GXMP_XYZ2GEO(handle, 5.0e6, 2.8e6, -2.7e6, &x2, &y2, &z2);
+        EXPECT_TRUE(Same(x1, x2) && Same(y1, y2) && Same(z1, z2));
+
+        EXPECT_TRUE(Same(object.GetConvergence(lon, lat), C_GXMP_GETCONVERGENCE(handle, lon, lat)));
+        double a1[4] = {0, 0, 0, 0}, a2[4] = {0, 0, 0, 0};
+        object.GetDefaultArea(&a1[0], &a1[1], &a1[2], &a1[3]);
+        C_GXMP_GETDEFAULTAREA(handle, &a2[0], &a2[1], &a2[2], &a2[3]);
+        for (int i = 0; i < 4; ++i) EXPECT_TRUE(Same(a1[i], a2[i])) << i;
+        object.GetOrigin(&x1, &y1);
+        C_GXMP_GETORIGIN(handle, &x2, &y2);
+        EXPECT_TRUE(Same(x1, x2) && Same(y1, y2));
+
+        char name[256];
+        C_GXMP_GETNAME(handle, name, 255, &status);
+        EXPECT_STREQ(name, object.GetName());
+        C_GXMP_DESTROY(&handle, &status);
+    }
+}
+
+TEST(FlatInterface, GridAndConverterFunctionsMatchTheClasses) {
+    const CGxCartography grid("UTM", 9.5, 48.25, 25.0);
+    GxCartographyHandle handle = nullptr;
+    int status = -99;
+    C_GXC_CREATE("UTM", 9.5, 48.25, 25.0, &handle, &status);
+    ASSERT_NE(handle, nullptr);
+    double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
+    grid.Geo2Xy(10.25, 48.75, &x1, &y1);
+    C_GXC_GEO2XY(handle, 10.25, 48.75, &x2, &y2);
+    EXPECT_TRUE(Same(x1, x2) && Same(y1, y2));
+    grid.Xy2Geo(-12000.0, 34000.0, &x1, &y1);
+    C_GXC_XY2GEO(handle, -12000.0, 34000.0, &x2, &y2);
+    EXPECT_TRUE(Same(x1, x2) && Same(y1, y2));
+    grid.Proj2Xy(551000.0, 5350000.0, &x1, &y1);
+    C_GXC_PROJ2XY(handle, 551000.0, 5350000.0, &x2, &y2);
+    EXPECT_TRUE(Same(x1, x2) && Same(y1, y2));
+    grid.Xy2Proj(-12000.0, 34000.0, &x1, &y1);
+    C_GXC_XY2PROJ(handle, -12000.0, 34000.0, &x2, &y2);
+    EXPECT_TRUE(Same(x1, x2) && Same(y1, y2));
+    EXPECT_TRUE(
+        Same(grid.GetTrueNorth(-12000.0, 34000.0), C_GXC_GETTRUENORTH(handle, -12000.0, 34000.0)));
+    C_GXC_DESTROY(&handle, &status);
+
+    // The seven-parameter shift as the flat caller passes it: radians and a
+    // fraction, exactly as the class takes it.
+    double params[7] = {582.0, 105.0, 414.0, -5.0e-6, -1.7e-6, 1.5e-5, 8.3e-6};
+    CGxDatumConverter converter("UTM-32", "UTM-33");
+    converter.SetDatumShift(CGxCartDef::eSevenParameterShift, params, true);
+    converter.SetConversionType(CGxDatumConverter::eProjToGeo);
+    GxDatumConverterHandle dc = nullptr;
+    C_GXDC_CREATE("UTM-32", "UTM-33", &dc, &status);
+    ASSERT_NE(dc, nullptr);
+    C_GXDC_SETDATUMSHIFT(dc, GXCART_SEVEN_PARAMETER_SHIFT, params, 1);
+    C_GXDC_SETCONVERSIONTYPE(dc, GXCART_PROJ_TO_GEO);
+    EXPECT_EQ(C_GXDC_GETBYPASSXYZ(dc), converter.GetBypassXYZ() ? 1 : 0);
+    double x = 537117.0, y = 5344208.0, h = 100.0;
+    x1 = x;
+    y1 = y;
+    double h1 = h;
+    converter.Convert(x1, y1, h1);
+    C_GXDC_CONVERTXYH(dc, &x, &y, &h);
+    EXPECT_TRUE(Same(x, x1) && Same(y, y1) && Same(h, h1));
+    C_GXDC_DESTROY(&dc, &status);
+}
+
+// The caller owns the algorithm: it converts on its own and is deleted here.
+// UTM zone 32 on WGS 84:
+//   echo 9.5 48.25 0 0 | cct -d 6 +proj=utm +zone=32 +ellps=WGS84
+//   537117.141935  5344208.122025
+TEST(FlatInterface, NewGxProjectionBelongsToTheCaller) {
+    GxProjection* projection = NewGxProjection("UTM-32");
+    ASSERT_NE(projection, nullptr);
+    double x = 0, y = 0;
+    projection->Geo2Proj(9.5, 48.25, &x, &y);
+    EXPECT_NEAR(x, 537117.141935, 1e-3);
+    EXPECT_NEAR(y, 5344208.122025, 1e-3);
+    delete projection;
+    EXPECT_EQ(NewGxProjection("no such system"), nullptr);
+}
+
+// Text results come from per-thread buffers: two threads asking at once
+// each read their own answer.
+TEST(FlatInterface, TextResultsDoNotCrossThreads) {
+    auto ask = [](double lon, const char* expected, bool* ok) {
+        char buffer[16];
+        int status = 0;
+        *ok = true;
+        for (int i = 0; i < 20000 && *ok; ++i) {
+            S_LONGITUDETOUTMZONE(lon, buffer, 15, &status);
+            *ok = status == GXCART_OK && std::strcmp(buffer, expected) == 0;
+        }
+    };
+    bool westOk = false, eastOk = false;
+    std::thread west(ask, -75.0, "UTM-18", &westOk);
+    std::thread east(ask, 139.0, "UTM-54", &eastOk);
+    west.join();
+    east.join();
+    EXPECT_TRUE(westOk);
+    EXPECT_TRUE(eastOk);
+
+    const char* mine = CGxMapProjection::LongitudeToUTMZone(9.0);
+    const char* theirs = nullptr;
+    std::thread([&] { theirs = CGxMapProjection::LongitudeToUTMZone(9.0); }).join();
+    EXPECT_NE(mine, theirs);
+}
