@@ -1,0 +1,84 @@
+// gxcart list: the catalogue's coordinate systems by branch, or its
+// ellipsoids.
+
+#include <cstdio>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "Commands.h"
+#include "catalogue/CartSetup.h"
+#include "catalogue/EllipsoidList.h"
+#include "catalogue/MapProjectionList.h"
+#include "definitions/MapProjData.h"
+#include "foundation/Ellipsoid.h"
+#include "foundation/NumberText.h"
+#include "mapprojection/MapProjection.h"
+
+namespace {
+
+const char* const kHelp =
+    "usage: gxcart list [projected | geographical | all | ellipsoids]\n"
+    "\n"
+    "Lists the coordinate systems of the catalogue under their branches:\n"
+    "projected systems, geographical systems, or all of them (the default,\n"
+    "which adds LONG/LAT and NON-UTM). 'ellipsoids' lists the catalogue's\n"
+    "ellipsoids with identifier, semi-major axis and inverse flattening.\n";
+
+int ListSystems(int mask) {
+    CGxMapProjectionList& catalogue = CGxCartSetup::Instance().GetMapProjectionList();
+    // Branches in the order the catalogue first names them; systems in
+    // catalogue order within each.
+    std::vector<std::string> order;
+    std::map<std::string, std::vector<std::string>> branches;
+    for (auto it = catalogue.GetIteratorBegin(); it != catalogue.GetIteratorEnd(); ++it) {
+        const CGxMapProjData* definition = *it;
+        const std::string name = definition->GetName();
+        if (!CGxMapProjection::IsType(mask, name.c_str())) continue;
+        std::string branch = definition->GetBranchName();
+        if (branch.empty()) branch = "(no branch)";
+        auto found = branches.find(branch);
+        if (found == branches.end()) {
+            order.push_back(branch);
+            found = branches.emplace(branch, std::vector<std::string>()).first;
+        }
+        found->second.push_back(name);
+    }
+    for (const std::string& branch : order) {
+        std::printf("%s\n", branch.c_str());
+        for (const std::string& name : branches[branch]) std::printf("  %s\n", name.c_str());
+    }
+    return kExitOk;
+}
+
+int ListEllipsoids() {
+    CGxEllipsoidList& catalogue = CGxCartSetup::Instance().GetEllipsoidList();
+    for (auto it = catalogue.GetIteratorBegin(CGxEllipsoidList::eAllEllipsoids);
+         it != catalogue.GetIteratorEnd(CGxEllipsoidList::eAllEllipsoids); ++it) {
+        const CGxEllipsoid* e = *it;
+        std::printf("%-8s %-40s a = %s m, 1/f = %s\n", e->GetID().c_str(), e->GetName().c_str(),
+                    GxFormatNumber(e->GetMajor()).c_str(),
+                    GxFormatNumber(e->GetInvFlatness()).c_str());
+    }
+    return kExitOk;
+}
+
+}  // namespace
+
+int GxRunList(const GxArgs& args) {
+    const std::string what = args.empty() ? "all" : args[0];
+    if (GxIsHelp(what)) {
+        std::fputs(kHelp, stdout);
+        return kExitOk;
+    }
+    if (args.size() > 1) {
+        GxError("list takes at most one word (see gxcart list --help)");
+        return kExitUsage;
+    }
+    if (what == "projected") return ListSystems(CGxMapProjection::eProjectedSystems);
+    if (what == "geographical") return ListSystems(CGxMapProjection::eGeographicSystems);
+    if (what == "all") return ListSystems(CGxMapProjection::eAllSystems);
+    if (what == "ellipsoids") return ListEllipsoids();
+    GxError("list: unknown word " + what + " (projected, geographical, all or ellipsoids)");
+    return kExitUsage;
+}
