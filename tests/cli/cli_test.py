@@ -1,7 +1,7 @@
 """The gxcart tool run as a process, the way a user runs it.
 
 Run by CTest:
-    python3 cli_test.py --gxcart PATH --library PATH --data DIR --samples DIR
+    python3 cli_test.py --gxcart PATH [--library PATH] --data DIR --samples DIR
 
 Conversions are held against reference values pasted from PROJ's cct and
 GeographicLib's GeodSolve, and against the library's own conversions reached
@@ -113,6 +113,8 @@ class Convert(unittest.TestCase):
         for (x, y), (ex, ey) in zip(got, SAMPLE_UTM32):
             self.assertAlmostEqual(x, ex, delta=1e-3)
             self.assertAlmostEqual(y, ey, delta=1e-3)
+        if not ARGS.library:
+            self.skipTest("no library given to compare with")
         library = Library(ARGS.library)
         for line, (lon, lat) in zip(run.stdout.splitlines(), sample_points()):
             x, y = library.convert("UTM-32", "C_GXMP_GEO2PROJ", lon, lat)
@@ -402,7 +404,7 @@ def main():
     global ARGS
     parser = argparse.ArgumentParser()
     parser.add_argument("--gxcart", required=True)
-    parser.add_argument("--library", required=True)
+    parser.add_argument("--library")
     parser.add_argument("--data", required=True)
     parser.add_argument("--samples", required=True)
     ARGS, rest = parser.parse_known_args()
