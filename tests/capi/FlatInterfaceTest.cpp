@@ -183,51 +183,6 @@ TEST(FlatInterface, MapProjectionFunctionsMatchTheClass) {
     }
 }
 
-TEST(FlatInterface, GridAndConverterFunctionsMatchTheClasses) {
-    const CGxCartography grid("UTM", 9.5, 48.25, 25.0);
-    GxCartographyHandle handle = nullptr;
-    int status = -99;
-    C_GXC_CREATE("UTM", 9.5, 48.25, 25.0, &handle, &status);
-    ASSERT_NE(handle, nullptr);
-    double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
-    grid.Geo2Xy(10.25, 48.75, &x1, &y1);
-    C_GXC_GEO2XY(handle, 10.25, 48.75, &x2, &y2);
-    EXPECT_TRUE(Same(x1, x2) && Same(y1, y2));
-    grid.Xy2Geo(-12000.0, 34000.0, &x1, &y1);
-    C_GXC_XY2GEO(handle, -12000.0, 34000.0, &x2, &y2);
-    EXPECT_TRUE(Same(x1, x2) && Same(y1, y2));
-    grid.Proj2Xy(551000.0, 5350000.0, &x1, &y1);
-    C_GXC_PROJ2XY(handle, 551000.0, 5350000.0, &x2, &y2);
-    EXPECT_TRUE(Same(x1, x2) && Same(y1, y2));
-    grid.Xy2Proj(-12000.0, 34000.0, &x1, &y1);
-    C_GXC_XY2PROJ(handle, -12000.0, 34000.0, &x2, &y2);
-    EXPECT_TRUE(Same(x1, x2) && Same(y1, y2));
-    EXPECT_TRUE(
-        Same(grid.GetTrueNorth(-12000.0, 34000.0), C_GXC_GETTRUENORTH(handle, -12000.0, 34000.0)));
-    C_GXC_DESTROY(&handle, &status);
-
-    // The seven-parameter shift as the flat caller passes it: radians and a
-    // fraction, exactly as the class takes it.
-    double params[7] = {582.0, 105.0, 414.0, -5.0e-6, -1.7e-6, 1.5e-5, 8.3e-6};
-    CGxDatumConverter converter("UTM-32", "UTM-33");
-    converter.SetDatumShift(CGxCartDef::eSevenParameterShift, params, true);
-    converter.SetConversionType(CGxDatumConverter::eProjToGeo);
-    GxDatumConverterHandle dc = nullptr;
-    C_GXDC_CREATE("UTM-32", "UTM-33", &dc, &status);
-    ASSERT_NE(dc, nullptr);
-    C_GXDC_SETDATUMSHIFT(dc, GXCART_SEVEN_PARAMETER_SHIFT, params, 1);
-    C_GXDC_SETCONVERSIONTYPE(dc, GXCART_PROJ_TO_GEO);
-    EXPECT_EQ(C_GXDC_GETBYPASSXYZ(dc), converter.GetBypassXYZ() ? 1 : 0);
-    double x = 537117.0, y = 5344208.0, h = 100.0;
-    x1 = x;
-    y1 = y;
-    double h1 = h;
-    converter.Convert(x1, y1, h1);
-    C_GXDC_CONVERTXYH(dc, &x, &y, &h);
-    EXPECT_TRUE(Same(x, x1) && Same(y, y1) && Same(h, h1));
-    C_GXDC_DESTROY(&dc, &status);
-}
-
 // The caller owns the algorithm: it converts on its own and is deleted here.
 // UTM zone 32 on WGS 84:
 //   echo 9.5 48.25 0 0 | cct -d 6 +proj=utm +zone=32 +ellps=WGS84
