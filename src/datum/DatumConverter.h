@@ -26,7 +26,7 @@ public:
     // Which side of a conversion is projected and which geographical, seen
     // from the source: the first word names the source's coordinates, the
     // second the target's.
-    enum ETypeOfConversion {
+    enum ETypeOfConversion : int {
         eProjToProj = 0,
         eProjToGeo = 1,
         eGeoToProj = 2,

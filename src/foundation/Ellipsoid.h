@@ -43,7 +43,7 @@ private:
 // Shared enumerations and the unit conversions of the datum code.
 class GXCART_API CGxCartDef {
 public:
-    enum ETypeOfDatumShift {
+    enum ETypeOfDatumShift : int {
         eNoDatumShift = 0,
         eThreeParameterShift = 1,
         eSevenParameterShift = 2,
