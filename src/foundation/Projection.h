@@ -49,9 +49,7 @@ public:
     // Fills a WKT parser for writing with the coordinate system this
     // algorithm stands for: the catalogue definition of its name and the
     // catalogue figure, or "Non_Projected" when the catalogue knows no figure.
-    // Every algorithm of the library overrides it; the empty base leaves the
-    // parser undefined, so that a grid nobody taught to write gives no text.
-    virtual void TransferParameters(CGxPRJParser&) const {}
+    virtual void TransferParameters(CGxPRJParser& parser) const = 0;
     virtual ~CGxProjection();
 
     // Releases an algorithm held through a base pointer; null is allowed.

@@ -81,6 +81,7 @@ public:
         *lat = y;
     }
     CGxProjection* Clone() const override { return new BareProjection(*this); }
+    void TransferParameters(CGxPRJParser&) const override {}
 };
 }  // namespace
 

@@ -33,6 +33,7 @@ class CEmptyWrapper : public CGxProjWrapper {
 public:
     CEmptyWrapper() : CGxProjWrapper("Empty", eGxInnerEllipsoid, nullptr) {}
     CGxProjection* Clone() const override { return new CEmptyWrapper(*this); }
+    void TransferParameters(CGxPRJParser&) const override {}
 };
 
 }  // namespace
