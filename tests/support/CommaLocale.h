@@ -13,7 +13,8 @@ public:
     CommaLocale() {
         const char* old = std::setlocale(LC_NUMERIC, nullptr);
         previous_ = old ? old : "C";
-        for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "fr_FR.utf8", "de_DE"}) {
+        for (const char* name :
+             {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "fr_FR.utf8", "de_DE"}) {
             if (std::setlocale(LC_NUMERIC, name)) {
                 active_ = true;
                 break;
