@@ -1,17 +1,16 @@
 #pragma once
 
-#include "foundation/Projection.h"
-#include "projections/FromDefinition.h"
-#include "projections/PolarStereographicMath.h"
-#include "projections/ProjectionSupport.h"
+#include "projections/StereographicPole.h"
 
 class CGxEllipsoid;
 class CGxPRJParser;
 class CGxStereographicNorthPoleProjection;
 
-// Polar stereographic about the north pole, true to scale along a standard parallel in the northern
-// hemisphere (or the equator); the scale at the pole is derived from it.
-class GXCART_API CGxStereographicNorthPole : public CGxProjection {
+// Polar stereographic about the north pole, true to scale along a
+// standard parallel in the northern hemisphere (or the equator); the scale at the
+// pole is derived from it. Its origin is the central meridian and latitude
+// 90.0.
+class GXCART_API CGxStereographicNorthPole : public CGxStereographicPole {
 public:
     // name: coordinate-system string (empty means "NON-UTM"); standardParallel
     // and centreLongitude in degrees; false easting and northing (the
@@ -24,38 +23,9 @@ public:
     // identifier the grid keeps only the name and its numbers stay NaN.
     explicit CGxStereographicNorthPole(const CGxStereographicNorthPoleProjection* definition);
 
-    const char* GetName() const override;
-    void Geo2Proj(double lon, double lat, double* x, double* y) const override;
-    void Proj2Geo(double x, double y, double* lon, double* lat) const override;
-    // The central meridian and latitude 90.0, degrees.
-    void GetOrigin(double* lon, double* lat) const override;
-    // By finite difference over one arc minute of latitude, degrees.
-    double GetConvergence(double lon, double lat) const override;
-    // The +-200 km square around the easting of the pole.
-    void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
-    bool IsLocal() const override;
-    // Writes the derived scale at the pole into out[0].
-    void GetDerivedParameters(double* out) const override;
-    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
     CGxProjection* Clone() const override;
     void TransferParameters(CGxPRJParser& parser) const override;
 
-    // The catalogue figure of the coordinate system this grid is named
-    // after; false when the catalogue knows none.
-    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
-    // The catalogue definition of that name when it is of this type.
+    // The catalogue definition of this grid's name when it is of this type.
     bool GetMapProjection(CGxStereographicNorthPoleProjection& definition) const;
-
-private:
-    // Takes the parameters (as for the constructor by numbers) and computes
-    // every coefficient; called once, while the object is being built.
-    void _Setup(double standardParallel, double centreLongitude, double falseEasting,
-                double falseNorthing, const CGxEllipsoid& ellipsoid);
-
-    GxProjectionName name;
-    double a = kGxNoFigure;
-    double f = kGxNoFigure;     // flattening, 0 for a sphere
-    double latC = kGxNoFigure;  // standard parallel, radians
-    double k0 = kGxNoFigure;    // derived scale at the pole
-    GxPolarStereographicMath polar;
 };
