@@ -11,11 +11,11 @@
 #include "definitions/AlbersEqualAreaProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
-#include "projections/AlgorithmTransfer.h"
 #include "projections/AuthalicLatitude.h"
 #include "projections/ConeApexOffsets.h"
 #include "projections/FourierCoefficients.h"
 #include "projections/ParallelRadius.h"
+#include "projections/ProjWrapperTransfer.h"
 
 namespace {
 
@@ -112,14 +112,5 @@ CGxAlbersEqualArea::CGxAlbersEqualArea(const CGxAlbersEqualAreaProjection* defin
                                  d.GetOriginLatitude(), d.GetFalseEasting(), d.GetFalseNorthing());
       }) {}
 
-void CGxAlbersEqualArea::TransferParameters(CGxPRJParser& parser) const {
-    GxTransferAlgorithm(*this, &CGxAlbersEqualArea::GetMapProjection, parser);
-}
-
-bool CGxAlbersEqualArea::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
-    return GxCatalogueFigureOf(GetName(), ellipsoid);
-}
-
-bool CGxAlbersEqualArea::GetMapProjection(CGxAlbersEqualAreaProjection& definition) const {
-    return GxCatalogueDefinitionOf(GetName(), definition);
-}
+template class CGxProjWrapperOf<CGxAlbersEqualArea, CGxAlbersEqualAreaEllipsoid,
+                                CGxAlbersEqualAreaSphere, CGxAlbersEqualAreaProjection>;

@@ -4,7 +4,6 @@
 #include "projections/ProjInterface.h"
 
 class CGxEllipsoid;
-class CGxPRJParser;
 class CGxAlbersEqualAreaProjection;
 
 // Albers equal-area conic with two standard parallels and a false origin.
@@ -55,7 +54,7 @@ private:
 // exactly 0, the ellipsoidal ones otherwise.
 class GXCART_API CGxAlbersEqualArea
     : public CGxProjWrapperOf<CGxAlbersEqualArea, CGxAlbersEqualAreaEllipsoid,
-                              CGxAlbersEqualAreaSphere> {
+                              CGxAlbersEqualAreaSphere, CGxAlbersEqualAreaProjection> {
 public:
     CGxAlbersEqualArea(const char* name, double parallel1, double parallel2, double centralMeridian,
                        double originLatitude, double falseEasting, double falseNorthing,
@@ -65,12 +64,4 @@ public:
     // without a definition) no formulas are built and every point converts
     // to NaN; an empty name gives the local grid, which is the identity.
     explicit CGxAlbersEqualArea(const CGxAlbersEqualAreaProjection* definition);
-
-    void TransferParameters(CGxPRJParser& parser) const override;
-
-    // The catalogue figure of the coordinate system this grid is named
-    // after; false when the catalogue knows none.
-    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
-    // The catalogue definition of that name when it is of this type.
-    bool GetMapProjection(CGxAlbersEqualAreaProjection& definition) const;
 };

@@ -11,9 +11,9 @@
 #include "definitions/CassiniSoldnerProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
-#include "projections/AlgorithmTransfer.h"
 #include "projections/FourierCoefficients.h"
 #include "projections/MeridianArc.h"
+#include "projections/ProjWrapperTransfer.h"
 
 namespace {
 
@@ -100,14 +100,5 @@ CGxCassiniSoldner::CGxCassiniSoldner(const CGxCassiniSoldnerProjection* definiti
                                  d.GetFalseNorthing());
       }) {}
 
-void CGxCassiniSoldner::TransferParameters(CGxPRJParser& parser) const {
-    GxTransferAlgorithm(*this, &CGxCassiniSoldner::GetMapProjection, parser);
-}
-
-bool CGxCassiniSoldner::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
-    return GxCatalogueFigureOf(GetName(), ellipsoid);
-}
-
-bool CGxCassiniSoldner::GetMapProjection(CGxCassiniSoldnerProjection& definition) const {
-    return GxCatalogueDefinitionOf(GetName(), definition);
-}
+template class CGxProjWrapperOf<CGxCassiniSoldner, CGxCassiniSoldnerEllipsoid,
+                                CGxCassiniSoldnerSphere, CGxCassiniSoldnerProjection>;

@@ -4,7 +4,6 @@
 #include "projections/ProjInterface.h"
 
 class CGxEllipsoid;
-class CGxPRJParser;
 class CGxCassiniSoldnerProjection;
 
 // Cassini-Soldner, the transverse cylindrical projection that keeps distances
@@ -47,7 +46,7 @@ public:
 // flattening of exactly 0, the ellipsoidal ones otherwise.
 class GXCART_API CGxCassiniSoldner
     : public CGxProjWrapperOf<CGxCassiniSoldner, CGxCassiniSoldnerEllipsoid,
-                              CGxCassiniSoldnerSphere> {
+                              CGxCassiniSoldnerSphere, CGxCassiniSoldnerProjection> {
 public:
     CGxCassiniSoldner(const char* name, double centralMeridian, double originLatitude,
                       double falseEasting, double falseNorthing, const CGxEllipsoid& ellipsoid);
@@ -56,12 +55,4 @@ public:
     // without a definition) no formulas are built and every point converts
     // to NaN; an empty name gives the local grid, which is the identity.
     explicit CGxCassiniSoldner(const CGxCassiniSoldnerProjection* definition);
-
-    void TransferParameters(CGxPRJParser& parser) const override;
-
-    // The catalogue figure of the coordinate system this grid is named
-    // after; false when the catalogue knows none.
-    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
-    // The catalogue definition of that name when it is of this type.
-    bool GetMapProjection(CGxCassiniSoldnerProjection& definition) const;
 };

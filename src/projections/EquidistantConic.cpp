@@ -12,11 +12,11 @@
 #include "definitions/EquidistantConicProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
-#include "projections/AlgorithmTransfer.h"
 #include "projections/ConeApexOffsets.h"
 #include "projections/FourierCoefficients.h"
 #include "projections/MeridianArc.h"
 #include "projections/ParallelRadius.h"
+#include "projections/ProjWrapperTransfer.h"
 
 namespace {
 
@@ -119,14 +119,5 @@ CGxEquidistantConic::CGxEquidistantConic(const CGxEquidistantConicProjection* de
                                  d.GetOriginLatitude(), d.GetFalseEasting(), d.GetFalseNorthing());
       }) {}
 
-void CGxEquidistantConic::TransferParameters(CGxPRJParser& parser) const {
-    GxTransferAlgorithm(*this, &CGxEquidistantConic::GetMapProjection, parser);
-}
-
-bool CGxEquidistantConic::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
-    return GxCatalogueFigureOf(GetName(), ellipsoid);
-}
-
-bool CGxEquidistantConic::GetMapProjection(CGxEquidistantConicProjection& definition) const {
-    return GxCatalogueDefinitionOf(GetName(), definition);
-}
+template class CGxProjWrapperOf<CGxEquidistantConic, CGxEquidistantConicEllipsoid,
+                                CGxEquidistantConicSphere, CGxEquidistantConicProjection>;

@@ -4,7 +4,6 @@
 #include "projections/ProjInterface.h"
 
 class CGxEllipsoid;
-class CGxPRJParser;
 class CGxEquidistantConicProjection;
 
 // Equidistant conic with two standard parallels: distances along every
@@ -53,7 +52,7 @@ private:
 // flattening of exactly 0, the ellipsoidal ones otherwise.
 class GXCART_API CGxEquidistantConic
     : public CGxProjWrapperOf<CGxEquidistantConic, CGxEquidistantConicEllipsoid,
-                              CGxEquidistantConicSphere> {
+                              CGxEquidistantConicSphere, CGxEquidistantConicProjection> {
 public:
     CGxEquidistantConic(const char* name, double parallel1, double parallel2,
                         double centralMeridian, double originLatitude, double falseEasting,
@@ -63,12 +62,4 @@ public:
     // without a definition) no formulas are built and every point converts
     // to NaN; an empty name gives the local grid, which is the identity.
     explicit CGxEquidistantConic(const CGxEquidistantConicProjection* definition);
-
-    void TransferParameters(CGxPRJParser& parser) const override;
-
-    // The catalogue figure of the coordinate system this grid is named
-    // after; false when the catalogue knows none.
-    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
-    // The catalogue definition of that name when it is of this type.
-    bool GetMapProjection(CGxEquidistantConicProjection& definition) const;
 };

@@ -16,10 +16,10 @@
 #include "definitions/LambertAzimuthalEqualAreaProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
-#include "projections/AlgorithmTransfer.h"
 #include "projections/AuthalicLatitude.h"
 #include "projections/FourierCoefficients.h"
 #include "projections/ParallelRadius.h"
+#include "projections/ProjWrapperTransfer.h"
 
 namespace {
 
@@ -237,15 +237,6 @@ CGxLambertAzimuthalEqualArea::CGxLambertAzimuthalEqualArea(
                                  d.GetFalseNorthing());
       }) {}
 
-void CGxLambertAzimuthalEqualArea::TransferParameters(CGxPRJParser& parser) const {
-    GxTransferAlgorithm(*this, &CGxLambertAzimuthalEqualArea::GetMapProjection, parser);
-}
-
-bool CGxLambertAzimuthalEqualArea::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
-    return GxCatalogueFigureOf(GetName(), ellipsoid);
-}
-
-bool CGxLambertAzimuthalEqualArea::GetMapProjection(
-    CGxLambertAzimuthalEqualAreaProjection& definition) const {
-    return GxCatalogueDefinitionOf(GetName(), definition);
-}
+template class CGxProjWrapperOf<CGxLambertAzimuthalEqualArea, CGxLambertAzimuthalEqualAreaEllipsoid,
+                                CGxLambertAzimuthalEqualAreaSphere,
+                                CGxLambertAzimuthalEqualAreaProjection>;

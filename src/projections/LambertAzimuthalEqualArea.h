@@ -4,7 +4,6 @@
 #include "projections/ProjInterface.h"
 
 class CGxEllipsoid;
-class CGxPRJParser;
 class CGxLambertAzimuthalEqualAreaProjection;
 
 // Lambert azimuthal equal area in its oblique (and equatorial), north-polar
@@ -62,7 +61,8 @@ private:
 // inverse flattening of exactly 0, the ellipsoidal ones otherwise.
 class GXCART_API CGxLambertAzimuthalEqualArea
     : public CGxProjWrapperOf<CGxLambertAzimuthalEqualArea, CGxLambertAzimuthalEqualAreaEllipsoid,
-                              CGxLambertAzimuthalEqualAreaSphere> {
+                              CGxLambertAzimuthalEqualAreaSphere,
+                              CGxLambertAzimuthalEqualAreaProjection> {
 public:
     CGxLambertAzimuthalEqualArea(const char* name, double centreLongitude, double originLatitude,
                                  double falseEasting, double falseNorthing,
@@ -72,12 +72,4 @@ public:
     // without a definition) no formulas are built and every point converts
     // to NaN; an empty name gives the local grid, which is the identity.
     explicit CGxLambertAzimuthalEqualArea(const CGxLambertAzimuthalEqualAreaProjection* definition);
-
-    void TransferParameters(CGxPRJParser& parser) const override;
-
-    // The catalogue figure of the coordinate system this grid is named
-    // after; false when the catalogue knows none.
-    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
-    // The catalogue definition of that name when it is of this type.
-    bool GetMapProjection(CGxLambertAzimuthalEqualAreaProjection& definition) const;
 };

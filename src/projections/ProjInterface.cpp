@@ -5,6 +5,7 @@
 
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
+#include "projections/AlgorithmTransfer.h"
 
 namespace {
 
@@ -129,4 +130,8 @@ bool CGxProjWrapper::IsLocal() const {
 
 bool CGxProjWrapper::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
     return inner && inner->GetAnonymousEllipsoid(out);
+}
+
+bool CGxProjWrapper::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
+    return GxCatalogueFigureOf(GetName(), ellipsoid);
 }

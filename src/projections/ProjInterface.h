@@ -9,6 +9,7 @@
 
 class CGxEllipsoid;
 class CGxMapProjData;
+class CGxPRJParser;
 
 // The slim interface of an inner implementation: the ellipsoidal or spherical
 // formulas of one projection, without a name and without the WKT side. A
@@ -122,6 +123,10 @@ public:
     bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
     ~CGxProjWrapper() override;
 
+    // The catalogue figure of the coordinate system this grid is named
+    // after; false when the catalogue knows none.
+    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
+
 protected:
     // Takes ownership of inner, which may be null.
     CGxProjWrapper(const char* name, int kind, CGxProjInterface* inner);
@@ -150,13 +155,19 @@ private:
 
 // A wrapper algorithm with its two inner forms, both built from the same
 // numbers followed by the ellipsoid. TAlgorithm is the wrapper class itself,
-// whose copy Clone makes; it adds only its public constructors.
-template <class TAlgorithm, class TEllipsoidForm, class TSphereForm>
+// whose copy Clone makes; TDefinition is its catalogue definition type, the
+// one it is written as. The wrapper adds only its public constructors.
+template <class TAlgorithm, class TEllipsoidForm, class TSphereForm, class TDefinition>
 class GXCART_API CGxProjWrapperOf : public CGxProjWrapper {
 public:
     CGxProjection* Clone() const override {
         return new TAlgorithm(static_cast<const TAlgorithm&>(*this));
     }
+    // These two are defined in ProjWrapperTransfer.h and instantiated once,
+    // in the wrapper's own source file, where its definition type is complete.
+    void TransferParameters(CGxPRJParser& parser) const override;
+    // The catalogue definition of this grid's name when it is of this type.
+    bool GetMapProjection(TDefinition& definition) const;
 
 protected:
     // From values: the inner form the ellipsoid calls for, built from the
@@ -169,7 +180,7 @@ protected:
     // From a catalogue definition: its name, and the inner form for the
     // ellipsoid its identifier names in the catalogue, built from the tuple of
     // numbers that numbersOf reads from the definition.
-    template <class TDefinition, class TNumbersOf>
+    template <class TNumbersOf>
     CGxProjWrapperOf(const TDefinition* definition, TNumbersOf numbersOf)
         : CGxProjWrapper(definition) {
         // Without a known ellipsoid the grid has no figure: every point
