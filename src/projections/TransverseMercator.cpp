@@ -119,6 +119,27 @@ bool CGxTransverseMercatorBase::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
     return GxAnonymousEllipsoid(a, f, out);
 }
 
+void CGxTransverseMercatorBase::TransferParameters(CGxPRJParser& parser) const {
+    GxTransferAlgorithm(*this, &CGxTransverseMercatorBase::GetMapProjection, parser);
+}
+
+bool CGxTransverseMercatorBase::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
+    return GxCatalogueFigureOf(GetName(), ellipsoid);
+}
+
+bool CGxTransverseMercatorBase::GetMapProjection(
+    CGxTransverseMercatorProjection& definition) const {
+    CGxTransverseMercatorProjection found;
+    if (!GxCatalogueDefinitionOf(GetName(), found)) return false;
+    definition = _WrittenDefinition(found);
+    return true;
+}
+
+CGxTransverseMercatorProjection CGxTransverseMercatorBase::_WrittenDefinition(
+    const CGxTransverseMercatorProjection& found) const {
+    return found;
+}
+
 CGxTransverseMercator::CGxTransverseMercator(const char* name_, double k0_, double lon0_,
                                              double lat0_, double FE_, double FN_,
                                              const CGxEllipsoid& ellipsoid)
@@ -258,23 +279,13 @@ CGxProjection* CGxTransverseMercator::Clone() const {
     return new CGxTransverseMercator(*this);
 }
 
-void CGxTransverseMercator::TransferParameters(CGxPRJParser& parser) const {
-    GxTransferAlgorithm(*this, &CGxTransverseMercator::GetMapProjection, parser);
-}
-
-bool CGxTransverseMercator::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
-    return GxCatalogueFigureOf(GetName(), ellipsoid);
-}
-
-bool CGxTransverseMercator::GetMapProjection(CGxTransverseMercatorProjection& definition) const {
-    CGxTransverseMercatorProjection found;
-    if (!GxCatalogueDefinitionOf(GetName(), found)) return false;
+CGxTransverseMercatorProjection CGxTransverseMercator::_WrittenDefinition(
+    const CGxTransverseMercatorProjection& found) const {
     // This grid may have been built on another central meridian than the
     // catalogue's (a zone widened or shifted by the caller); it is its own
     // that the written system must carry.
-    definition = CGxTransverseMercatorProjection(
+    return CGxTransverseMercatorProjection(
         found.GetName(), found.GetBranchName(), found.GetEllipsoidID(), found.GetScale(), lon0,
         found.GetOriginLatitude(), found.GetFalseEasting(), found.GetFalseNorthing(),
         found.CanDelete(), found.CanEdit());
-    return true;
 }

@@ -28,9 +28,22 @@ public:
     void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
     bool IsLocal() const override;
     bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
+    void TransferParameters(CGxPRJParser& parser) const override;
+
+    // The catalogue figure of the coordinate system this grid is named
+    // after; false when the catalogue knows none.
+    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
+    // The catalogue definition of that name when it is of this type, as this
+    // grid writes it (see _WrittenDefinition).
+    bool GetMapProjection(CGxTransverseMercatorProjection& definition) const;
 
 protected:
     CGxTransverseMercatorBase(const char* name, const GxTransverseMercatorParameters& p);
+
+    // The definition this grid writes for the catalogue entry of its name:
+    // the entry itself unless the grid changes it.
+    virtual CGxTransverseMercatorProjection _WrittenDefinition(
+        const CGxTransverseMercatorProjection& found) const;
 
     GxProjectionName name;
     double a;
@@ -73,14 +86,6 @@ public:
     // Fifth-order series in the longitude difference, degrees; 0 on a local grid.
     double GetConvergence(double lon, double lat) const override;
     CGxProjection* Clone() const override;
-    void TransferParameters(CGxPRJParser& parser) const override;
-
-    // The catalogue figure of the coordinate system this grid is named
-    // after; false when the catalogue knows none.
-    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
-    // The catalogue definition of that name when it is of this type, with
-    // this grid's own central meridian.
-    bool GetMapProjection(CGxTransverseMercatorProjection& definition) const;
 
     // Point scale factor by the classic series in the longitude difference.
     // The fourth-order term is kept as this library has always evaluated it:
@@ -88,6 +93,11 @@ public:
     // last summand, so values away from the central meridian differ from the
     // textbook series.
     double GetScaleFactor(double lon, double lat) const;
+
+protected:
+    // The catalogue entry with this grid's own central meridian.
+    CGxTransverseMercatorProjection _WrittenDefinition(
+        const CGxTransverseMercatorProjection& found) const override;
 
 private:
     CGxTransverseMercator(const char* name, const GxTransverseMercatorParameters& p);

@@ -5,7 +5,6 @@
 #include "definitions/TransverseMercatorProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
-#include "projections/AlgorithmTransfer.h"
 #include "projections/ClenshawSeries.h"
 #include "projections/FourierCoefficients.h"
 #include "projections/FromDefinition.h"
@@ -272,16 +271,4 @@ double CGxTransverseMercatorJHS::GetConvergence(double lon, double lat) const {
 
 CGxProjection* CGxTransverseMercatorJHS::Clone() const {
     return new CGxTransverseMercatorJHS(*this);
-}
-
-void CGxTransverseMercatorJHS::TransferParameters(CGxPRJParser& parser) const {
-    GxTransferAlgorithm(*this, &CGxTransverseMercatorJHS::GetMapProjection, parser);
-}
-
-bool CGxTransverseMercatorJHS::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
-    return GxCatalogueFigureOf(GetName(), ellipsoid);
-}
-
-bool CGxTransverseMercatorJHS::GetMapProjection(CGxTransverseMercatorProjection& definition) const {
-    return GxCatalogueDefinitionOf(GetName(), definition);
 }

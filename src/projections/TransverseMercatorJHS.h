@@ -3,7 +3,6 @@
 #include "projections/TransverseMercator.h"
 
 class CGxEllipsoid;
-class CGxPRJParser;
 class CGxTransverseMercatorProjection;
 
 // Transverse Mercator by Krueger's series in the conformal-latitude form of the
@@ -37,13 +36,6 @@ public:
     // Fifth-order series in the longitude difference, degrees; 0 on a local grid.
     double GetConvergence(double lon, double lat) const override;
     CGxProjection* Clone() const override;
-    void TransferParameters(CGxPRJParser& parser) const override;
-
-    // The catalogue figure of the coordinate system this grid is named
-    // after; false when the catalogue knows none.
-    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
-    // The catalogue definition of that name when it is of this type.
-    bool GetMapProjection(CGxTransverseMercatorProjection& definition) const;
 
 private:
     CGxTransverseMercatorJHS(const char* name, const GxTransverseMercatorParameters& p);
