@@ -3,13 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstddef>
 #include <limits>
 #include <memory>
 
 #include "foundation/Ellipsoid.h"
 #include "projections/Mercator1SP.h"
 #include "projections/Mercator2SP.h"
+#include "tests/support/ReferenceCheck.h"
 
 namespace {
 
@@ -18,33 +18,9 @@ const CGxEllipsoid kWgs84("WGS 84", "WE", 6378137.0, 298.257223563);
 const CGxEllipsoid kKrassowsky("Krassowsky 1940", "KA", 6378245.0, 298.3);
 const CGxEllipsoid kInternational("International 1924", "IN", 6378388.0, 297.0);
 
-struct Reference {
-    double lon, lat;  // degrees
-    double x, y;      // metres, as printed by cct -d 6
-};
-
-// Forward to 1 mm; PROJ's coordinates back to the input to 1e-9 degrees; our
-// own forward and inverse back to the input to 1e-9 degrees.
-template <std::size_t N>
-void ExpectReference(const CGxProjection& p, const Reference (&table)[N]) {
-    for (const Reference& r : table) {
-        SCOPED_TRACE(testing::Message() << "lon " << r.lon << " lat " << r.lat);
-        double x, y, lon, lat;
-        p.Geo2Proj(r.lon, r.lat, &x, &y);
-        EXPECT_NEAR(x, r.x, 1e-3);
-        EXPECT_NEAR(y, r.y, 1e-3);
-        p.Proj2Geo(r.x, r.y, &lon, &lat);
-        EXPECT_NEAR(lon, r.lon, 1e-9);
-        EXPECT_NEAR(lat, r.lat, 1e-9);
-        p.Proj2Geo(x, y, &lon, &lat);
-        EXPECT_NEAR(lon, r.lon, 1e-9);
-        EXPECT_NEAR(lat, r.lat, 1e-9);
-    }
-}
-
 // A reduced equator scale with a false origin.
 // cct -d 6 +proj=merc +k_0=0.997 +lon_0=110 +x_0=3900000 +y_0=900000 +ellps=WGS84
-const Reference kIndonesia1SP[] = {
+const GxReferencePoint kIndonesia1SP[] = {
     {95.0, -10.0, 2235217.015187, -208140.677544},
     {95.0, 0.0, 2235217.015187, 900000.000000},
     {95.0, 6.5, 2235217.015187, 1618139.232733},
@@ -69,7 +45,7 @@ const Reference kIndonesia1SP[] = {
 
 // Greenwich-centred, scale 1: out to the antimeridian and 81 degrees.
 // cct -d 6 +proj=merc +k_0=1 +lon_0=0 +x_0=0 +y_0=0 +ellps=WGS84
-const Reference kWorld[] = {
+const GxReferencePoint kWorld[] = {
     {-179.5, -60.0, -19981848.597393, -8362698.548501},
     {-179.5, -20.5, -19981848.597393, -2317400.678141},
     {-179.5, 45.0, -19981848.597393, 5591295.918553},
@@ -94,7 +70,7 @@ const Reference kWorld[] = {
 
 // Standard parallel 42 N on Krassowsky 1940, negative false northing.
 // cct -d 6 +proj=merc +lat_ts=42 +lon_0=51 +x_0=500000 +y_0=-200000 +ellps=krass
-const Reference kCaspian2SP[] = {
+const GxReferencePoint kCaspian2SP[] = {
     {40.0, -35.0, -411373.613208, -3280828.052886}, {40.0, 5.25, -411373.613208, 232676.280504},
     {40.0, 42.0, -411373.613208, 3619897.852038},   {40.0, 68.5, -411373.613208, 7657601.396043},
     {46.75, -35.0, 147878.376715, -3280828.052886}, {46.75, 5.25, 147878.376715, 232676.280504},
@@ -109,7 +85,7 @@ const Reference kCaspian2SP[] = {
 
 // Standard parallel 12.5 S on International 1924.
 // cct -d 6 +proj=merc +lat_ts=-12.5 +lon_0=-60 +x_0=1000000 +y_0=10000000 +ellps=intl
-const Reference kAmazon2SP[] = {
+const GxReferencePoint kAmazon2SP[] = {
     {-75.0, -55.0, -630532.542431, 2845574.173446},
     {-75.0, -30.75, -630532.542431, 6505746.206120},
     {-75.0, -12.5, -630532.542431, 8639377.261027},
@@ -144,14 +120,15 @@ CGxMercator1SP Indonesia() {
 }  // namespace
 
 TEST(Mercator1SP, AgreesWithProj) {
-    ExpectReference(Indonesia(), kIndonesia1SP);
-    ExpectReference(CGxMercator1SP("World", 1, 0, 0, 0, kWgs84), kWorld);
+    GxExpectReferenceTable(Indonesia(), kIndonesia1SP, kGxMillimetreTable);
+    GxExpectReferenceTable(CGxMercator1SP("World", 1, 0, 0, 0, kWgs84), kWorld, kGxMillimetreTable);
 }
 
 TEST(Mercator2SP, AgreesWithProjInBothHemispheres) {
-    ExpectReference(CGxMercator2SP("Caspian", 42, 51, 500000, -200000, kKrassowsky), kCaspian2SP);
-    ExpectReference(CGxMercator2SP("Amazon", -12.5, -60, 1000000, 10000000, kInternational),
-                    kAmazon2SP);
+    GxExpectReferenceTable(CGxMercator2SP("Caspian", 42, 51, 500000, -200000, kKrassowsky),
+                           kCaspian2SP, kGxMillimetreTable);
+    GxExpectReferenceTable(CGxMercator2SP("Amazon", -12.5, -60, 1000000, 10000000, kInternational),
+                           kAmazon2SP, kGxMillimetreTable);
 }
 
 TEST(Mercator2SP, DerivedScaleIsTheRadiusOfTheStandardParallel) {
@@ -175,7 +152,7 @@ TEST(Mercator2SP, EquatorAsStandardParallelIsTheScaleOneCylinder) {
     double k0 = -1;
     p.GetDerivedParameters(&k0);
     EXPECT_EQ(k0, 1.0);
-    ExpectReference(p, kWorld);
+    GxExpectReferenceTable(p, kWorld, kGxMillimetreTable);
 }
 
 TEST(Mercator, PolesLieAtInfiniteNorthing) {
@@ -196,9 +173,9 @@ TEST(Mercator, PolesLieAtInfiniteNorthing) {
     // cct -d 6 +proj=merc +k_0=0.997 +lon_0=110 +x_0=3900000 +y_0=900000 +ellps=WGS84
     //   110 89.999  -> 3900000  74934179.214972
     //   110 -89.999 -> 3900000 -73134179.214972
-    const Reference nearPoles[] = {{110, 89.999, 3900000, 74934179.214972},
-                                   {110, -89.999, 3900000, -73134179.214972}};
-    ExpectReference(Indonesia(), nearPoles);
+    const GxReferencePoint nearPoles[] = {{110, 89.999, 3900000, 74934179.214972},
+                                          {110, -89.999, 3900000, -73134179.214972}};
+    GxExpectReferenceTable(Indonesia(), nearPoles, kGxMillimetreTable);
 }
 
 TEST(Mercator, EquatorInvertsToLatitudeExactlyZero) {
@@ -262,13 +239,7 @@ TEST(Mercator, LocalGridIsTheIdentity) {
         const CGxMercator1SP p(name, 0.997, 110, 3900000, 900000, kWgs84);
         EXPECT_STREQ(p.GetName(), "NON-UTM");
         EXPECT_TRUE(p.IsLocal());
-        double x, y;
-        p.Geo2Proj(1234.5, -678.25, &x, &y);
-        EXPECT_EQ(x, 1234.5);
-        EXPECT_EQ(y, -678.25);
-        p.Proj2Geo(1234.5, -678.25, &x, &y);
-        EXPECT_EQ(x, 1234.5);
-        EXPECT_EQ(y, -678.25);
+        GxExpectIdentity(p, 1234.5, -678.25);
         EXPECT_EQ(p.GetConvergence(20, 20), 0.0);
     }
     EXPECT_FALSE(Indonesia().IsLocal());
@@ -288,10 +259,10 @@ TEST(Mercator, AnonymousEllipsoidAndClone) {
 
     std::unique_ptr<CGxProjection> clone1(Indonesia().Clone());
     EXPECT_STREQ(clone1->GetName(), "Indonesia");
-    ExpectReference(*clone1, kIndonesia1SP);
+    GxExpectReferenceTable(*clone1, kIndonesia1SP, kGxMillimetreTable);
     std::unique_ptr<CGxProjection> clone2(
         CGxMercator2SP("Caspian", 42, 51, 500000, -200000, kKrassowsky).Clone());
-    ExpectReference(*clone2, kCaspian2SP);
+    GxExpectReferenceTable(*clone2, kCaspian2SP, kGxMillimetreTable);
     double k0 = 0;
     clone2->GetDerivedParameters(&k0);
     EXPECT_NEAR(k0, 0.74426089, 5e-9);
