@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstddef>
 #include <limits>
 #include <memory>
 #include <string>
@@ -11,6 +10,7 @@
 #include "foundation/Ellipsoid.h"
 #include "projections/Lambert1SP.h"
 #include "projections/Lambert2SP.h"
+#include "tests/support/ReferenceCheck.h"
 
 namespace {
 
@@ -21,37 +21,9 @@ const CGxEllipsoid kClarke1866("Clarke 1866", "CC", 6378206.4, 294.9786982138982
 const CGxEllipsoid kInternational("International 1924", "IN", 6378388.0, 297.0);
 const CGxEllipsoid kBessel("Bessel 1841", "BR", 6377397.155, 299.1528128);
 
-struct Reference {
-    double lon, lat;  // degrees
-    double x, y;      // metres, as printed by cct -d 6
-};
-
-constexpr double kForwardTolerance = 1e-3;    // metres
-constexpr double kInverseTolerance = 1e-9;    // degrees
-constexpr double kRoundTripTolerance = 1e-9;  // degrees
-
-// Forward to 1 mm; PROJ's coordinates back to the input to 1e-9 degrees; our
-// own forward and inverse back to the input to 1e-9 degrees.
-template <std::size_t N>
-void ExpectReference(const CGxProjection& p, const Reference (&table)[N]) {
-    for (const Reference& r : table) {
-        SCOPED_TRACE(testing::Message() << "lon " << r.lon << " lat " << r.lat);
-        double x, y, lon, lat;
-        p.Geo2Proj(r.lon, r.lat, &x, &y);
-        EXPECT_NEAR(x, r.x, kForwardTolerance);
-        EXPECT_NEAR(y, r.y, kForwardTolerance);
-        p.Proj2Geo(r.x, r.y, &lon, &lat);
-        EXPECT_NEAR(lon, r.lon, kInverseTolerance);
-        EXPECT_NEAR(lat, r.lat, kInverseTolerance);
-        p.Proj2Geo(x, y, &lon, &lat);
-        EXPECT_NEAR(lon, r.lon, kRoundTripTolerance);
-        EXPECT_NEAR(lat, r.lat, kRoundTripTolerance);
-    }
-}
-
 // Lambert-93 geometry on GRS 80.
 // cct -d 6 +proj=lcc +lat_1=49 +lat_2=44 +lat_0=46.5 +lon_0=3 +x_0=700000 +y_0=6600000 +ellps=GRS80
-const Reference kFrance2SP[] = {
+const GxReferencePoint kFrance2SP[] = {
     {-5.5, 41.0, -16296.157784, 6027156.199039},   {-5.5, 44.5, 25531.324650, 6414219.032828},
     {-5.5, 46.5, 49395.307782, 6635051.375564},    {-5.5, 49.75, 88204.828365, 6994186.617290},
     {-5.5, 51.5, 109156.130243, 7188065.612740},   {-1.25, 41.0, 341332.531106, 5998220.308443},
@@ -70,7 +42,7 @@ const Reference kFrance2SP[] = {
 // A Texas-like zone on Clarke 1866.
 // cct -d 6 +proj=lcc +lat_1=30.5 +lat_2=35.25 +lat_0=29 +lon_0=-100.5 +x_0=700000 +y_0=3000000
 // +ellps=clrk66
-const Reference kTexas2SP[] = {
+const GxReferencePoint kTexas2SP[] = {
     {-107.0, 25.5, 42177.799839, 2630895.069606},
     {-107.0, 29.0, 66146.986370, 3019528.089128},
     {-107.0, 32.75, 91737.445012, 3434448.186675},
@@ -96,7 +68,7 @@ const Reference kTexas2SP[] = {
 // A southern cone (n < 0) on International 1924.
 // cct -d 6 +proj=lcc +lat_1=-20 +lat_2=-40 +lat_0=-30 +lon_0=25 +x_0=1000000 +y_0=2000000
 // +ellps=intl
-const Reference kSouthernCone2SP[] = {
+const GxReferencePoint kSouthernCone2SP[] = {
     {12.0, -12.0, -459777.463899, 3911976.642866},  {12.0, -24.5, -301138.017842, 2526954.298301},
     {12.0, -33.0, -195426.711080, 1604027.967057},  {12.0, -45.25, -40729.516232, 253423.960096},
     {20.5, -12.0, 493726.961032, 3985310.993405},   {20.5, -24.5, 548745.535056, 2592319.132230},
@@ -112,7 +84,7 @@ const Reference kSouthernCone2SP[] = {
 // One parallel with a reduced scale on GRS 80.
 // cct -d 6 +proj=lcc +lat_1=46.8 +lat_0=46.8 +k_0=0.99987742 +lon_0=2.337229167 +x_0=600000
 // +y_0=2200000 +ellps=GRS80
-const Reference kFrance1SP[] = {
+const GxReferencePoint kFrance1SP[] = {
     {-4.5, 42.25, 34805.577536, 1718533.458626},
     {-4.5, 45.0, 61389.746459, 2023364.612009},
     {-4.5, 46.8, 78772.370856, 2222684.946569},
@@ -142,7 +114,7 @@ const Reference kFrance1SP[] = {
 
 // One parallel, scale 1, on Clarke 1866.
 // cct -d 6 +proj=lcc +lat_1=18 +lat_0=18 +k_0=1 +lon_0=-77 +x_0=250000 +y_0=150000 +ellps=clrk66
-const Reference kJamaica1SP[] = {
+const GxReferencePoint kJamaica1SP[] = {
     {-81.5, 15.0, -234592.425004, -176243.472502}, {-81.5, 17.5, -227875.406161, 100462.821146},
     {-81.5, 18.0, -226532.513163, 155783.038797},  {-81.5, 19.25, -223174.747926, 294105.529077},
     {-81.5, 22.0, -215778.108964, 598808.642252},  {-78.25, 15.0, 115378.796914, -181670.533749},
@@ -161,7 +133,7 @@ const Reference kJamaica1SP[] = {
 // A southern one-parallel cone on Bessel 1841.
 // cct -d 6 +proj=lcc +lat_1=-35 +lat_0=-35 +k_0=0.9999 +lon_0=145 +x_0=400000 +y_0=800000
 // +ellps=bessel
-const Reference kSouthern1SP[] = {
+const GxReferencePoint kSouthern1SP[] = {
     {139.0, -30.0, -180599.041366, 1337615.169984}, {139.0, -34.5, -150608.722309, 838916.227522},
     {139.0, -38.75, -122285.469075, 367938.362696}, {139.0, -43.0, -93799.744919, -105741.176537},
     {143.5, -30.0, 254768.382980, 1353966.758502},  {143.5, -34.5, 262270.190977, 854423.189505},
@@ -183,18 +155,21 @@ CGxLambert2SP SouthernCone() {
 }  // namespace
 
 TEST(LambertConformalConic2SP, AgreesWithProjOnTwoEllipsoidsAndASouthernCone) {
-    ExpectReference(France2SP(), kFrance2SP);
-    ExpectReference(CGxLambert2SP("Texas", 30.5, 35.25, -100.5, 29, 700000, 3000000, kClarke1866),
-                    kTexas2SP);
-    ExpectReference(SouthernCone(), kSouthernCone2SP);
+    GxExpectReferenceTable(France2SP(), kFrance2SP, kGxMillimetreTable);
+    GxExpectReferenceTable(
+        CGxLambert2SP("Texas", 30.5, 35.25, -100.5, 29, 700000, 3000000, kClarke1866), kTexas2SP,
+        kGxMillimetreTable);
+    GxExpectReferenceTable(SouthernCone(), kSouthernCone2SP, kGxMillimetreTable);
 }
 
 TEST(LambertConformalConic1SP, AgreesWithProjOnThreeEllipsoidsAndASouthernCone) {
-    ExpectReference(CGxLambert1SP("France", 0.99987742, 2.337229167, 46.8, 600000, 2200000, kGrs80),
-                    kFrance1SP);
-    ExpectReference(CGxLambert1SP("Jamaica", 1, -77, 18, 250000, 150000, kClarke1866), kJamaica1SP);
-    ExpectReference(CGxLambert1SP("South", 0.9999, 145, -35, 400000, 800000, kBessel),
-                    kSouthern1SP);
+    GxExpectReferenceTable(
+        CGxLambert1SP("France", 0.99987742, 2.337229167, 46.8, 600000, 2200000, kGrs80), kFrance1SP,
+        kGxMillimetreTable);
+    GxExpectReferenceTable(CGxLambert1SP("Jamaica", 1, -77, 18, 250000, 150000, kClarke1866),
+                           kJamaica1SP, kGxMillimetreTable);
+    GxExpectReferenceTable(CGxLambert1SP("South", 0.9999, 145, -35, 400000, 800000, kBessel),
+                           kSouthern1SP, kGxMillimetreTable);
 }
 
 TEST(LambertConformalConic2SP, PoleOfTheConeMapsToTheApexAndBack) {
@@ -243,14 +218,12 @@ TEST(LambertConformalConic2SP, LongitudeIsNotWrapped) {
     //   -355 47 ->  6604651.393470 13721476.113922
     //   5 47    ->   851956.742604  6657455.380548
     const CGxLambert2SP p = France2SP();
-    const Reference unwrapped[] = {{365, 47, -5251047.326878, 13421124.946364},
-                                   {-355, 47, 6604651.393470, 13721476.113922},
-                                   {5, 47, 851956.742604, 6657455.380548}};
-    for (const Reference& r : unwrapped) {
-        double x, y;
-        p.Geo2Proj(r.lon, r.lat, &x, &y);
-        EXPECT_NEAR(x, r.x, 1e-3) << r.lon;
-        EXPECT_NEAR(y, r.y, 1e-3) << r.lon;
+    const GxReferencePoint unwrapped[] = {{365, 47, -5251047.326878, 13421124.946364},
+                                          {-355, 47, 6604651.393470, 13721476.113922},
+                                          {5, 47, 851956.742604, 6657455.380548}};
+    for (const GxReferencePoint& r : unwrapped) {
+        SCOPED_TRACE(r.lon);
+        GxExpectForward(p, r, 1e-3);
     }
 }
 
@@ -263,10 +236,10 @@ TEST(LambertConformalConic2SP, EqualParallelsAreTheTangentCone) {
     //   -3 40 ->  141493.983042 1458368.645636
     const CGxLambert2SP twoSP("T", 46.8, 46.8, 2.337229167, 46.8, 600000, 2200000, kGrs80);
     const CGxLambert1SP oneSP("T", 1, 2.337229167, 46.8, 600000, 2200000, kGrs80);
-    const Reference table[] = {{10, 50, 1149390.118155, 2582823.266650},
-                               {-3, 40, 141493.983042, 1458368.645636}};
-    ExpectReference(twoSP, table);
-    ExpectReference(oneSP, table);
+    const GxReferencePoint table[] = {{10, 50, 1149390.118155, 2582823.266650},
+                                      {-3, 40, 141493.983042, 1458368.645636}};
+    GxExpectReferenceTable(twoSP, table, kGxMillimetreTable);
+    GxExpectReferenceTable(oneSP, table, kGxMillimetreTable);
     EXPECT_DOUBLE_EQ(twoSP.GetConvergence(10, 50), oneSP.GetConvergence(10, 50));
 }
 
@@ -336,13 +309,7 @@ TEST(LambertConformalConic, LocalGridIsTheIdentity) {
              {static_cast<const CGxProjection*>(&p), static_cast<const CGxProjection*>(&q)}) {
             EXPECT_STREQ(c->GetName(), "NON-UTM");
             EXPECT_TRUE(c->IsLocal());
-            double x, y;
-            c->Geo2Proj(1234.5, -678.25, &x, &y);
-            EXPECT_EQ(x, 1234.5);
-            EXPECT_EQ(y, -678.25);
-            c->Proj2Geo(1234.5, -678.25, &x, &y);
-            EXPECT_EQ(x, 1234.5);
-            EXPECT_EQ(y, -678.25);
+            GxExpectIdentity(*c, 1234.5, -678.25);
             EXPECT_EQ(c->GetConvergence(50, 50), 0.0);
         }
     }
@@ -380,9 +347,10 @@ TEST(LambertConformalConic, SphereAgreesWithProj) {
     //   -120 50 -> -1719152.591966 3244428.145268
     //   -75 28  ->  2069047.833749  808217.874079
     const CGxEllipsoid sphere("Sphere", "SP", 6371000.0, 0.0);
-    const Reference table[] = {{-120, 50, -1719152.591966, 3244428.145268},
-                               {-75, 28, 2069047.833749, 808217.874079}};
-    ExpectReference(CGxLambert2SP("Conus", 33, 45, -96, 23, 0, 0, sphere), table);
+    const GxReferencePoint table[] = {{-120, 50, -1719152.591966, 3244428.145268},
+                                      {-75, 28, 2069047.833749, 808217.874079}};
+    GxExpectReferenceTable(CGxLambert2SP("Conus", 33, 45, -96, 23, 0, 0, sphere), table,
+                           kGxMillimetreTable);
 }
 
 TEST(LambertConformalConic, CloneIsAnIndependentCopy) {
@@ -390,11 +358,11 @@ TEST(LambertConformalConic, CloneIsAnIndependentCopy) {
     std::unique_ptr<CGxProjection> clone(original->Clone());
     original.reset();
     EXPECT_STREQ(clone->GetName(), "Lambert-93");
-    ExpectReference(*clone, kFrance2SP);
+    GxExpectReferenceTable(*clone, kFrance2SP, kGxMillimetreTable);
 
     const CGxLambert1SP one("Jamaica", 1, -77, 18, 250000, 150000, kClarke1866);
     std::unique_ptr<CGxProjection> clone1(one.Clone());
-    ExpectReference(*clone1, kJamaica1SP);
+    GxExpectReferenceTable(*clone1, kJamaica1SP, kGxMillimetreTable);
 }
 
 TEST(LambertConformalConic, NotANumberStaysNotANumber) {
