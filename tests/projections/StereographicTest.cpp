@@ -9,12 +9,12 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstddef>
 #include <limits>
 #include <memory>
 
 #include "foundation/Ellipsoid.h"
 #include "projections/Stereographic.h"
+#include "tests/support/ReferenceCheck.h"
 
 namespace {
 
@@ -25,41 +25,10 @@ const CGxEllipsoid kBessel("Bessel 1841", "BR", 6377397.155, 299.1528128);
 const CGxEllipsoid kKrassowsky("Krassowsky 1940", "KA", 6378245.0, 298.3);
 const CGxEllipsoid kInternational("International 1924", "IN", 6378388.0, 297.0);
 
-struct Reference {
-    double lon, lat;  // degrees
-    double x, y;      // metres, as printed by cct -d 6
-};
-
-// The polar inverse returns the origin longitude plus an angle of up to
-// +-180 degrees, so a longitude may come back outside +-180: compare modulo
-// 360.
-double LongitudeDifference(double a, double b) {
-    return std::remainder(a - b, 360.0);
-}
-
-// Forward to 1 mm; PROJ's coordinates back to the input to 1e-9 degrees; our
-// own forward and inverse back to the input to 1e-9 degrees.
-template <std::size_t N>
-void ExpectReference(const CGxProjection& p, const Reference (&table)[N]) {
-    for (const Reference& r : table) {
-        SCOPED_TRACE(testing::Message() << "lon " << r.lon << " lat " << r.lat);
-        double x, y, lon, lat;
-        p.Geo2Proj(r.lon, r.lat, &x, &y);
-        EXPECT_NEAR(x, r.x, 1e-3);
-        EXPECT_NEAR(y, r.y, 1e-3);
-        p.Proj2Geo(r.x, r.y, &lon, &lat);
-        EXPECT_NEAR(LongitudeDifference(lon, r.lon), 0, 1e-9);
-        EXPECT_NEAR(lat, r.lat, 1e-9);
-        p.Proj2Geo(x, y, &lon, &lat);
-        EXPECT_NEAR(LongitudeDifference(lon, r.lon), 0, 1e-9);
-        EXPECT_NEAR(lat, r.lat, 1e-9);
-    }
-}
-
 // The Dutch RD geometry on Bessel 1841.
 // cct -d 6 +proj=sterea +lat_0=52.15616055555555 +lon_0=5.38763888888889 +k=0.9999079 +x_0=155000
 // +y_0=463000 +ellps=bessel
-const Reference kDutch[] = {
+const GxReferencePoint kDutch[] = {
     {1.5, 49.0, -129533.610613, 119354.700140},
     {1.5, 50.5, -120736.560697, 286076.948867},
     {1.5, 52.15616055555555, -110919.443898, 470126.963713},
@@ -89,7 +58,7 @@ const Reference kDutch[] = {
 
 // The Romanian Stereo 70 geometry on Krassowsky 1940.
 // cct -d 6 +proj=sterea +lat_0=46 +lon_0=25 +k=0.99975 +x_0=500000 +y_0=500000 +ellps=krass
-const Reference kRomania[] = {
+const GxReferencePoint kRomania[] = {
     {18.0, 41.5, -84918.065809, 24635.410558},    {18.0, 44.0, -61133.477104, 302037.702874},
     {18.0, 46.0, -41744.296780, 523835.011677},   {18.0, 48.25, -19531.664451, 773404.926878},
     {18.0, 51.0, 8217.247358, 1078771.816898},    {21.5, 41.5, 207421.703580, 6063.280049},
@@ -107,7 +76,7 @@ const Reference kRomania[] = {
 
 // A southern origin on GRS 80.
 // cct -d 6 +proj=sterea +lat_0=-33.5 +lon_0=-70.75 +k=1 +x_0=200000 +y_0=600000 +ellps=GRS80
-const Reference kChile[] = {
+const GxReferencePoint kChile[] = {
     {-80.0, -45.0, -536355.009133, -718913.273019}, {-80.0, -38.25, -611016.879243, 34171.683802},
     {-80.0, -33.5, -659697.467067, 561614.071461},  {-80.0, -27.0, -721530.563052, 1283723.579381},
     {-80.0, -20.0, -782301.741002, 2066732.809367}, {-74.5, -45.0, -98637.565091, -687245.575785},
@@ -125,7 +94,7 @@ const Reference kChile[] = {
 
 // North polar aspect with a given scale at the pole (the UPS geometry).
 // cct -d 6 +proj=stere +lat_0=90 +k_0=0.994 +lon_0=0 +x_0=2000000 +y_0=2000000 +ellps=WGS84
-const Reference kNorthPolar[] = {
+const GxReferencePoint kNorthPolar[] = {
     {-170.0, 60.0, 1408575.020078, 5354137.736302}, {-170.0, 70.25, 1615574.965070, 4180182.711604},
     {-170.0, 84.0, 1884223.949255, 2656598.611736}, {-170.0, 89.5, 1990360.399663, 2054668.890137},
     {-90.0, 60.0, -1405880.717371, 2000000.000000}, {-90.0, 70.25, -213815.544136, 2000000.000000},
@@ -142,7 +111,7 @@ const Reference kNorthPolar[] = {
 
 // South polar aspect with a given scale at the pole.
 // cct -d 6 +proj=stere +lat_0=-90 +k_0=0.97 +lon_0=-30 +x_0=1500000 +y_0=2500000 +ellps=intl
-const Reference kSouthPolar[] = {
+const GxReferencePoint kSouthPolar[] = {
     {-179.0, -55.0, -513761.671975, -851462.233012},
     {-179.0, -66.5, 170657.043202, 287601.791993},
     {-179.0, -80.0, 940598.187248, 1568999.040647},
@@ -185,32 +154,32 @@ CGxStereographic SouthPolar(double lat0 = -90) {
 }  // namespace
 
 TEST(Stereographic, ObliqueAspectAgreesWithProjOnThreeEllipsoids) {
-    ExpectReference(Dutch(), kDutch);
-    ExpectReference(CGxStereographic("Stereo 70", 0.99975, 25, 46, 500000, 500000, kKrassowsky),
-                    kRomania);
-    ExpectReference(CGxStereographic("Chile", 1, -70.75, -33.5, 200000, 600000, kGrs80), kChile);
+    GxExpectReferenceTable(Dutch(), kDutch, kGxMillimetreTable);
+    GxExpectReferenceTable(
+        CGxStereographic("Stereo 70", 0.99975, 25, 46, 500000, 500000, kKrassowsky), kRomania,
+        kGxMillimetreTable);
+    GxExpectReferenceTable(CGxStereographic("Chile", 1, -70.75, -33.5, 200000, 600000, kGrs80),
+                           kChile, kGxMillimetreTable);
 }
 
 TEST(Stereographic, PolarAspectAgreesWithProj) {
-    ExpectReference(NorthPolar(), kNorthPolar);
-    ExpectReference(SouthPolar(), kSouthPolar);
+    GxExpectReferenceTable(NorthPolar(), kNorthPolar, kGxMillimetreTable);
+    GxExpectReferenceTable(SouthPolar(), kSouthPolar, kGxMillimetreTable);
 }
 
 TEST(Stereographic, PolarAspectSwitchUsesTheRelativeTolerance) {
     // 89.9999999999999 differs from 90 by about 1e-15 relative: it is the pole
     // and selects the polar formulas, and so does -89.9999999999999.
-    ExpectReference(NorthPolar(89.9999999999999), kNorthPolar);
-    ExpectReference(SouthPolar(-89.9999999999999), kSouthPolar);
+    GxExpectReferenceTable(NorthPolar(89.9999999999999), kNorthPolar, kGxMillimetreTable);
+    GxExpectReferenceTable(SouthPolar(-89.9999999999999), kSouthPolar, kGxMillimetreTable);
 
     // 1e-8 degrees (about a millimetre) short of the pole is no longer near
     // it: the oblique formulas take over, and they must still give the polar
     // map to within the millimetre the origin moved.
     const CGxStereographic oblique = NorthPolar(90 - 1e-8);
-    for (const Reference& r : kNorthPolar) {
-        double x, y;
-        oblique.Geo2Proj(r.lon, r.lat, &x, &y);
-        EXPECT_NEAR(x, r.x, 3e-3) << r.lon << " " << r.lat;
-        EXPECT_NEAR(y, r.y, 3e-3) << r.lon << " " << r.lat;
+    for (const GxReferencePoint& r : kNorthPolar) {
+        SCOPED_TRACE(testing::Message() << r.lon << " " << r.lat);
+        GxExpectForward(oblique, r, 3e-3);
     }
     // The default area tells the aspects apart: the polar one is the +-200 km
     // square around the pole, the oblique one the +-3 degree box around its
@@ -260,14 +229,12 @@ TEST(Stereographic, PolesAreOrdinaryPointsOfTheObliqueAspect) {
     //   +k=0.9999079 +x_0=155000 +y_0=463000 +ellps=bessel
     //   5.38763888888889 90  -> 155000   4842954.188318
     //   5.38763888888889 -90 -> 155000 -36734327.960018
-    const Reference poles[] = {{5.38763888888889, 90, 155000, 4842954.188318},
-                               {5.38763888888889, -90, 155000, -36734327.960018}};
+    const GxReferencePoint poles[] = {{5.38763888888889, 90, 155000, 4842954.188318},
+                                      {5.38763888888889, -90, 155000, -36734327.960018}};
     const CGxStereographic p = Dutch();
-    for (const Reference& r : poles) {
-        double x, y, lon, lat;
-        p.Geo2Proj(r.lon, r.lat, &x, &y);
-        EXPECT_NEAR(x, r.x, 1e-3);
-        EXPECT_NEAR(y, r.y, 1e-3);
+    for (const GxReferencePoint& r : poles) {
+        GxExpectForward(p, r, 1e-3);
+        double lon, lat;
         p.Proj2Geo(r.x, r.y, &lon, &lat);
         EXPECT_NEAR(lat, r.lat, 1e-9);
     }
@@ -328,13 +295,7 @@ TEST(Stereographic, LocalGridIsTheIdentity) {
         const CGxStereographic p("", 1, 5, lat0, 155000, 463000, kBessel);
         EXPECT_STREQ(p.GetName(), "NON-UTM");
         EXPECT_TRUE(p.IsLocal());
-        double x, y;
-        p.Geo2Proj(1234.5, -678.25, &x, &y);
-        EXPECT_EQ(x, 1234.5);
-        EXPECT_EQ(y, -678.25);
-        p.Proj2Geo(1234.5, -678.25, &x, &y);
-        EXPECT_EQ(x, 1234.5);
-        EXPECT_EQ(y, -678.25);
+        GxExpectIdentity(p, 1234.5, -678.25);
         EXPECT_EQ(p.GetConvergence(5, 52), 0.0);
     }
     EXPECT_FALSE(Dutch().IsLocal());
@@ -354,9 +315,9 @@ TEST(Stereographic, AnonymousEllipsoidCloneAndNoDerivedParameter) {
     EXPECT_EQ(derived, -7);
 
     std::unique_ptr<CGxProjection> oblique(Dutch().Clone());
-    ExpectReference(*oblique, kDutch);
+    GxExpectReferenceTable(*oblique, kDutch, kGxMillimetreTable);
     std::unique_ptr<CGxProjection> polar(NorthPolar().Clone());
-    ExpectReference(*polar, kNorthPolar);
+    GxExpectReferenceTable(*polar, kNorthPolar, kGxMillimetreTable);
 }
 
 TEST(Stereographic, NotANumberStaysNotANumber) {
