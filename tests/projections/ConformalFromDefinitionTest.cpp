@@ -14,7 +14,6 @@
 #include <typeinfo>
 #include <vector>
 
-#include "catalogue/CartSetup.h"
 #include "definitions/Lambert1SPProjection.h"
 #include "definitions/Lambert2SPProjection.h"
 #include "definitions/MapProjData.h"
@@ -33,6 +32,8 @@
 #include "projections/Stereographic.h"
 #include "projections/StereographicNorthPole.h"
 #include "projections/StereographicSouthPole.h"
+#include "tests/support/DefinitionCheck.h"
+#include "tests/support/ReferenceCheck.h"
 
 namespace {
 
@@ -41,22 +42,8 @@ using Grid = std::unique_ptr<CGxProjection>;
 using Type = CGxMapProjData::EProjectionType;
 using Params = std::vector<double>;
 
-struct GridPoint {
-    double lon, lat, x, y;
-};
-
 constexpr double kForwardTolerance = 1e-3;  // metres
 constexpr double kInverseTolerance = 1e-9;  // degrees
-
-const CGxEllipsoid& Catalogue(const char* id) {
-    const CGxEllipsoid* e = CGxCartSetup::Instance().GetEllipsoidList().GetEllipsoid(id);
-    if (!e) {
-        ADD_FAILURE() << "ellipsoid " << id << " missing from the system catalogue";
-        static const CGxEllipsoid missing;
-        return missing;
-    }
-    return *e;
-}
 
 Def Make(Type type, const std::string& name, const std::string& ellipsoid, Params params) {
     return Def(CGxMapProjData::CreateProjection(type, name, "Branch", ellipsoid, params.data()));
@@ -81,77 +68,50 @@ const Params kPolarNorth60 = {0.9, 10, 60, 300000, -400000};
 // One reference point per grid, each from the reference table of the
 // projection's own tests:
 // cct -d 6 +proj=lcc +lat_1=49 +lat_2=44 +lat_0=46.5 +lon_0=3 +x_0=700000 +y_0=6600000 +ellps=GRS80
-const GridPoint kLambert93Point = {-1.25, 44.5, 362276.601644, 6386972.828045};
+const GxReferencePoint kLambert93Point = {-1.25, 44.5, 362276.601644, 6386972.828045};
 // cct -d 6 +proj=lcc +lat_1=46.8 +lat_0=46.8 +k_0=0.99987742 +lon_0=2.337229167 +x_0=600000
 //   +y_0=2200000 +ellps=GRS80
-const GridPoint kFrance1SPPoint = {0.25, 45.0, 435388.020629, 2002108.950783};
+const GxReferencePoint kFrance1SPPoint = {0.25, 45.0, 435388.020629, 2002108.950783};
 // cct -d 6 +proj=merc +k_0=0.997 +lon_0=110 +x_0=3900000 +y_0=900000 +ellps=WGS84
-const GridPoint kIndonesiaPoint = {117.25, 6.5, 4704645.109326, 1618139.232733};
+const GxReferencePoint kIndonesiaPoint = {117.25, 6.5, 4704645.109326, 1618139.232733};
 // cct -d 6 +proj=merc +lat_ts=42 +lon_0=51 +x_0=500000 +y_0=-200000 +ellps=krass
-const GridPoint kCaspianPoint = {46.75, 68.5, 147878.376715, 7657601.396043};
+const GxReferencePoint kCaspianPoint = {46.75, 68.5, 147878.376715, 7657601.396043};
 // cct -d 6 +proj=sterea +lat_0=52.15616055555555 +lon_0=5.38763888888889 +k=0.9999079
 //   +x_0=155000 +y_0=463000 +ellps=bessel
-const GridPoint kDutchRDPoint = {7.125, 53.75, 269599.842985, 641732.678815};
+const GxReferencePoint kDutchRDPoint = {7.125, 53.75, 269599.842985, 641732.678815};
 // cct -d 6 +proj=stere +lat_0=90 +lat_ts=60 +lon_0=10 +x_0=300000 +y_0=-400000 +ellps=intl
-const GridPoint kArctic60Point = {95.25, 75.5, 1813818.418972, -525788.610442};
+const GxReferencePoint kArctic60Point = {95.25, 75.5, 1813818.418972, -525788.610442};
 // cct -d 6 +proj=stere +lat_0=-90 +lat_ts=-60 +lon_0=140 +x_0=1000000 +y_0=2000000
 //   +ellps=clrk66
-const GridPoint kAntarctic60Point = {60.0, -77.25, -313865.336794, 2231669.907894};
+const GxReferencePoint kAntarctic60Point = {60.0, -77.25, -313865.336794, 2231669.907894};
 // cct -d 6 +proj=stere +lat_0=-90 +k_0=0.97 +lon_0=-30 +x_0=1500000 +y_0=2500000 +ellps=intl
-const GridPoint kSouthPolarPoint = {-90.0, -80.0, 559377.928804, 3043068.406011};
+const GxReferencePoint kSouthPolarPoint = {-90.0, -80.0, 559377.928804, 3043068.406011};
 // cct -d 6 +proj=stere +lat_0=90 +k_0=0.994 +lon_0=0 +x_0=2000000 +y_0=2000000 +ellps=WGS84
-const GridPoint kUpsNorthPoint = {45.5, 84.0, 2475543.834116, 1532684.375723};
+const GxReferencePoint kUpsNorthPoint = {45.5, 84.0, 2475543.834116, 1532684.375723};
 // cct -d 6 +proj=stere +lat_0=90 +lat_ts=0 +lon_0=0 +x_0=0 +y_0=0 +ellps=WGS84
-const GridPoint kEquatorPoint = {30.0, 45.0, 1327230.200191, -2298830.140070};
+const GxReferencePoint kEquatorPoint = {30.0, 45.0, 1327230.200191, -2298830.140070};
 
 // The definition's grid is the value-built one: same class, same name, same
 // bits forward and inverse around the reference point, same origin,
 // convergence, default area and derived scale; and it meets the reference.
 void ExpectBuiltAs(const CGxMapProjData& def, const CGxProjection& fromValues,
-                   const GridPoint& ref) {
+                   const GxReferencePoint& ref) {
     const Grid grid(def.CreateProjection());
     ASSERT_TRUE(grid);
     EXPECT_EQ(typeid(*grid), typeid(fromValues));
     EXPECT_STREQ(grid->GetName(), def.GetName().c_str());
     EXPECT_FALSE(grid->IsLocal());
-    for (double dLon : {-1.0, 0.0, 1.5}) {
-        for (double dLat : {-1.0, 0.0, 0.5}) {
-            const double lon = ref.lon + dLon, lat = ref.lat + dLat;
-            SCOPED_TRACE(testing::Message() << "lon " << lon << " lat " << lat);
-            double x1, y1, x2, y2;
-            grid->Geo2Proj(lon, lat, &x1, &y1);
-            fromValues.Geo2Proj(lon, lat, &x2, &y2);
-            EXPECT_EQ(x1, x2);
-            EXPECT_EQ(y1, y2);
-            double lon1, lat1, lon2, lat2;
-            grid->Proj2Geo(x2, y2, &lon1, &lat1);
-            fromValues.Proj2Geo(x2, y2, &lon2, &lat2);
-            EXPECT_EQ(lon1, lon2);
-            EXPECT_EQ(lat1, lat2);
-            EXPECT_EQ(grid->GetConvergence(lon, lat), fromValues.GetConvergence(lon, lat));
-        }
-    }
-    double lon1, lat1, lon2, lat2;
-    grid->GetOrigin(&lon1, &lat1);
-    fromValues.GetOrigin(&lon2, &lat2);
-    EXPECT_EQ(lon1, lon2);
-    EXPECT_EQ(lat1, lat2);
-    double area1[4], area2[4];
-    grid->GetDefaultArea(&area1[0], &area1[1], &area1[2], &area1[3]);
-    fromValues.GetDefaultArea(&area2[0], &area2[1], &area2[2], &area2[3]);
-    for (int i = 0; i < 4; ++i) EXPECT_EQ(area1[i], area2[i]);
+    GxExpectSameConversionsAround(*grid, fromValues, ref.lon, ref.lat, {-1.0, 0.0, 1.5},
+                                  {-1.0, 0.0, 0.5});
+    GxExpectSameOrigin(*grid, fromValues);
+    GxExpectSameDefaultArea(*grid, fromValues);
     double derived1 = -1, derived2 = -1;
     grid->GetDerivedParameters(&derived1);
     fromValues.GetDerivedParameters(&derived2);
     EXPECT_EQ(derived1, derived2);
 
-    double x, y, lon, lat;
-    grid->Geo2Proj(ref.lon, ref.lat, &x, &y);
-    EXPECT_NEAR(x, ref.x, kForwardTolerance);
-    EXPECT_NEAR(y, ref.y, kForwardTolerance);
-    grid->Proj2Geo(ref.x, ref.y, &lon, &lat);
-    EXPECT_NEAR(lon, ref.lon, kInverseTolerance);
-    EXPECT_NEAR(lat, ref.lat, kInverseTolerance);
+    GxExpectForward(*grid, ref, kForwardTolerance);
+    GxExpectInverse(*grid, ref, kInverseTolerance);
 }
 
 // Every class of the group with the parameters of a real grid; the wrapper
@@ -178,10 +138,10 @@ const TypeCase kTypes[] = {
 TEST(ConformalFromDefinition, LambertTwoParallels) {
     const Def def = Make(CGxMapProjData::eLambert2SP, "RGF93 / Lambert-93", "RF", kLambert93);
     ASSERT_TRUE(def);
-    ExpectBuiltAs(
-        *def,
-        CGxLambert2SP("RGF93 / Lambert-93", 49, 44, 3, 46.5, 700000, 6600000, Catalogue("RF")),
-        kLambert93Point);
+    ExpectBuiltAs(*def,
+                  CGxLambert2SP("RGF93 / Lambert-93", 49, 44, 3, 46.5, 700000, 6600000,
+                                GxSystemEllipsoid("RF")),
+                  kLambert93Point);
 }
 
 TEST(ConformalFromDefinition, LambertOneParallel) {
@@ -189,7 +149,7 @@ TEST(ConformalFromDefinition, LambertOneParallel) {
     ASSERT_TRUE(def);
     ExpectBuiltAs(*def,
                   CGxLambert1SP("France 1SP", 0.99987742, 2.337229167, 46.8, 600000, 2200000,
-                                Catalogue("RF")),
+                                GxSystemEllipsoid("RF")),
                   kFrance1SPPoint);
 }
 
@@ -220,7 +180,8 @@ TEST(ConformalFromDefinition, LambertOriginReadsBackExactly) {
 TEST(ConformalFromDefinition, MercatorScaleOnTheEquator) {
     const Def def = Make(CGxMapProjData::eMercator1SP, "Indonesia", "WE", kIndonesia);
     ASSERT_TRUE(def);
-    ExpectBuiltAs(*def, CGxMercator1SP("Indonesia", 0.997, 110, 3900000, 900000, Catalogue("WE")),
+    ExpectBuiltAs(*def,
+                  CGxMercator1SP("Indonesia", 0.997, 110, 3900000, 900000, GxSystemEllipsoid("WE")),
                   kIndonesiaPoint);
 }
 
@@ -228,7 +189,7 @@ TEST(ConformalFromDefinition, MercatorScaleOnTheEquator) {
 TEST(ConformalFromDefinition, MercatorStandardParallel) {
     const Def def = Make(CGxMapProjData::eMercator2SP, "Caspian", "KA", kCaspian);
     ASSERT_TRUE(def);
-    ExpectBuiltAs(*def, CGxMercator2SP("Caspian", 42, 51, 500000, -200000, Catalogue("KA")),
+    ExpectBuiltAs(*def, CGxMercator2SP("Caspian", 42, 51, 500000, -200000, GxSystemEllipsoid("KA")),
                   kCaspianPoint);
 }
 
@@ -237,23 +198,24 @@ TEST(ConformalFromDefinition, ObliqueStereographic) {
     ASSERT_TRUE(def);
     ExpectBuiltAs(*def,
                   CGxStereographic("Amersfoort / RD New", 0.9999079, 5.38763888888889,
-                                   52.15616055555555, 155000, 463000, Catalogue("BR")),
+                                   52.15616055555555, 155000, 463000, GxSystemEllipsoid("BR")),
                   kDutchRDPoint);
 }
 
 TEST(ConformalFromDefinition, PoleClassesFromTheirStandardParallel) {
     const Def north = Make(CGxMapProjData::eStereographicNorthPole, "Arctic 60", "IN", kArctic60);
     ASSERT_TRUE(north);
-    ExpectBuiltAs(*north,
-                  CGxStereographicNorthPole("Arctic 60", 60, 10, 300000, -400000, Catalogue("IN")),
-                  kArctic60Point);
+    ExpectBuiltAs(
+        *north,
+        CGxStereographicNorthPole("Arctic 60", 60, 10, 300000, -400000, GxSystemEllipsoid("IN")),
+        kArctic60Point);
     const Def south =
         Make(CGxMapProjData::eStereographicSouthPole, "Antarctic 60", "CC", kAntarctic60);
     ASSERT_TRUE(south);
-    ExpectBuiltAs(
-        *south,
-        CGxStereographicSouthPole("Antarctic 60", -60, 140, 1000000, 2000000, Catalogue("CC")),
-        kAntarctic60Point);
+    ExpectBuiltAs(*south,
+                  CGxStereographicSouthPole("Antarctic 60", -60, 140, 1000000, 2000000,
+                                            GxSystemEllipsoid("CC")),
+                  kAntarctic60Point);
 }
 
 // The wrapper chooses its inner form from the origin latitude: the polar
@@ -264,7 +226,7 @@ TEST(ConformalFromDefinition, PolarWrapperChoosesItsInnerForm) {
     struct Case {
         const char* ellipsoid;
         Params params;
-        GridPoint ref;
+        GxReferencePoint ref;
     };
     const Case cases[] = {
         {"IN", kPolarAtPole, kSouthPolarPoint},
@@ -281,10 +243,10 @@ TEST(ConformalFromDefinition, PolarWrapperChoosesItsInnerForm) {
         SCOPED_TRACE(testing::Message() << "origin latitude " << p[2]);
         const Def def = Make(CGxMapProjData::ePolarStereographic, "Polar", c.ellipsoid, p);
         ASSERT_TRUE(def);
-        ExpectBuiltAs(
-            *def,
-            CGxPolarStereographic("Polar", p[0], p[1], p[2], p[3], p[4], Catalogue(c.ellipsoid)),
-            c.ref);
+        ExpectBuiltAs(*def,
+                      CGxPolarStereographic("Polar", p[0], p[1], p[2], p[3], p[4],
+                                            GxSystemEllipsoid(c.ellipsoid)),
+                      c.ref);
     }
 }
 
@@ -325,13 +287,7 @@ TEST(ConformalFromDefinition, NoNameOrNoDefinitionIsLocalGrid) {
     auto expectLocal = [](const CGxProjection& grid) {
         EXPECT_STREQ(grid.GetName(), "NON-UTM");
         EXPECT_TRUE(grid.IsLocal());
-        double x, y;
-        grid.Geo2Proj(1234.5, -987.25, &x, &y);
-        EXPECT_EQ(x, 1234.5);
-        EXPECT_EQ(y, -987.25);
-        grid.Proj2Geo(1234.5, -987.25, &x, &y);
-        EXPECT_EQ(x, 1234.5);
-        EXPECT_EQ(y, -987.25);
+        GxExpectIdentity(grid, 1234.5, -987.25);
         EXPECT_EQ(grid.GetConvergence(10, 50), 0.0);
     };
     for (const TypeCase& c : kTypes) {
