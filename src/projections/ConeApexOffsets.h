@@ -1,7 +1,7 @@
 #pragma once
 
-// The first step of every conic inverse (Albers, equidistant conic): the
-// offsets (dx, dy) of a point from the apex of the cone, measured so that
+// The first step of every conic inverse (Lambert, Albers, equidistant
+// conic): the offsets (dx, dy) of a point from the apex of the cone, measured so that
 // atan2(dx, dy) is the polar angle n (lon - lon0) and hypot(dx, dy) the
 // radius of the point's parallel. A southern cone (n < 0) has its apex
 // south of the map and negative radii; turning both differences round keeps

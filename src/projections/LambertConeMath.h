@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "foundation/Tolerance.h"
+#include "projections/ConeApexOffsets.h"
 #include "projections/ConformalLatitude.h"
 #include "projections/FromDefinition.h"
 
@@ -48,11 +49,10 @@ struct GxLambertCone {
 
     // Map units in, degrees out.
     void Inverse(double x, double y, double* lon, double* lat) const {
-        const double dx = x - falseEasting;
-        const double dy = rOrigin - (y - falseNorthing);
-        // A southern cone opens the other way: turn the offsets round before
-        // taking the angle, and count the radius negative like n and F.
-        const double theta = n >= 0 ? std::atan2(dx, dy) : std::atan2(-dx, -dy);
+        double dx, dy;
+        GxConeApexOffsets(x, y, falseEasting, falseNorthing, rOrigin, n, &dx, &dy);
+        // The radius counts negative on a southern cone, like n and F.
+        const double theta = std::atan2(dx, dy);
         const double r = apex * std::hypot(dx, dy);
         const double t = std::pow(r / scale, invAbsN);
         *lon = (theta / n + lon0) * 180.0 / kGxPi;
