@@ -6,20 +6,8 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-packages=(cmake ninja-build g++ libboost-dev)
-missing=()
-for p in "${packages[@]}"; do
-  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
-done
-if [ ${#missing[@]} -gt 0 ]; then
-  if [ "$(id -u)" -ne 0 ]; then
-    echo "Missing packages. Install them as root with:"
-    echo "  apt-get install -y ${missing[*]}"
-    exit 1
-  fi
-  apt-get update -qq
-  DEBIAN_FRONTEND=noninteractive apt-get install -y -qq "${missing[@]}"
-fi
+source scripts/packages.sh
+gxcart_require_packages cmake ninja-build g++ libboost-dev
 
 # A build of its own without tests and benchmarks, so it needs neither
 # GoogleTest nor Google Benchmark and leaves the test build alone.
