@@ -31,7 +31,9 @@ void BM_MapProjection_FromWkt(benchmark::State& state) {
 }
 BENCHMARK(BM_MapProjection_FromWkt);
 
-// A zone at the front of the catalogue and a system read from its files.
+// A zone at the front of the catalogue, the first system read from its files,
+// one in the middle and the last before the user's own: a name is found by a
+// walk along the catalogue, so the cost grows with its position.
 void BM_MapProjection_FromCatalogueZone(benchmark::State& state) {
     for (auto _ : state) {
         CGxMapProjection mp("UTM-32");
@@ -40,6 +42,14 @@ void BM_MapProjection_FromCatalogueZone(benchmark::State& state) {
 }
 BENCHMARK(BM_MapProjection_FromCatalogueZone);
 
+void BM_MapProjection_FromCatalogueFirstFileName(benchmark::State& state) {
+    for (auto _ : state) {
+        CGxMapProjection mp("ETRS89-extended / LAEA Europe");
+        benchmark::DoNotOptimize(mp.GetProjection());
+    }
+}
+BENCHMARK(BM_MapProjection_FromCatalogueFirstFileName);
+
 void BM_MapProjection_FromCatalogueFileName(benchmark::State& state) {
     for (auto _ : state) {
         CGxMapProjection mp("NAD83 / New York Long Island");
@@ -47,6 +57,14 @@ void BM_MapProjection_FromCatalogueFileName(benchmark::State& state) {
     }
 }
 BENCHMARK(BM_MapProjection_FromCatalogueFileName);
+
+void BM_MapProjection_FromCatalogueLastFileName(benchmark::State& state) {
+    for (auto _ : state) {
+        CGxMapProjection mp("NAD27 / Wyoming West Central");
+        benchmark::DoNotOptimize(mp.GetProjection());
+    }
+}
+BENCHMARK(BM_MapProjection_FromCatalogueLastFileName);
 
 void BM_MapProjection_FromLongLat(benchmark::State& state) {
     for (auto _ : state) {

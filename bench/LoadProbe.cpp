@@ -1,0 +1,55 @@
+// Loads a copy of libgxcart.so into this fresh process and prints, in
+// nanoseconds, how long dlopen took: the library's whole start-up (locale,
+// data folder, ellipsoid and projection catalogues) up to the point where a
+// caller can convert. The start-up benchmark runs it once per iteration, as
+// a library that was loaded before would not start up again.
+//
+//   gxcart_load_probe <path of libgxcart.so>
+//
+// Exit status 0 when the library loaded and is ready (its flat interface
+// resolves "UTM-32"), 1 otherwise.
+
+#include <dlfcn.h>
+
+#include <chrono>
+#include <cstdio>
+
+#include "gxcart.h"
+
+// The probe is not linked with the library: only the flat interface's types
+// come from its header, the functions from dlsym.
+namespace {
+using GxCreate = decltype(&C_GXMP_CREATE);
+using GxDestroy = decltype(&C_GXMP_DESTROY);
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: %s <path of libgxcart.so>\n", argv[0]);
+        return 1;
+    }
+    const auto t0 = std::chrono::steady_clock::now();
+    void* library = dlopen(argv[1], RTLD_NOW | RTLD_LOCAL);
+    const auto t1 = std::chrono::steady_clock::now();
+    if (!library) {
+        std::fprintf(stderr, "%s\n", dlerror());
+        return 1;
+    }
+
+    // Ready means the catalogue answers: a zone name gives a system.
+    const auto create = reinterpret_cast<GxCreate>(dlsym(library, "C_GXMP_CREATE"));
+    const auto destroy = reinterpret_cast<GxDestroy>(dlsym(library, "C_GXMP_DESTROY"));
+    if (!create || !destroy) {
+        std::fprintf(stderr, "flat interface not found\n");
+        return 1;
+    }
+    GxMapProjectionHandle handle = nullptr;
+    int status = -1;
+    create("UTM-32", &handle, &status);
+    const bool ready = handle != nullptr;
+    destroy(&handle, &status);
+
+    std::printf("%lld\n", static_cast<long long>(
+                              std::chrono::duration_cast<std::chrono::nanoseconds>(t1 - t0).count()));
+    return ready ? 0 : 1;
+}

@@ -1,0 +1,109 @@
+// Library start-up, load to ready: the time dlopen takes to load a fresh copy
+// of libgxcart.so and run its start-up (catalogues read from the data files
+// beside it). A library is started once per process and dlclose need not
+// unload it, so every iteration runs gxcart_load_probe in a new process; the
+// time reported is the one the probe measures around dlopen, not the
+// process's own start.
+//
+// The library and its data files are copied into a temporary folder once, and
+// the probe runs with HOME and XDG_DATA_HOME in that folder, so no user
+// catalogue takes part and nothing is written outside it.
+
+#include <benchmark/benchmark.h>
+
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// A temporary folder holding libgxcart.so, its data files and an empty user
+// folder; removed at the end of the benchmark.
+class GxStartupFolder {
+public:
+    GxStartupFolder() {
+        std::string pattern = (fs::temp_directory_path() / "gxcart-startup-XXXXXX").string();
+        if (!mkdtemp(pattern.data())) return;
+        root = pattern;
+        const fs::path library(GXCART_LIBRARY_FILE);
+        std::error_code ec;
+        fs::copy_file(library, root / "libgxcart.so", ec);
+        for (const auto& entry : fs::directory_iterator(library.parent_path(), ec)) {
+            const std::string ext = entry.path().extension().string();
+            if (ext == ".zpf" || ext == ".setup")
+                fs::copy_file(entry.path(), root / entry.path().filename(), ec);
+        }
+        fs::create_directory(root / "home", ec);
+    }
+    ~GxStartupFolder() {
+        std::error_code ec;
+        if (!root.empty()) fs::remove_all(root, ec);
+    }
+    GxStartupFolder(const GxStartupFolder&) = delete;
+    GxStartupFolder& operator=(const GxStartupFolder&) = delete;
+
+    bool Ok() const { return !root.empty() && fs::exists(root / "libgxcart.so"); }
+    std::string Library() const { return (root / "libgxcart.so").string(); }
+    std::string Home() const { return (root / "home").string(); }
+
+private:
+    fs::path root;
+};
+
+// Runs the probe on the library; its measured load time in seconds, or a
+// negative value when the probe failed.
+double ProbeOnce(const GxStartupFolder& folder) {
+    int out[2];
+    if (pipe(out) != 0) return -1;
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_adddup2(&actions, out[1], STDOUT_FILENO);
+    posix_spawn_file_actions_addclose(&actions, out[0]);
+    posix_spawn_file_actions_addclose(&actions, out[1]);
+
+    std::string probe = GXCART_LOAD_PROBE, library = folder.Library();
+    std::string home = "HOME=" + folder.Home(), xdg = "XDG_DATA_HOME=" + folder.Home();
+    char* args[] = {probe.data(), library.data(), nullptr};
+    char* env[] = {home.data(), xdg.data(), nullptr};
+    pid_t pid = 0;
+    const int spawned = posix_spawn(&pid, probe.c_str(), &actions, nullptr, args, env);
+    posix_spawn_file_actions_destroy(&actions);
+    close(out[1]);
+
+    std::string text;
+    char buffer[64];
+    ssize_t n = 0;
+    while (spawned == 0 && (n = read(out[0], buffer, sizeof buffer)) > 0) text.append(buffer, n);
+    close(out[0]);
+    if (spawned != 0) return -1;
+    int status = 0;
+    waitpid(pid, &status, 0);
+    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) return -1;
+    return std::strtod(text.c_str(), nullptr) * 1e-9;
+}
+
+void BM_LibraryStartupLoadToReady(benchmark::State& state) {
+    const GxStartupFolder folder;
+    if (!folder.Ok()) {
+        state.SkipWithError("could not copy libgxcart.so into a temporary folder");
+        return;
+    }
+    for (auto _ : state) {
+        const double seconds = ProbeOnce(folder);
+        if (seconds < 0) {
+            state.SkipWithError("the load probe failed");
+            break;
+        }
+        state.SetIterationTime(seconds);
+    }
+}
+BENCHMARK(BM_LibraryStartupLoadToReady)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+}  // namespace
