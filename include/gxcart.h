@@ -46,9 +46,20 @@
  *
  * Threads. Objects may be used from several threads for conversions; a
  * handle must not be destroyed while another thread uses it.
+ *
+ * Arrays (the *ARRAY functions). A whole set of points is converted in one
+ * call: point i of the input arrays goes to element i of the output arrays,
+ * and each point gets exactly the bits the single-point function gives it
+ * (NaN and infinities included). An output array may be the same array as an
+ * input array, so a mesh can be converted in place. A null handle, a null
+ * array (other than an optional height array) or a count of 0 does nothing.
+ * The calls start no threads, take no locks and allocate nothing; to use
+ * several cores, give each thread its own slice of the arrays.
  */
 #ifndef GXCART_H
 #define GXCART_H
+
+#include <stddef.h>
 
 #if defined(GXCART_BUILDING)
 #define GXCART_C_API __attribute__((visibility("default")))
@@ -126,6 +137,21 @@ GXCART_C_API void C_GXC_PROJ2XY(GxCartographyHandle handle, double x, double y, 
                                 double* Y) GXCART_NOEXCEPT;
 GXCART_C_API void C_GXC_XY2PROJ(GxCartographyHandle handle, double X, double Y, double* x,
                                 double* y) GXCART_NOEXCEPT;
+/* The same six conversions over count points (see Arrays above). */
+GXCART_C_API void C_GXC_GEO2PROJARRAY(GxCartographyHandle handle, const double* lon,
+                                      const double* lat, double* x, double* y,
+                                      size_t count) GXCART_NOEXCEPT;
+GXCART_C_API void C_GXC_PROJ2GEOARRAY(GxCartographyHandle handle, const double* x, const double* y,
+                                      double* lon, double* lat, size_t count) GXCART_NOEXCEPT;
+GXCART_C_API void C_GXC_GEO2XYARRAY(GxCartographyHandle handle, const double* lon,
+                                    const double* lat, double* X, double* Y,
+                                    size_t count) GXCART_NOEXCEPT;
+GXCART_C_API void C_GXC_XY2GEOARRAY(GxCartographyHandle handle, const double* X, const double* Y,
+                                    double* lon, double* lat, size_t count) GXCART_NOEXCEPT;
+GXCART_C_API void C_GXC_PROJ2XYARRAY(GxCartographyHandle handle, const double* x, const double* y,
+                                     double* X, double* Y, size_t count) GXCART_NOEXCEPT;
+GXCART_C_API void C_GXC_XY2PROJARRAY(GxCartographyHandle handle, const double* X, const double* Y,
+                                     double* x, double* y, size_t count) GXCART_NOEXCEPT;
 /* The grid's angle against projection north, degrees. */
 GXCART_C_API double C_GXC_GETPROJNORTH(GxCartographyHandle handle) GXCART_NOEXCEPT;
 /* The grid's angle against true north at grid point (X, Y), degrees. */
@@ -153,6 +179,13 @@ GXCART_C_API void C_GXMP_GEO2PROJ(GxMapProjectionHandle handle, double lon, doub
                                   double* y) GXCART_NOEXCEPT;
 GXCART_C_API void C_GXMP_PROJ2GEO(GxMapProjectionHandle handle, double x, double y, double* lon,
                                   double* lat) GXCART_NOEXCEPT;
+/* Both conversions over count points (see Arrays above). */
+GXCART_C_API void C_GXMP_GEO2PROJARRAY(GxMapProjectionHandle handle, const double* lon,
+                                       const double* lat, double* x, double* y,
+                                       size_t count) GXCART_NOEXCEPT;
+GXCART_C_API void C_GXMP_PROJ2GEOARRAY(GxMapProjectionHandle handle, const double* x,
+                                       const double* y, double* lon, double* lat,
+                                       size_t count) GXCART_NOEXCEPT;
 /* Geodetic longitude, latitude, height to Earth-centred X, Y, Z and back. */
 GXCART_C_API void C_GXMP_GEO2XYZ(GxMapProjectionHandle handle, double lon, double lat, double h,
                                  double* X, double* Y, double* Z) GXCART_NOEXCEPT;
@@ -186,6 +219,13 @@ GXCART_C_API void C_GXDC_INVCONVERTXY(GxDatumConverterHandle handle, double* x,
                                       double* y) GXCART_NOEXCEPT;
 GXCART_C_API void C_GXDC_INVCONVERTXYH(GxDatumConverterHandle handle, double* x, double* y,
                                        double* h) GXCART_NOEXCEPT;
+/* CONVERTXY(H) and INVCONVERTXY(H) over count points in place (see Arrays
+ * above): with a null h each point goes through the two-value form (height 0
+ * in, height dropped), otherwise through the three-value form. */
+GXCART_C_API void C_GXDC_CONVERTARRAY(GxDatumConverterHandle handle, double* x, double* y,
+                                      double* h, size_t count) GXCART_NOEXCEPT;
+GXCART_C_API void C_GXDC_INVCONVERTARRAY(GxDatumConverterHandle handle, double* x, double* y,
+                                         double* h, size_t count) GXCART_NOEXCEPT;
 /* The geocentric step alone, Earth-centred metres in place. */
 GXCART_C_API void C_GXDC_DATUMSHIFT(GxDatumConverterHandle handle, double* X, double* Y,
                                     double* Z) GXCART_NOEXCEPT;

@@ -34,6 +34,16 @@ void ConvertPoint(GxCartographyHandle handle, PointMember member, double a, doub
     });
 }
 
+// And so do their array forms.
+using ArrayMember = void (CGxCartography::*)(const double*, const double*, double*, double*,
+                                             std::size_t) const;
+
+void ConvertArrays(GxCartographyHandle handle, ArrayMember member, const double* a, const double* b,
+                   double* outA, double* outB, size_t count) noexcept {
+    if (!handle) return;
+    GxGuarded([&] { (handle->*member)(a, b, outA, outB, count); });
+}
+
 }  // namespace
 
 void C_GXC_GEO2PROJ(GxCartographyHandle handle, double lon, double lat, double* x,
@@ -62,6 +72,36 @@ void C_GXC_PROJ2XY(GxCartographyHandle handle, double x, double y, double* X, do
 
 void C_GXC_XY2PROJ(GxCartographyHandle handle, double X, double Y, double* x, double* y) noexcept {
     ConvertPoint(handle, &CGxCartography::Xy2Proj, X, Y, x, y);
+}
+
+void C_GXC_GEO2PROJARRAY(GxCartographyHandle handle, const double* lon, const double* lat,
+                         double* x, double* y, size_t count) noexcept {
+    ConvertArrays(handle, &CGxCartography::Geo2Proj, lon, lat, x, y, count);
+}
+
+void C_GXC_PROJ2GEOARRAY(GxCartographyHandle handle, const double* x, const double* y, double* lon,
+                         double* lat, size_t count) noexcept {
+    ConvertArrays(handle, &CGxCartography::Proj2Geo, x, y, lon, lat, count);
+}
+
+void C_GXC_GEO2XYARRAY(GxCartographyHandle handle, const double* lon, const double* lat, double* X,
+                       double* Y, size_t count) noexcept {
+    ConvertArrays(handle, &CGxCartography::Geo2Xy, lon, lat, X, Y, count);
+}
+
+void C_GXC_XY2GEOARRAY(GxCartographyHandle handle, const double* X, const double* Y, double* lon,
+                       double* lat, size_t count) noexcept {
+    ConvertArrays(handle, &CGxCartography::Xy2Geo, X, Y, lon, lat, count);
+}
+
+void C_GXC_PROJ2XYARRAY(GxCartographyHandle handle, const double* x, const double* y, double* X,
+                        double* Y, size_t count) noexcept {
+    ConvertArrays(handle, &CGxCartography::Proj2Xy, x, y, X, Y, count);
+}
+
+void C_GXC_XY2PROJARRAY(GxCartographyHandle handle, const double* X, const double* Y, double* x,
+                        double* y, size_t count) noexcept {
+    ConvertArrays(handle, &CGxCartography::Xy2Proj, X, Y, x, y, count);
 }
 
 double C_GXC_GETPROJNORTH(GxCartographyHandle handle) noexcept {

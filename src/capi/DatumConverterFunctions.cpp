@@ -62,6 +62,18 @@ void C_GXDC_INVCONVERTXYH(GxDatumConverterHandle handle, double* x, double* y, d
     Apply(handle, static_cast<InPlace3>(&CGxDatumConverter::InvConvert), x, y, h);
 }
 
+void C_GXDC_CONVERTARRAY(GxDatumConverterHandle handle, double* x, double* y, double* h,
+                         size_t count) noexcept {
+    if (!handle) return;
+    GxGuarded([&] { handle->Convert(x, y, h, count); });
+}
+
+void C_GXDC_INVCONVERTARRAY(GxDatumConverterHandle handle, double* x, double* y, double* h,
+                            size_t count) noexcept {
+    if (!handle) return;
+    GxGuarded([&] { handle->InvConvert(x, y, h, count); });
+}
+
 void C_GXDC_DATUMSHIFT(GxDatumConverterHandle handle, double* X, double* Y, double* Z) noexcept {
     Apply(handle, &CGxDatumConverter::DatumShift, X, Y, Z);
 }

@@ -35,6 +35,18 @@ void C_GXMP_PROJ2GEO(GxMapProjectionHandle handle, double x, double y, double* l
     });
 }
 
+void C_GXMP_GEO2PROJARRAY(GxMapProjectionHandle handle, const double* lon, const double* lat,
+                          double* x, double* y, size_t count) noexcept {
+    if (!handle) return;
+    GxGuarded([&] { handle->Geo2Proj(lon, lat, x, y, count); });
+}
+
+void C_GXMP_PROJ2GEOARRAY(GxMapProjectionHandle handle, const double* x, const double* y,
+                          double* lon, double* lat, size_t count) noexcept {
+    if (!handle) return;
+    GxGuarded([&] { handle->Proj2Geo(x, y, lon, lat, count); });
+}
+
 void C_GXMP_GEO2XYZ(GxMapProjectionHandle handle, double lon, double lat, double h, double* X,
                     double* Y, double* Z) noexcept {
     if (!handle) return;

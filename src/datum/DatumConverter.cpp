@@ -304,6 +304,33 @@ void CGxDatumConverter::InvConvert(double& x, double& y) const {
     InvConvert(x, y, z);
 }
 
+void CGxDatumConverter::Convert(double* x, double* y, double* h, std::size_t count) const {
+    _RunArrays(false, x, y, h, count);
+}
+
+void CGxDatumConverter::InvConvert(double* x, double* y, double* h, std::size_t count) const {
+    _RunArrays(true, x, y, h, count);
+}
+
+// The per-point path of Convert and InvConvert with its tests made once: a
+// local grid or an unknown conversion type leaves every point alone, and
+// neither can change during a const call. Without heights each point starts
+// at height 0 and its resulting height is dropped, as in the two-value form.
+void CGxDatumConverter::_RunArrays(bool inverse, double* x, double* y, double* h,
+                                   std::size_t count) const {
+    bool sourceProjected;
+    bool targetProjected;
+    if (!x || !y || local || !_Sides(conversionType, sourceProjected, targetProjected)) return;
+    const CGxMapProjection& from = inverse ? *target : *source;
+    const CGxMapProjection& to = inverse ? *source : *target;
+    const bool inputProjected = inverse ? targetProjected : sourceProjected;
+    const bool outputProjected = inverse ? sourceProjected : targetProjected;
+    for (std::size_t i = 0; i < count; ++i) {
+        double z = 0.0;
+        _Run(from, to, inverse, inputProjected, outputProjected, x[i], y[i], h ? h[i] : z);
+    }
+}
+
 void CGxDatumConverter::InvertOrder() {
     std::swap(source, target);
     if (conversionType == eProjToGeo)

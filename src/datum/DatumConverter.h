@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 #include "foundation/Ellipsoid.h"
 #include "foundation/GxExport.h"
 
@@ -57,6 +59,12 @@ public:
     // and the output source easting/northing.
     void InvConvert(double& x, double& y, double& z) const;
     void InvConvert(double& x, double& y) const;
+    // Both over count points in place: each point goes through the
+    // three-value form with its height h[i], or, when h is null, through the
+    // two-value form, and gets exactly the bits that call gives it. Null x or
+    // y, or count 0, does nothing; nothing is allocated.
+    void Convert(double* x, double* y, double* h, std::size_t count) const;
+    void InvConvert(double* x, double* y, double* h, std::size_t count) const;
 
     // The geocentric step alone, Earth-centred coordinates in metres: source
     // frame to target frame, and back.
@@ -104,6 +112,9 @@ private:
     // is projected.
     void _Run(const CGxMapProjection& from, const CGxMapProjection& to, bool inverseShift,
               bool inputProjected, bool outputProjected, double& x, double& y, double& z) const;
+    // Convert (inverse false) or InvConvert over arrays: the conversion type
+    // and the two systems are looked up once for all points.
+    void _RunArrays(bool inverse, double* x, double* y, double* h, std::size_t count) const;
     // The bypass the two stored shifts give.
     bool _ShiftsAgree() const;
 

@@ -13,6 +13,7 @@
 
 #include "foundation/Tolerance.h"
 #include "mapprojection/MapProjection.h"
+#include "mapprojection/PointArrays.h"
 
 namespace {
 
@@ -140,6 +141,57 @@ void CGxCartography::Xy2Geo(double X, double Y, double* lon_, double* lat_) cons
     double x, y;
     Xy2Proj(X, Y, &x, &y);
     mapProjection->Proj2Geo(x, y, lon_, lat_);
+}
+
+// Array forms. Each point takes the single-point step above; what those
+// steps test for every point (the system, its algorithm) is tested once here
+// with the same outcome: nothing written.
+void CGxCartography::Geo2Proj(const double* lon_, const double* lat_, double* x, double* y,
+                              std::size_t count) const {
+    if (mapProjection) mapProjection->Geo2Proj(lon_, lat_, x, y, count);
+}
+
+void CGxCartography::Proj2Geo(const double* x, const double* y, double* lon_, double* lat_,
+                              std::size_t count) const {
+    if (mapProjection) mapProjection->Proj2Geo(x, y, lon_, lat_, count);
+}
+
+void CGxCartography::Proj2Xy(const double* x, const double* y, double* X, double* Y,
+                             std::size_t count) const {
+    GxConvertPointArrays(x, y, X, Y, count, [this](double a, double b, double* pX, double* pY) {
+        Proj2Xy(a, b, pX, pY);
+    });
+}
+
+void CGxCartography::Xy2Proj(const double* X, const double* Y, double* x, double* y,
+                             std::size_t count) const {
+    GxConvertPointArrays(X, Y, x, y, count, [this](double a, double b, double* px, double* py) {
+        Xy2Proj(a, b, px, py);
+    });
+}
+
+void CGxCartography::Geo2Xy(const double* lon_, const double* lat_, double* X, double* Y,
+                            std::size_t count) const {
+    if (!_HasAlgorithm()) return;
+    const CGxMapProjection& system = *mapProjection;
+    GxConvertPointArrays(lon_, lat_, X, Y, count,
+                         [this, &system](double a, double b, double* pX, double* pY) {
+                             double x, y;
+                             system.Geo2Proj(a, b, &x, &y);
+                             Proj2Xy(x, y, pX, pY);
+                         });
+}
+
+void CGxCartography::Xy2Geo(const double* X, const double* Y, double* lon_, double* lat_,
+                            std::size_t count) const {
+    if (!_HasAlgorithm()) return;
+    const CGxMapProjection& system = *mapProjection;
+    GxConvertPointArrays(X, Y, lon_, lat_, count,
+                         [this, &system](double a, double b, double* pLon, double* pLat) {
+                             double x, y;
+                             Xy2Proj(a, b, &x, &y);
+                             system.Proj2Geo(x, y, pLon, pLat);
+                         });
 }
 
 double CGxCartography::GetTrueNorth(double X, double Y) const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 #include "foundation/GxExport.h"
 
 class CGxMapProjection;
@@ -40,6 +42,21 @@ public:
     // Longitude/latitude to grid coordinates and back.
     void Geo2Xy(double lon, double lat, double* X, double* Y) const;
     void Xy2Geo(double X, double Y, double* lon, double* lat) const;
+
+    // The six conversions over count points: point i of the inputs goes to
+    // element i of the outputs with exactly the bits the single-point call
+    // gives it. An output array may be an input array (in-place conversion).
+    // A null array or count 0 does nothing; nothing is allocated.
+    void Geo2Proj(const double* lon, const double* lat, double* x, double* y,
+                  std::size_t count) const;
+    void Proj2Geo(const double* x, const double* y, double* lon, double* lat,
+                  std::size_t count) const;
+    void Proj2Xy(const double* x, const double* y, double* X, double* Y, std::size_t count) const;
+    void Xy2Proj(const double* X, const double* Y, double* x, double* y, std::size_t count) const;
+    void Geo2Xy(const double* lon, const double* lat, double* X, double* Y,
+                std::size_t count) const;
+    void Xy2Geo(const double* X, const double* Y, double* lon, double* lat,
+                std::size_t count) const;
 
     // The grid's angle against projection north: the orientation less the
     // grid convergence at the origin.

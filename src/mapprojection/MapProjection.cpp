@@ -13,6 +13,7 @@
 #include "foundation/Ellipsoid.h"
 #include "foundation/Projection.h"
 #include "foundation/Tolerance.h"
+#include "mapprojection/PointArrays.h"
 #include "mapprojection/TextTrim.h"
 #include "wkt/PRJParser.h"
 
@@ -140,6 +141,20 @@ void CGxMapProjection::Proj2Geo(double x, double y, double* lon, double* lat) co
     if (!lon || !lat) return;
     info.InvConvert(x, y);
     if (projection) projection->Proj2Geo(x, y, lon, lat);
+}
+
+void CGxMapProjection::Geo2Proj(const double* lon, const double* lat, double* x, double* y,
+                                std::size_t count) const {
+    GxConvertPointArrays(lon, lat, x, y, count, [this](double a, double b, double* px, double* py) {
+        Geo2Proj(a, b, px, py);
+    });
+}
+
+void CGxMapProjection::Proj2Geo(const double* x, const double* y, double* lon, double* lat,
+                                std::size_t count) const {
+    GxConvertPointArrays(x, y, lon, lat, count, [this](double a, double b, double* pl, double* pb) {
+        Proj2Geo(a, b, pl, pb);
+    });
 }
 
 double CGxMapProjection::GetConvergence(double lon, double lat) const {

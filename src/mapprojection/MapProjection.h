@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <list>
 #include <string>
 
@@ -99,6 +100,14 @@ public:
     // Projected coordinates in the system's axis order to longitude/latitude;
     // without algorithm the outputs are left alone.
     void Proj2Geo(double x, double y, double* lon, double* lat) const;
+    // The same over count points: point i of the inputs goes to element i of
+    // the outputs with exactly the bits the single-point call gives it. An
+    // output array may be an input array (in-place conversion). A null array
+    // or count 0 does nothing; nothing is allocated and no lock is taken.
+    void Geo2Proj(const double* lon, const double* lat, double* x, double* y,
+                  std::size_t count) const;
+    void Proj2Geo(const double* x, const double* y, double* lon, double* lat,
+                  std::size_t count) const;
     // Grid convergence in degrees; 0 without algorithm.
     double GetConvergence(double lon, double lat) const;
     // Longitude and latitude of the projection origin.
