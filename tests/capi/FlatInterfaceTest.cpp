@@ -6,11 +6,14 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstddef>
 #include <cstring>
 #include <fstream>
+#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <thread>
+#include <utility>
 
 #include "datum/DatumConverter.h"
 #include "foundation/Projection.h"
@@ -30,6 +33,12 @@ const char* const kExportedNames[] = {
     "C_GXC_XY2GEO",
     "C_GXC_PROJ2XY",
     "C_GXC_XY2PROJ",
+    "C_GXC_GEO2PROJARRAY",
+    "C_GXC_PROJ2GEOARRAY",
+    "C_GXC_GEO2XYARRAY",
+    "C_GXC_XY2GEOARRAY",
+    "C_GXC_PROJ2XYARRAY",
+    "C_GXC_XY2PROJARRAY",
     "C_GXC_GETPROJNORTH",
     "C_GXC_GETTRUENORTH",
     "C_GXC_GETPROJECTION",
@@ -40,6 +49,8 @@ const char* const kExportedNames[] = {
     "C_GXMP_DESTROY",
     "C_GXMP_GEO2PROJ",
     "C_GXMP_PROJ2GEO",
+    "C_GXMP_GEO2PROJARRAY",
+    "C_GXMP_PROJ2GEOARRAY",
     "C_GXMP_GEO2XYZ",
     "C_GXMP_XYZ2GEO",
     "C_GXMP_GETCONVERGENCE",
@@ -53,6 +64,8 @@ const char* const kExportedNames[] = {
     "C_GXDC_CONVERTXYH",
     "C_GXDC_INVCONVERTXY",
     "C_GXDC_INVCONVERTXYH",
+    "C_GXDC_CONVERTARRAY",
+    "C_GXDC_INVCONVERTARRAY",
     "C_GXDC_DATUMSHIFT",
     "C_GXDC_INVDATUMSHIFT",
     "C_GXDC_INVERTORDER",
@@ -181,6 +194,82 @@ TEST(FlatInterface, MapProjectionFunctionsMatchTheClass) {
         EXPECT_STREQ(name, object.GetName());
         C_GXMP_DESTROY(&handle, &status);
     }
+}
+
+// Each array function reaches the array member of its own name (the members
+// themselves are held to the single-point calls in BatchConversionTest): the
+// same points give the same bits. A null handle leaves the arrays alone.
+TEST(FlatInterface, ArrayFunctionsReachTheirMembers) {
+    const double a[4] = {9.5, 12.5, 537117.141935, -1.0};
+    const double b[4] = {48.25, 48.25, 5344208.122025, 95.0};
+    auto same = [](const double* u, const double* v) {
+        return std::memcmp(u, v, 4 * sizeof *u) == 0;
+    };
+
+    using CArray =
+        void (*)(GxCartographyHandle, const double*, const double*, double*, double*, size_t);
+    using Member =
+        void (CGxCartography::*)(const double*, const double*, double*, double*, std::size_t) const;
+    const std::pair<CArray, Member> grid[] = {
+        {C_GXC_GEO2PROJARRAY, &CGxCartography::Geo2Proj},
+        {C_GXC_PROJ2GEOARRAY, &CGxCartography::Proj2Geo},
+        {C_GXC_GEO2XYARRAY, &CGxCartography::Geo2Xy},
+        {C_GXC_XY2GEOARRAY, &CGxCartography::Xy2Geo},
+        {C_GXC_PROJ2XYARRAY, &CGxCartography::Proj2Xy},
+        {C_GXC_XY2PROJARRAY, &CGxCartography::Xy2Proj},
+    };
+    GxCartographyHandle cart = nullptr;
+    int status = 0;
+    C_GXC_CREATE("UTM-32", 9.5, 48.25, 10.0, &cart, &status);
+    ASSERT_NE(cart, nullptr);
+    for (std::size_t k = 0; k < std::size(grid); ++k) {
+        double x1[4] = {}, y1[4] = {}, x2[4] = {}, y2[4] = {};
+        grid[k].first(cart, a, b, x1, y1, 4);
+        (cart->*grid[k].second)(a, b, x2, y2, 4);
+        EXPECT_TRUE(same(x1, x2) && same(y1, y2)) << k;
+        grid[k].first(nullptr, a, b, x1, y1, 4);
+        EXPECT_TRUE(same(x1, x2) && same(y1, y2)) << k;
+    }
+    C_GXC_DESTROY(&cart, &status);
+
+    GxMapProjectionHandle mp = nullptr;
+    C_GXMP_CREATE(
+        ReadFirstLine(std::string(GXCART_TEST_DATA) + "/mapprojection/gk3_north_east.prj").c_str(),
+        &mp, &status);
+    ASSERT_NE(mp, nullptr);
+    double x1[4] = {}, y1[4] = {}, x2[4] = {}, y2[4] = {};
+    C_GXMP_GEO2PROJARRAY(mp, a, b, x1, y1, 4);
+    mp->Geo2Proj(a, b, x2, y2, 4);
+    EXPECT_TRUE(same(x1, x2) && same(y1, y2));
+    C_GXMP_PROJ2GEOARRAY(mp, b, a, x1, y1, 4);
+    mp->Proj2Geo(b, a, x2, y2, 4);
+    EXPECT_TRUE(same(x1, x2) && same(y1, y2));
+    C_GXMP_DESTROY(&mp, &status);
+
+    // Heights given and not, forward and back, across datums so that heights
+    // change.
+    GxDatumConverterHandle dc = nullptr;
+    const std::string ed50 =
+        ReadFirstLine(std::string(GXCART_TEST_DATA) + "/wkt/ed50_utm32_towgs84_gdal.prj");
+    C_GXDC_CREATE("UTM-32", ed50.c_str(), &dc, &status);
+    ASSERT_NE(dc, nullptr);
+    C_GXDC_SETCONVERSIONTYPE(dc, GXCART_GEO_TO_PROJ);
+    for (int round = 0; round < 4; ++round) {
+        const bool inverse = round >= 2, heights = round % 2 == 1;
+        double x[2][4], y[2][4], h[2][4] = {{0, 100, -50, 1e4}, {0, 100, -50, 1e4}};
+        for (int c = 0; c < 2; ++c) {
+            std::memcpy(x[c], inverse ? b : a, sizeof a);
+            std::memcpy(y[c], inverse ? a : b, sizeof a);
+        }
+        (inverse ? C_GXDC_INVCONVERTARRAY : C_GXDC_CONVERTARRAY)(dc, x[0], y[0],
+                                                                 heights ? h[0] : nullptr, 4);
+        if (inverse)
+            dc->InvConvert(x[1], y[1], heights ? h[1] : nullptr, 4);
+        else
+            dc->Convert(x[1], y[1], heights ? h[1] : nullptr, 4);
+        EXPECT_TRUE(same(x[0], x[1]) && same(y[0], y[1]) && same(h[0], h[1])) << round;
+    }
+    C_GXDC_DESTROY(&dc, &status);
 }
 
 // The caller owns the algorithm: it converts on its own and is deleted here.

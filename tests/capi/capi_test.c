@@ -360,6 +360,25 @@ static void test_datum_converter(void) {
     CHECK_NEAR(x, kX32, kMetre);
     CHECK_NEAR(y, kY32, kMetre);
 
+    /* A mesh in place: with heights, then without (each point at height 0). */
+    {
+        double xs[2] = {kX32, kX32}, ys[2] = {kY32, kY32}, hs[2] = {120.0, 0.0};
+        C_GXDC_CONVERTARRAY(dc, xs, ys, hs, 2);
+        CHECK_NEAR(xs[0], kXEd50, kMetre);
+        CHECK_NEAR(ys[0], kYEd50, kMetre);
+        CHECK_NEAR(hs[0], kHEd50, kMetre);
+        CHECK_NEAR(xs[1], kXEd50NoHeight, kMetre);
+        C_GXDC_INVCONVERTARRAY(dc, xs, ys, NULL, 2);
+        CHECK_NEAR(xs[0], kX32, kMetre);
+        CHECK_NEAR(ys[1], kY32, kMetre);
+        /* A null handle or array changes nothing. */
+        x = xs[0];
+        h = hs[0];
+        C_GXDC_CONVERTARRAY(NULL, xs, ys, hs, 2);
+        C_GXDC_CONVERTARRAY(dc, xs, NULL, hs, 2);
+        CHECK(xs[0] == x && hs[0] == h);
+    }
+
     /* WGS 84 to ED50 in the geocentric frame is the shift +87 +98 +121. */
     X = kGeoX;
     Y = kGeoY;
