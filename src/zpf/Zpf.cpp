@@ -8,11 +8,14 @@
 #include "zpf/zpf.h"
 
 #include <algorithm>
+#include <charconv>
 #include <climits>
 #include <cmath>
-#include <fstream>
+#include <cstdio>
 #include <filesystem>
-#include <sstream>
+#include <memory>
+#include <new>
+#include <string_view>
 #include <system_error>
 
 #include "foundation/NumberText.h"
@@ -42,13 +45,34 @@ ErrorState& LastError() {
     return state;
 }
 
-void SetError(int code, const std::string& message) {
+// The message is assembled from its pieces straight into the thread's
+// buffer: failed look-ups are routine (a definition asks for every optional
+// keyword of its type), so reporting one allocates nothing.
+template <class... Pieces>
+void SetError(int code, const Pieces&... pieces) {
     ErrorState& e = LastError();
     e.code = code;
-    const std::size_t n = std::min(message.size(), sizeof e.message - 1);
-    message.copy(e.message, n);
+    std::size_t n = 0;
+    auto append = [&e, &n](std::string_view piece) {
+        const std::size_t take = std::min(piece.size(), sizeof e.message - 1 - n);
+        piece.copy(e.message + n, take);
+        n += take;
+    };
+    (append(std::string_view(pieces)), ...);
     e.message[n] = '\0';
 }
+
+// An occurrence or position as message text.
+class Count {
+public:
+    explicit Count(long long n)
+        : size_(static_cast<std::size_t>(std::to_chars(text_, text_ + sizeof text_, n).ptr - text_)) {}
+    operator std::string_view() const { return {text_, size_}; }
+
+private:
+    char text_[24];
+    std::size_t size_;
+};
 
 void ClearError() {
     ErrorState& e = LastError();
@@ -56,13 +80,11 @@ void ClearError() {
     e.message[0] = '\0';
 }
 
-std::string Quote(const char* text) { return std::string("'") + text + "'"; }
-
 // Handle checks that report a failure in the name of the calling function.
 template <class Node>
 Node* Need(void* handle, Kind kind, const char* function, const char* what) {
     Node* node = As<Node>(handle, kind);
-    if (!node) SetError(eZpfNullHandle, std::string(function) + ": " + (handle ? "not a " : "null ") + what + " handle");
+    if (!node) SetError(eZpfNullHandle, function, ": ", handle ? "not a " : "null ", what, " handle");
     return node;
 }
 
@@ -73,55 +95,57 @@ gxzpf::Keyword* NeedKeyword(void* h, const char* fn) { return Need<gxzpf::Keywor
 gxzpf::Value* NeedValue(void* h, const char* fn) { return Need<gxzpf::Value>(h, Kind::Value, fn, "value"); }
 
 bool NeedText(const void* text, const char* function, const char* what) {
-    if (!text) SetError(eZpfNullHandle, std::string(function) + ": null " + what);
+    if (!text) SetError(eZpfNullHandle, function, ": null ", what);
     return text != nullptr;
 }
 
-// The num-th (1-based) element of a list of owned nodes whose name is name,
-// or any name when name is null.
+// The num-th (1-based) node of a list.
 template <class Node>
-Node* NthNamed(const std::vector<std::unique_ptr<Node>>& nodes, const char* name, int num) {
+Node* Nth(const std::vector<Node*>& nodes, int num) {
+    if (num < 1 || static_cast<std::size_t>(num) > nodes.size()) return nullptr;
+    return nodes[static_cast<std::size_t>(num) - 1];
+}
+
+// The num-th (1-based) node of a list whose name is name.
+template <class Node>
+Node* NthNamed(const std::vector<Node*>& nodes, const char* name, int num) {
     if (num < 1) return nullptr;
-    for (const auto& node : nodes)
-        if ((!name || node->name == name) && --num == 0) return node.get();
+    const std::string_view wanted(name);
+    for (Node* node : nodes)
+        if (node->name == wanted && --num == 0) return node;
     return nullptr;
 }
 
-template <class Node>
-Node* NotFound(const char* function, const std::string& what) {
-    SetError(eZpfNotFound, std::string(function) + ": " + what + " not found");
+// Reports that what (given in pieces) is absent and answers null.
+template <class... Pieces>
+void* NotFound(const char* function, const Pieces&... what) {
+    SetError(eZpfNotFound, function, ": ", what..., " not found");
     return nullptr;
 }
 
 gxzpf::Section* OpenSection(void* handle, const char* function) {
     gxzpf::Section* section = NeedSection(handle, function);
     if (section && !section->open) {
-        SetError(eZpfState, std::string(function) + ": section '" + section->name + "' is not open for writing");
+        SetError(eZpfState, function, ": section '", section->name, "' is not open for writing");
         return nullptr;
     }
     return section;
 }
 
 gxzpf::Keyword* AppendKeyword(gxzpf::Section& section, const char* name) {
-    auto keyword = std::make_unique<gxzpf::Keyword>();
-    keyword->name = name;
-    keyword->section = &section;
-    section.keywords.push_back(std::move(keyword));
-    return section.keywords.back().get();
+    return section.file->AddKeyword(section, name);
 }
 
 void AppendNumber(gxzpf::Keyword& keyword, double number) {
-    auto value = std::make_unique<gxzpf::Value>();
+    gxzpf::Value* value = keyword.section->file->AddValue(keyword);
     value->number = number;
     value->text = GxFormatNumberShortest(number);
-    keyword.values.push_back(std::move(value));
 }
 
 void AppendText(gxzpf::Keyword& keyword, const std::string& text) {
-    auto value = std::make_unique<gxzpf::Value>();
+    gxzpf::Value* value = keyword.section->file->AddValue(keyword);
     value->isText = true;
     value->text = text;
-    keyword.values.push_back(std::move(value));
 }
 
 gxzpf::Value* FindValue(void* section, const char* keyword, int occurrence, int valueNum, const void* out,
@@ -131,25 +155,41 @@ gxzpf::Value* FindValue(void* section, const char* keyword, int occurrence, int 
         return nullptr;
     gxzpf::Keyword* k = NthNamed(s->keywords, keyword, occurrence);
     if (!k)
-        return NotFound<gxzpf::Value>(function, "keyword " + Quote(keyword) + " (occurrence " +
-                                                    std::to_string(occurrence) + ") in section '" + s->name + "'");
-    if (valueNum < 1 || static_cast<std::size_t>(valueNum) > k->values.size())
-        return NotFound<gxzpf::Value>(function, "value " + std::to_string(valueNum) + " of keyword " + Quote(keyword));
-    return k->values[static_cast<std::size_t>(valueNum) - 1].get();
+        return static_cast<gxzpf::Value*>(NotFound(function, "keyword '", keyword, "' (occurrence ",
+                                                   Count(occurrence), ") in section '", s->name, "'"));
+    if (valueNum >= 1 && static_cast<std::size_t>(valueNum) <= k->ValueCount())
+        return k->ValueAt(static_cast<std::size_t>(valueNum) - 1);
+    return static_cast<gxzpf::Value*>(NotFound(function, "value ", Count(valueNum), " of keyword '", keyword, "'"));
 }
 
 bool NumberOf(const gxzpf::Value& value, double* out, const char* function) {
     if (value.isText) {
-        SetError(eZpfNotANumber, std::string(function) + ": the text \"" + value.text + "\" is not a number");
+        SetError(eZpfNotANumber, function, ": the text \"", value.text, "\" is not a number");
         return false;
     }
     *out = value.number;
     return true;
 }
 
-template <class Node>
-int CountOf(const std::vector<std::unique_ptr<Node>>& nodes) {
-    return nodes.size() > static_cast<std::size_t>(INT_MAX) ? INT_MAX : static_cast<int>(nodes.size());
+int CountOf(std::size_t count) {
+    return count > static_cast<std::size_t>(INT_MAX) ? INT_MAX : static_cast<int>(count);
+}
+
+// The whole content of a file in one read, its size taken beforehand; a file
+// that grows meanwhile is still read to its end.
+bool ReadWhole(const char* path, std::string& out) {
+    std::FILE* in = std::fopen(path, "rb");
+    if (!in) return false;
+    long size = 0;
+    if (std::fseek(in, 0, SEEK_END) == 0) size = std::ftell(in);
+    std::rewind(in);
+    out.resize(size > 0 ? static_cast<std::size_t>(size) : 0);
+    out.resize(std::fread(&out[0], 1, out.size(), in));
+    char chunk[4096];
+    for (std::size_t n; (n = std::fread(chunk, 1, sizeof chunk, in)) > 0;) out.append(chunk, n);
+    const bool ok = std::ferror(in) == 0;
+    std::fclose(in);
+    return ok;
 }
 
 }  // namespace
@@ -160,29 +200,32 @@ void* zpfLoadFile(const char* path) {
     std::error_code ec;
     auto status = std::filesystem::status(path, ec);
     if (status.type() == std::filesystem::file_type::not_found) {
-        SetError(eZpfNotFound, std::string("zpfLoadFile: no file ") + Quote(path));
+        SetError(eZpfNotFound, "zpfLoadFile: no file '", path, "'");
         return nullptr;
     }
     // Folders, devices and pipes are refused: a device such as /dev/zero
     // would never end.
     if (!std::filesystem::is_regular_file(status)) {
-        SetError(eZpfIo, std::string("zpfLoadFile: ") + Quote(path) + " is not a regular file");
+        SetError(eZpfIo, "zpfLoadFile: '", path, "' is not a regular file");
         return nullptr;
     }
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream content;
-    if (in) content << in.rdbuf();
-    if (!in || in.bad()) {
-        SetError(eZpfIo, std::string("zpfLoadFile: cannot read ") + Quote(path));
+    try {
+        std::string content;
+        if (!ReadWhole(path, content)) {
+            SetError(eZpfIo, "zpfLoadFile: cannot read '", path, "'");
+            return nullptr;
+        }
+        auto file = std::make_unique<gxzpf::File>();
+        std::string message;
+        if (!gxzpf::Parse(content, *file, message)) {
+            SetError(eZpfSyntax, path, ": ", message);
+            return nullptr;
+        }
+        return file.release();
+    } catch (const std::bad_alloc&) {
+        SetError(eZpfIo, "zpfLoadFile: '", path, "' is too large to be read");
         return nullptr;
     }
-    auto file = std::make_unique<gxzpf::File>();
-    std::string message;
-    if (!gxzpf::Parse(content.str(), *file, message)) {
-        SetError(eZpfSyntax, std::string(path) + ": " + message);
-        return nullptr;
-    }
-    return file.release();
 }
 
 void* zpfCreate() {
@@ -196,7 +239,7 @@ int zpfWrite(void* file, const char* path) {
     if (!f || !NeedText(path, "zpfWrite", "path")) return 0;
     std::string message;
     if (!gxzpf::WriteReplacing(path, gxzpf::Format(*f), message)) {
-        SetError(eZpfIo, "zpfWrite: " + message);
+        SetError(eZpfIo, "zpfWrite: ", message);
         return 0;
     }
     return 1;
@@ -223,44 +266,42 @@ void* zpfTargetByNameNum(void* file, const char* name, int num) {
     gxzpf::File* f = NeedFile(file, "zpfTargetByNameNum");
     if (!f || !NeedText(name, "zpfTargetByNameNum", "name")) return nullptr;
     if (gxzpf::Target* t = NthNamed(f->targets, name, num)) return t;
-    return NotFound<void>("zpfTargetByNameNum", "block " + Quote(name) + " (occurrence " + std::to_string(num) + ")");
+    return NotFound("zpfTargetByNameNum", "block '", name, "' (occurrence ", Count(num), ")");
 }
 
 void* zpfAddTarget(void* file, const char* name) {
     gxzpf::File* f = NeedFile(file, "zpfAddTarget");
     if (!f || !NeedText(name, "zpfAddTarget", "name")) return nullptr;
-    auto target = std::make_unique<gxzpf::Target>();
-    target->name = name;
-    f->targets.push_back(std::move(target));
-    return f->targets.back().get();
+    return f->AddTarget(name);
 }
 
 void* zpfSectionByNameNum(void* target, const char* name, int num) {
     gxzpf::Target* t = NeedTarget(target, "zpfSectionByNameNum");
     if (!t || !NeedText(name, "zpfSectionByNameNum", "name")) return nullptr;
     if (gxzpf::Section* s = NthNamed(t->sections, name, num)) return s;
-    return NotFound<void>("zpfSectionByNameNum", "section " + Quote(name) + " (occurrence " + std::to_string(num) +
-                                                     ") in block '" + t->name + "'");
+    return NotFound("zpfSectionByNameNum", "section '", name, "' (occurrence ", Count(num), ") in block '", t->name,
+                    "'");
 }
 
 void* zpfSectionByNum(void* target, int num) {
     gxzpf::Target* t = NeedTarget(target, "zpfSectionByNum");
     if (!t) return nullptr;
-    if (gxzpf::Section* s = NthNamed(t->sections, nullptr, num)) return s;
-    return NotFound<void>("zpfSectionByNum", "section " + std::to_string(num) + " in block '" + t->name + "'");
+    if (gxzpf::Section* s = Nth(t->sections, num)) return s;
+    return NotFound("zpfSectionByNum", "section ", Count(num), " in block '", t->name, "'");
 }
 
 int zpfGetNoSections(void* target) {
     gxzpf::Target* t = NeedTarget(target, "zpfGetNoSections");
-    return t ? CountOf(t->sections) : 0;
+    return t ? CountOf(t->sections.size()) : 0;
 }
 
 int zpfGetNoInstances(void* target, const char* name) {
     gxzpf::Target* t = NeedTarget(target, "zpfGetNoInstances");
     if (!t || !NeedText(name, "zpfGetNoInstances", "name")) return 0;
     int count = 0;
-    for (const auto& s : t->sections)
-        if (s->name == name && count < INT_MAX) ++count;
+    const std::string_view wanted(name);
+    for (const gxzpf::Section* s : t->sections)
+        if (s->name == wanted && count < INT_MAX) ++count;
     return count;
 }
 
@@ -268,8 +309,7 @@ std::string zpfGetName(void* handle) {
     if (auto* t = As<gxzpf::Target>(handle, Kind::Target)) return t->name;
     if (auto* s = As<gxzpf::Section>(handle, Kind::Section)) return s->name;
     if (auto* k = As<gxzpf::Keyword>(handle, Kind::Keyword)) return k->name;
-    SetError(eZpfNullHandle,
-             std::string("zpfGetName: ") + (handle ? "not a block, section or keyword" : "null") + " handle");
+    SetError(eZpfNullHandle, "zpfGetName: ", handle ? "not a block, section or keyword" : "null", " handle");
     return std::string();
 }
 
@@ -279,21 +319,19 @@ void* zpfAddSection(void* targetOrFile, const char* name) {
     if (!t) {
         gxzpf::File* f = As<gxzpf::File>(targetOrFile, Kind::File);
         if (!f) {
-            SetError(eZpfNullHandle, std::string(fn) + ": " + (targetOrFile ? "not a" : "null") + " block or file handle");
+            SetError(eZpfNullHandle, fn, ": ", targetOrFile ? "not a" : "null", " block or file handle");
             return nullptr;
         }
         if (f->targets.empty()) {
-            SetError(eZpfState, std::string(fn) + ": the file has no block to hold a section");
+            SetError(eZpfState, fn, ": the file has no block to hold a section");
             return nullptr;
         }
-        t = f->targets.back().get();
+        t = f->targets.back();
     }
     if (!NeedText(name, fn, "name")) return nullptr;
-    auto section = std::make_unique<gxzpf::Section>();
-    section->name = name;
+    gxzpf::Section* section = t->file->AddSection(*t, name);
     section->open = true;
-    t->sections.push_back(std::move(section));
-    return t->sections.back().get();
+    return section;
 }
 
 int zpfEndSection(void* section) {
@@ -338,21 +376,21 @@ void* zpfKeywordByNameNum(void* section, const char* keyword, int occurrence) {
     gxzpf::Section* s = NeedSection(section, "zpfKeywordByNameNum");
     if (!s || !NeedText(keyword, "zpfKeywordByNameNum", "keyword name")) return nullptr;
     if (gxzpf::Keyword* k = NthNamed(s->keywords, keyword, occurrence)) return k;
-    return NotFound<void>("zpfKeywordByNameNum", "keyword " + Quote(keyword) + " (occurrence " +
-                                                     std::to_string(occurrence) + ") in section '" + s->name + "'");
+    return NotFound("zpfKeywordByNameNum", "keyword '", keyword, "' (occurrence ", Count(occurrence), ") in section '",
+                    s->name, "'");
 }
 
 int zpfGetNoParams(void* keyword) {
     gxzpf::Keyword* k = NeedKeyword(keyword, "zpfGetNoParams");
-    return k ? CountOf(k->values) : 0;
+    return k ? CountOf(k->ValueCount()) : 0;
 }
 
 void* zpfParamByNum(void* keyword, int num) {
     gxzpf::Keyword* k = NeedKeyword(keyword, "zpfParamByNum");
     if (!k) return nullptr;
-    if (num < 1 || static_cast<std::size_t>(num) > k->values.size())
-        return NotFound<void>("zpfParamByNum", "value " + std::to_string(num) + " of keyword '" + k->name + "'");
-    return k->values[static_cast<std::size_t>(num) - 1].get();
+    if (num >= 1 && static_cast<std::size_t>(num) <= k->ValueCount())
+        return k->ValueAt(static_cast<std::size_t>(num) - 1);
+    return NotFound("zpfParamByNum", "value ", Count(num), " of keyword '", k->name, "'");
 }
 
 int zpfGetInt(void* param, int* value) {
@@ -364,7 +402,7 @@ int zpfGetInt(void* param, int* value) {
     // "-45", "45.0" and "4.5e1" all read as -45 or 45; "12.5" is refused
     // rather than cut to 12.
     if (!(number >= INT_MIN && number <= INT_MAX) || std::trunc(number) != number) {
-        SetError(eZpfNotANumber, "zpfGetInt: '" + v->text + "' is not an integer");
+        SetError(eZpfNotANumber, "zpfGetInt: '", v->text, "' is not an integer");
         return 0;
     }
     *value = static_cast<int>(number);
@@ -379,26 +417,26 @@ int zpfGetDouble(void* param, double* value) {
 
 int zpfGetNoTargets(void* file) {
     gxzpf::File* f = NeedFile(file, "zpfGetNoTargets");
-    return f ? CountOf(f->targets) : 0;
+    return f ? CountOf(f->targets.size()) : 0;
 }
 
 void* zpfTargetByNum(void* file, int num) {
     gxzpf::File* f = NeedFile(file, "zpfTargetByNum");
     if (!f) return nullptr;
-    if (gxzpf::Target* t = NthNamed(f->targets, nullptr, num)) return t;
-    return NotFound<void>("zpfTargetByNum", "block " + std::to_string(num));
+    if (gxzpf::Target* t = Nth(f->targets, num)) return t;
+    return NotFound("zpfTargetByNum", "block ", Count(num));
 }
 
 int zpfGetNoKeywords(void* section) {
     gxzpf::Section* s = NeedSection(section, "zpfGetNoKeywords");
-    return s ? CountOf(s->keywords) : 0;
+    return s ? CountOf(s->keywords.size()) : 0;
 }
 
 void* zpfKeywordByNum(void* section, int num) {
     gxzpf::Section* s = NeedSection(section, "zpfKeywordByNum");
     if (!s) return nullptr;
-    if (gxzpf::Keyword* k = NthNamed(s->keywords, nullptr, num)) return k;
-    return NotFound<void>("zpfKeywordByNum", "keyword " + std::to_string(num) + " in section '" + s->name + "'");
+    if (gxzpf::Keyword* k = Nth(s->keywords, num)) return k;
+    return NotFound("zpfKeywordByNum", "keyword ", Count(num), " in section '", s->name, "'");
 }
 
 void* zpfAddKeyword(void* section, const char* keyword) {
@@ -412,7 +450,7 @@ namespace {
 gxzpf::Keyword* KeywordOfOpenSection(void* keyword, const char* function) {
     gxzpf::Keyword* k = NeedKeyword(keyword, function);
     if (k && !(k->section && k->section->open)) {
-        SetError(eZpfState, std::string(function) + ": keyword '" + k->name + "' is not in an open section");
+        SetError(eZpfState, function, ": keyword '", k->name, "' is not in an open section");
         return nullptr;
     }
     return k;

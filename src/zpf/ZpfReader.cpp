@@ -11,7 +11,9 @@
 
 #include <cstddef>
 #include <cstdio>
+#include <string>
 #include <string_view>
+#include <utility>
 
 #include "foundation/NumberText.h"
 
@@ -28,6 +30,13 @@ bool IsNameChar(char c) {
 }
 
 bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+
+// A character that stands for itself inside a quoted text: neither the
+// closing quote, nor an escape, nor a control character (tab excepted).
+bool IsPlainInText(char c) {
+    unsigned char u = static_cast<unsigned char>(c);
+    return c != '"' && c != '\\' && (u >= 0x20 || c == '\t') && u != 0x7F;
+}
 
 int HexDigit(char c) {
     if (c >= '0' && c <= '9') return c - '0';
@@ -76,11 +85,11 @@ public:
         _SkipBlanks();
         if (pos_ < line_.size() && line_[pos_] == '{') {
             ++pos_;
-            return _Open(name) && _ExpectEnd("after '{'");
+            return _Open(std::move(name)) && _ExpectEnd("after '{'");
         }
         if (pos_ < line_.size() && line_[pos_] == '=') {
             ++pos_;
-            return _Keyword(name);
+            return _Keyword(std::move(name));
         }
         return _Fail("expected '{' or '=' after " + ShowText(name));
     }
@@ -89,8 +98,7 @@ public:
     bool Finish() {
         if (depth_ == 2) {
             lineNo_ = sectionLine_;
-            return _Fail("section " + ShowText(file_.targets.back()->sections.back()->name) +
-                         " is not closed");
+            return _Fail("section " + ShowText(file_.targets.back()->sections.back()->name) + " is not closed");
         }
         if (depth_ == 1) {
             lineNo_ = targetLine_;
@@ -136,6 +144,12 @@ private:
         ++pos_;
         out.clear();
         while (pos_ < line_.size()) {
+            // Plain characters are taken as one run.
+            std::size_t run = pos_;
+            while (run < line_.size() && IsPlainInText(line_[run])) ++run;
+            out.append(line_.data() + pos_, run - pos_);
+            pos_ = run;
+            if (pos_ >= line_.size()) break;
             char c = line_[pos_++];
             if (c == '"') return true;
             if (c == '\\') {
@@ -159,25 +173,19 @@ private:
                 }
                 continue;
             }
-            unsigned char u = static_cast<unsigned char>(c);
-            if ((u < 0x20 && c != '\t') || u == 0x7F)
-                return _Fail("control character " + ShowChar(c) + " in a quoted text (write it as \\x" +
-                             ShowChar(c).substr(2) + ")");
-            out += c;
+            // Anything else that ends a run is a control character.
+            return _Fail("control character " + ShowChar(c) + " in a quoted text (write it as \\x" +
+                         ShowChar(c).substr(2) + ")");
         }
         return _Fail("unterminated string");
     }
 
-    bool _Open(const std::string& name) {
+    bool _Open(std::string name) {
         if (depth_ == 0) {
-            auto target = std::make_unique<Target>();
-            target->name = name;
-            file_.targets.push_back(std::move(target));
+            file_.AddTarget(std::move(name));
             targetLine_ = lineNo_;
         } else if (depth_ == 1) {
-            auto section = std::make_unique<Section>();
-            section->name = name;
-            file_.targets.back()->sections.push_back(std::move(section));
+            file_.AddSection(*file_.targets.back(), std::move(name));
             sectionLine_ = lineNo_;
         } else {
             return _Fail("section " + ShowText(file_.targets.back()->sections.back()->name) +
@@ -193,20 +201,15 @@ private:
         return true;
     }
 
-    bool _Keyword(const std::string& name) {
+    bool _Keyword(std::string name) {
         if (depth_ < 2)
             return _Fail("keyword " + ShowText(name) + (depth_ == 0 ? " outside a block" : " outside a section"));
-        Section& section = *file_.targets.back()->sections.back();
-        auto keyword = std::make_unique<Keyword>();
-        keyword->name = name;
-        keyword->section = &section;
+        Keyword& keyword = *file_.AddKeyword(*file_.targets.back()->sections.back(), std::move(name));
         _SkipBlanks();
         // "NAME =" with nothing after it is a keyword without values.
         if (!_AtEnd()) {
             for (;;) {
-                auto value = std::make_unique<Value>();
-                if (!_ReadValue(*value)) return false;
-                keyword->values.push_back(std::move(value));
+                if (!_ReadValue(*file_.AddValue(keyword))) return false;
                 _SkipBlanks();
                 if (_AtEnd()) break;
                 if (line_[pos_] != ',') return _Fail("expected ',' between values, found " + ShowChar(line_[pos_]));
@@ -214,7 +217,6 @@ private:
                 _SkipBlanks();
             }
         }
-        section.keywords.push_back(std::move(keyword));
         return true;
     }
 
@@ -232,13 +234,12 @@ private:
             ++pos_;
         }
         if (pos_ == start) return _Fail("unexpected " + ShowChar(line_[pos_]));
-        std::string token(line_.data() + start, pos_ - start);
+        value.isText = false;
+        value.text.assign(line_.data() + start, pos_ - start);
         // Text values are always quoted; a bare word that is no number is a
         // mistake in the file, not a text.
-        if (!GxParseWholeNumber(token, &value.number))
-            return _Fail(ShowText(token) + " is not a number (quote text values)");
-        value.isText = false;
-        value.text = std::move(token);
+        if (!GxParseWholeNumber(value.text, &value.number))
+            return _Fail(ShowText(value.text) + " is not a number (quote text values)");
         return true;
     }
 
@@ -255,7 +256,7 @@ private:
 }  // namespace
 
 bool Parse(const std::string& text, File& file, std::string& message) {
-    file.targets.clear();
+    file.Clear();
     message.clear();
     LineReader reader(file);
     std::string_view rest(text);
@@ -279,7 +280,7 @@ bool Parse(const std::string& text, File& file, std::string& message) {
     if (ok) ok = reader.Finish();
     if (!ok) {
         if (message.empty()) message = reader.Message();
-        file.targets.clear();
+        file.Clear();
     }
     return ok;
 }

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <memory>
+#include <new>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -38,13 +41,21 @@ struct Value {
 };
 
 struct Section;
+struct File;
 
 struct Keyword {
     Kind tag = Kind::Keyword;
     std::string name;
     Section* section = nullptr;
-    std::vector<std::unique_ptr<Value>> values;
+    // Nearly every keyword holds one value: the first is kept in place, only
+    // further ones go to a list.
+    Value* firstValue = nullptr;
+    std::vector<Value*> moreValues;
     ~Keyword() { tag = Kind::Dead; }
+
+    std::size_t ValueCount() const { return firstValue ? 1 + moreValues.size() : 0; }
+    // The index-th value (0-based), which must exist.
+    Value* ValueAt(std::size_t index) const { return index == 0 ? firstValue : moreValues[index - 1]; }
 };
 
 struct Section {
@@ -53,21 +64,128 @@ struct Section {
     // Keywords may be added only while a section is open: from zpfAddSection
     // to zpfEndSection. Sections read from a file are closed.
     bool open = false;
-    std::vector<std::unique_ptr<Keyword>> keywords;
+    // The file whose storage holds the section's keywords and values.
+    File* file = nullptr;
+    std::vector<Keyword*> keywords;
     ~Section() { tag = Kind::Dead; }
 };
 
 struct Target {
     Kind tag = Kind::Target;
     std::string name;
-    std::vector<std::unique_ptr<Section>> sections;
+    File* file = nullptr;
+    std::vector<Section*> sections;
     ~Target() { tag = Kind::Dead; }
+};
+
+// Storage for the nodes of one kind in one file. A catalogue file holds
+// thousands of keywords and values; taking them from a few growing blocks
+// instead of one allocation each makes loading and closing a file cheap.
+// Nodes never move, so handles stay valid while the file grows, and all are
+// destroyed together with the file.
+template <class Node>
+class NodePool {
+public:
+    NodePool() = default;
+    NodePool(const NodePool&) = delete;
+    NodePool& operator=(const NodePool&) = delete;
+    ~NodePool() { Clear(); }
+
+    Node* Make() {
+        if (blocks_.empty() || blocks_.back().used == blocks_.back().capacity) _Grow();
+        Block& block = blocks_.back();
+        Node* node = ::new (static_cast<void*>(block.nodes + block.used)) Node();
+        ++block.used;
+        return node;
+    }
+
+    void Clear() {
+        std::allocator<Node> allocator;
+        for (Block& block : blocks_) {
+            for (std::size_t i = 0; i < block.used; ++i) block.nodes[i].~Node();
+            allocator.deallocate(block.nodes, block.capacity);
+        }
+        blocks_.clear();
+    }
+
+private:
+    struct Block {
+        Node* nodes;
+        std::size_t capacity;
+        std::size_t used;
+    };
+    // A small file (a user's custom file) stays small; a catalogue reaches the
+    // largest blocks after a few steps.
+    static constexpr std::size_t kFirstBlock = 8;
+    static constexpr std::size_t kLargestBlock = 1024;
+
+    void _Grow() {
+        const std::size_t capacity =
+            blocks_.empty() ? kFirstBlock : std::min(2 * blocks_.back().capacity, kLargestBlock);
+        blocks_.reserve(blocks_.size() + 1);
+        blocks_.push_back(Block{std::allocator<Node>().allocate(capacity), capacity, 0});
+    }
+
+    std::vector<Block> blocks_;
 };
 
 struct File {
     Kind tag = Kind::File;
-    std::vector<std::unique_ptr<Target>> targets;
+    std::vector<Target*> targets;
+
+    File() = default;
+    File(const File&) = delete;
+    File& operator=(const File&) = delete;
     ~File() { tag = Kind::Dead; }
+
+    Target* AddTarget(std::string name) {
+        Target* target = targetPool.Make();
+        target->name = std::move(name);
+        target->file = this;
+        targets.push_back(target);
+        return target;
+    }
+    Section* AddSection(Target& target, std::string name) {
+        Section* section = sectionPool.Make();
+        section->name = std::move(name);
+        section->file = this;
+        target.sections.push_back(section);
+        return section;
+    }
+    Keyword* AddKeyword(Section& section, std::string name) {
+        Keyword* keyword = keywordPool.Make();
+        keyword->name = std::move(name);
+        keyword->section = &section;
+        // Catalogue sections hold a handful of keywords: one allocation
+        // instead of a series of regrowths.
+        if (section.keywords.empty()) section.keywords.reserve(kUsualKeywords);
+        section.keywords.push_back(keyword);
+        return keyword;
+    }
+    Value* AddValue(Keyword& keyword) {
+        Value* value = valuePool.Make();
+        if (keyword.firstValue)
+            keyword.moreValues.push_back(value);
+        else
+            keyword.firstValue = value;
+        return value;
+    }
+    // Removes every block, section, keyword and value.
+    void Clear() {
+        targets.clear();
+        valuePool.Clear();
+        keywordPool.Clear();
+        sectionPool.Clear();
+        targetPool.Clear();
+    }
+
+    static constexpr std::size_t kUsualKeywords = 8;
+    // The storage of the nodes the lists point to (public like every member,
+    // so the file keeps the layout that puts its tag first).
+    NodePool<Target> targetPool;
+    NodePool<Section> sectionPool;
+    NodePool<Keyword> keywordPool;
+    NodePool<Value> valuePool;
 };
 
 // The tag must sit at the start of every node for the check below to work.

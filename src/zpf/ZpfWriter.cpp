@@ -87,7 +87,8 @@ std::string Format(const File& file) {
                 AppendName(out, keyword->name);
                 out += " =";
                 const char* separator = " ";
-                for (const auto& value : keyword->values) {
+                for (std::size_t i = 0; i < keyword->ValueCount(); ++i) {
+                    const Value* value = keyword->ValueAt(i);
                     out += separator;
                     separator = ", ";
                     // A number keeps the text it was read or made with, which
