@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <memory>
+#include <vector>
 
 #include "catalogue/ListLimit.h"
 #include "definitions/GeographicalProjection.h"
@@ -23,16 +24,29 @@ constexpr int kUtmZones = 60;
 constexpr double kUtmScale = 0.9996;
 constexpr double kUtmFalseEasting = 500000.0;
 
-// The definition type whose section name this is: the first in enumeration
-// order, so "MERCATOR_PROJECTION" reads as Mercator 2SP. Null for none.
-CGxMapProjData* DefinitionForSection(const std::string& section) {
-    for (int i = 0; i < CGxMapProjData::GetNoOfProjections(); ++i) {
-        std::unique_ptr<CGxMapProjData> candidate(CGxMapProjData::CreateDefaultParameterProjection(
-            CGxMapProjData::Enum2ProjectionType(i)));
-        if (candidate && candidate->IsSectionID(section)) return candidate.release();
+// The definition types in enumeration order, each asked whether it reads a
+// section name. One default definition of every type is made per file rather
+// than per section.
+class SectionReaders {
+public:
+    SectionReaders() {
+        for (int i = 0; i < CGxMapProjData::GetNoOfProjections(); ++i)
+            types.emplace_back(CGxMapProjData::CreateDefaultParameterProjection(
+                CGxMapProjData::Enum2ProjectionType(i)));
     }
-    return nullptr;
-}
+
+    // A new default definition of the first type that accepts the section
+    // name, so "MERCATOR_PROJECTION" reads as Mercator 2SP; null for none.
+    CGxMapProjData* NewDefinition(const std::string& section) const {
+        for (const auto& type : types)
+            if (type && type->IsSectionID(section))
+                return CGxMapProjData::CreateDefaultParameterProjection(type->GetProjectionType());
+        return nullptr;
+    }
+
+private:
+    std::vector<std::unique_ptr<CGxMapProjData>> types;
+};
 
 }  // namespace
 
@@ -85,9 +99,10 @@ void CGxMapProjectionList::ReadMapProjections(const std::string& path, bool edit
     }
     void* block = zpfTargetByNameNum(file, kBlock, 1);
     const int n = block ? zpfGetNoSections(block) : 0;
+    const SectionReaders readers;
     for (int i = 1; i <= n; ++i) {
         void* section = zpfSectionByNum(block, i);
-        CGxMapProjData* definition = DefinitionForSection(zpfGetName(section));
+        CGxMapProjData* definition = readers.NewDefinition(zpfGetName(section));
         if (!definition) continue;
         definition->ReadFromHandle(section, editable);
         _Append(definition);
