@@ -274,17 +274,17 @@ TEST(ThreadSafety, TextResultsArePerThread) {
     long count = 0;
     const std::string ellipsoids =
         CGxMapProjection::EnumEllipsoids(CGxEllipsoidList::eAllEllipsoids, &count);
-    const std::string projected = CGxMapProjection::EnumMapProjections(1, &count);
+    const std::string geographic = CGxMapProjection::EnumMapProjections(2, &count);
     // Distinct answers per thread, or the comparison proves nothing.
     EXPECT_NE(expected[0].zone, expected[1].zone);
     EXPECT_NE(expected[0].shortName, expected[1].shortName);
-    EXPECT_FALSE(google.empty() || ellipsoids.empty() || projected.empty());
+    EXPECT_FALSE(google.empty() || ellipsoids.empty() || geographic.empty());
 
     const int failures = RunTogether([&](int t) {
         const Expected& e = expected[t];
         const std::string& s = wkt[t % wkt.size()];
         bool same = true;
-        for (int round = 0; round < 40; ++round) {
+        for (int round = 0; round < 10; ++round) {
             // Keep the pointers across other threads' calls before reading.
             const char* zone = CGxMapProjection::LongitudeToUTMZone(e.lon);
             const char* shortName = CGxMapProjection::ShortName(s.c_str());
@@ -308,7 +308,9 @@ TEST(ThreadSafety, TextResultsArePerThread) {
         long n = 0;
         same &=
             ellipsoids == CGxMapProjection::EnumEllipsoids(CGxEllipsoidList::eAllEllipsoids, &n);
-        same &= projected == CGxMapProjection::EnumMapProjections(1, &n);
+        // The catalogue walk builds a system for every entry and is slow
+        // under the sanitisers: two threads suffice to share its buffer.
+        if (t < 2) same &= geographic == CGxMapProjection::EnumMapProjections(2, &n);
         return same;
     });
     EXPECT_EQ(failures, 0);
