@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <stdexcept>
+#include <utility>
 
 #include "catalogue/CartSetup.h"
 #include "datum/DatumShift.h"
@@ -143,17 +144,54 @@ void CGxMapProjection::Proj2Geo(double x, double y, double* lon, double* lat) co
     if (projection) projection->Proj2Geo(x, y, lon, lat);
 }
 
+// The array forms make the single-point steps with what those fetch for every
+// point (the algorithm, the axis signs and order) fetched once: the same
+// products in the same order as CGxProjectionInfo::Convert and InvConvert, so
+// that every point gets the bits of the single-point call.
+namespace {
+
+struct AxisRule {
+    double first, second;  // signs of the two axes
+    bool swap;             // first axis along a meridian: (northing, easting)
+
+    explicit AxisRule(const CGxProjectionInfo& info)
+        : first(info.GetAxis1().GetFactor()),
+          second(info.GetAxis2().GetFactor()),
+          swap(info.GetAxis1().GetType() == CGxProjectionInfo::CAxis::eNorth ||
+               info.GetAxis1().GetType() == CGxProjectionInfo::CAxis::eSouth) {}
+
+    void Convert(double& x, double& y) const {
+        x *= first;
+        y *= second;
+        if (swap) std::swap(x, y);
+    }
+    void InvConvert(double& x, double& y) const {
+        if (swap) std::swap(x, y);
+        x *= first;
+        y *= second;
+    }
+};
+
+}  // namespace
+
 void CGxMapProjection::Geo2Proj(const double* lon, const double* lat, double* x, double* y,
                                 std::size_t count) const {
-    GxConvertPointArrays(lon, lat, x, y, count, [this](double a, double b, double* px, double* py) {
-        Geo2Proj(a, b, px, py);
+    const CGxProjection* const algorithm = projection;
+    const AxisRule axes(info);
+    GxConvertPointArrays(lon, lat, x, y, count, [&](double a, double b, double* px, double* py) {
+        if (algorithm) algorithm->Geo2Proj(a, b, px, py);
+        axes.Convert(*px, *py);
     });
 }
 
 void CGxMapProjection::Proj2Geo(const double* x, const double* y, double* lon, double* lat,
                                 std::size_t count) const {
-    GxConvertPointArrays(x, y, lon, lat, count, [this](double a, double b, double* pl, double* pb) {
-        Proj2Geo(a, b, pl, pb);
+    const CGxProjection* const algorithm = projection;
+    if (!algorithm) return;
+    const AxisRule axes(info);
+    GxConvertPointArrays(x, y, lon, lat, count, [&](double a, double b, double* pl, double* pb) {
+        axes.InvConvert(a, b);
+        algorithm->Proj2Geo(a, b, pl, pb);
     });
 }
 
