@@ -170,28 +170,21 @@ void CGxCartography::Xy2Proj(const double* X, const double* Y, double* x, double
     });
 }
 
+// Through the system's arrays, then the grid step in place: per point the
+// same two steps as the single-point call, with the system's array form
+// fetching its algorithm and axis rule once.
 void CGxCartography::Geo2Xy(const double* lon_, const double* lat_, double* X, double* Y,
                             std::size_t count) const {
-    if (!_HasAlgorithm()) return;
-    const CGxMapProjection& system = *mapProjection;
-    GxConvertPointArrays(lon_, lat_, X, Y, count,
-                         [this, &system](double a, double b, double* pX, double* pY) {
-                             double x, y;
-                             system.Geo2Proj(a, b, &x, &y);
-                             Proj2Xy(x, y, pX, pY);
-                         });
+    if (!_HasAlgorithm() || !lon_ || !lat_ || !X || !Y) return;
+    mapProjection->Geo2Proj(lon_, lat_, X, Y, count);
+    Proj2Xy(X, Y, X, Y, count);
 }
 
 void CGxCartography::Xy2Geo(const double* X, const double* Y, double* lon_, double* lat_,
                             std::size_t count) const {
-    if (!_HasAlgorithm()) return;
-    const CGxMapProjection& system = *mapProjection;
-    GxConvertPointArrays(X, Y, lon_, lat_, count,
-                         [this, &system](double a, double b, double* pLon, double* pLat) {
-                             double x, y;
-                             Xy2Proj(a, b, &x, &y);
-                             system.Proj2Geo(x, y, pLon, pLat);
-                         });
+    if (!_HasAlgorithm() || !X || !Y || !lon_ || !lat_) return;
+    Xy2Proj(X, Y, lon_, lat_, count);
+    mapProjection->Proj2Geo(lon_, lat_, lon_, lat_, count);
 }
 
 double CGxCartography::GetTrueNorth(double X, double Y) const {
