@@ -58,7 +58,11 @@ CGxMapProjectionList::~CGxMapProjectionList() {
 
 void CGxMapProjectionList::_Append(CGxMapProjData* definition) {
     GxCheckListRoom(entries);
+    std::string name = definition->GetName();
+    std::string shortName = CGxPRJParser::ShortName(name);
+    names.reserve(names.size() + 1);
     entries.push_back(definition);
+    names.push_back(NameKey{definition, std::move(name), std::move(shortName)});
 }
 
 void CGxMapProjectionList::InitMapProjections(const std::string& dataPath,
@@ -129,12 +133,22 @@ void CGxMapProjectionList::DeleteMapProjection(CGxMapProjData* definition) {
     auto it = std::find(entries.begin(), entries.end(), definition);
     if (it == entries.end()) return;
     entries.erase(it);
+    auto key = std::find_if(names.begin(), names.end(),
+                            [definition](const NameKey& k) { return k.definition == definition; });
+    if (key != names.end()) names.erase(key);
     delete definition;
 }
 
 CGxMapProjData* CGxMapProjectionList::GetMapProjection(const std::string& name) const {
     const std::string wanted = CGxPRJParser::ShortName(name);
-    for (CGxMapProjData* d : entries)
-        if (CGxPRJParser::ShortName(d->GetName()) == wanted) return d;
+    for (const NameKey& key : names) {
+        // A definition may have been renamed since it joined; its short form
+        // is then worked out afresh (and the stored one left alone, so that
+        // look-ups from several threads only read).
+        const std::string current = key.definition->GetName();
+        const bool matches = current == key.name ? key.shortName == wanted
+                                                 : CGxPRJParser::ShortName(current) == wanted;
+        if (matches) return key.definition;
+    }
     return nullptr;
 }

@@ -2,6 +2,7 @@
 
 #include <list>
 #include <string>
+#include <vector>
 
 #include "foundation/GxExport.h"
 
@@ -72,7 +73,18 @@ public:
     static std::string GetUserDefinedSetupName();
 
 private:
+    // An entry's name and its short form as they were when the entry joined
+    // the catalogue, so that a look-up does not parse every name again.
+    struct NameKey {
+        CGxMapProjData* definition;
+        std::string name;
+        std::string shortName;
+    };
+
     void _Append(CGxMapProjData* definition);
 
     std::list<CGxMapProjData*> entries;
+    // In catalogue order; changed only with the list itself, so concurrent
+    // look-ups in a catalogue nobody edits only read it.
+    std::vector<NameKey> names;
 };

@@ -16,6 +16,7 @@
 #include "definitions/MapProjData.h"
 #include "definitions/TransverseMercatorProjection.h"
 #include "foundation/Projection.h"
+#include "zpf/zpf.h"
 
 namespace fs = std::filesystem;
 
@@ -117,6 +118,51 @@ TEST(ProjectionCatalogue, LookUpIsExactAndCaseSensitive) {
                                     "PRIMEM[\"G\",0],UNIT[\"Degree\",0.0174532925199433]],"
                                     "PROJECTION[\"Transverse_Mercator\"],UNIT[\"Meter\",1]]"),
               list.GetMapProjection("UTM-32"));
+}
+
+// Look-ups use short names kept beside the list; they must follow every
+// change of the list and of the names in it.
+TEST(ProjectionCatalogue, LookUpFollowsAdditionsRenamesAndDeletions) {
+    // Every entry of the loaded catalogue is found by its own name: the first
+    // entry of that name, including the last entry, "NON-UTM".
+    CGxMapProjectionList& loaded = CGxCartSetup::Instance().GetMapProjectionList();
+    std::vector<CGxMapProjData*> all = Entries(loaded);
+    for (CGxMapProjData* d : all) {
+        CGxMapProjData* found = loaded.GetMapProjection(d->GetName());
+        ASSERT_NE(found, nullptr) << d->GetName();
+        EXPECT_EQ(found->GetName(), d->GetName());
+    }
+    EXPECT_EQ(loaded.GetMapProjection("NON-UTM"), all.back());
+
+    CGxMapProjectionList list;
+    auto* first = new CGxTransverseMercatorProjection("Site grid", "Projects", "IN", 1.0, 7.5, 0, 0, 0,
+                                                      true, true);
+    auto* second = new CGxTransverseMercatorProjection("Site grid", "Projects", "IN", 1.0, 9.0, 0, 0, 0,
+                                                       true, true);
+    list.AddMapProjection(first);
+    list.AddMapProjection(second);
+    EXPECT_EQ(list.GetMapProjection("Site grid"), first);  // the first of two equal names
+
+    first->SetName("Old site grid");
+    EXPECT_EQ(list.GetMapProjection("Site grid"), second);
+    EXPECT_EQ(list.GetMapProjection("Old site grid"), first);
+
+    // A definition read again from a section takes that section's name, even
+    // when it becomes a system definition.
+    void* file = zpfCreate();
+    zpfAddTarget(file, "MAP_PROJECTION_DEFINITION");
+    void* section = zpfAddSection(file, CGxTransverseMercatorProjection::SectionName);
+    zpfPutParam(section, "Projection_Name", "Harbour grid");
+    zpfEndSection(section);
+    second->ReadFromHandle(section, false);
+    zpfGetErrorGlb();
+    zpfClose(file);
+    EXPECT_EQ(list.GetMapProjection("Site grid"), nullptr);
+    EXPECT_EQ(list.GetMapProjection("Harbour grid"), second);
+
+    list.DeleteMapProjection(first);
+    EXPECT_EQ(list.GetMapProjection("Old site grid"), nullptr);
+    EXPECT_EQ(list.GetMapProjection("Harbour grid"), second);
 }
 
 TEST(ProjectionCatalogue, CustomFileEntriesAreEditableAndUnknownSectionsSkipped) {
