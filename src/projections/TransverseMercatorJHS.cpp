@@ -24,21 +24,30 @@ constexpr double kIterationTolerance = 1e-12;
 constexpr int kMaxIterations = 100;
 
 // The correction q = e atanh(e sin phi) between the isometric latitudes of the
-// sphere and the ellipsoid stays below 0.007 on terrestrial ellipsoids. Up to
-// this size its hyperbolic functions come from their Taylor series, exact to
-// double precision and much cheaper than exp; beyond it from exp.
+// sphere and the ellipsoid stays below 0.007 on terrestrial ellipsoids, and so
+// do the Krueger corrections of the inverse on any grid of sensible width. Up
+// to this size their circular and hyperbolic functions come from their Taylor
+// series, exact to double precision and much cheaper than exp, sin and cos;
+// beyond it from the library functions.
 constexpr double kSmallCorrection = 0.02;
 
 inline void SinhCoshOfCorrection(double q, double* sh, double* ch) {
     if (std::fabs(q) <= kSmallCorrection) {
         const double q2 = q * q;
-        *sh = q * (1 + q2 / 6 * (1 + q2 / 20 * (1 + q2 / 42)));
-        *ch = 1 + q2 / 2 * (1 + q2 / 12 * (1 + q2 / 30 * (1 + q2 / 56)));
+        *sh = q * (1 + q2 * (1.0 / 6 + q2 * (1.0 / 120 + q2 * (1.0 / 5040))));
+        *ch = 1 + q2 * (1.0 / 2 + q2 * (1.0 / 24 + q2 * (1.0 / 720 + q2 * (1.0 / 40320))));
     } else {
         const double E = std::exp(q), iE = 1 / E;
         *sh = (E - iE) / 2;
         *ch = (E + iE) / 2;
     }
+}
+
+// Only for |q| <= kSmallCorrection.
+inline void SinCosOfSmall(double q, double* s, double* c) {
+    const double q2 = q * q;
+    *s = q * (1 - q2 * (1.0 / 6 - q2 * (1.0 / 120 - q2 * (1.0 / 5040))));
+    *c = 1 - q2 * (1.0 / 2 - q2 * (1.0 / 24 - q2 * (1.0 / 720 - q2 * (1.0 / 40320))));
 }
 
 inline double TanhOfCorrection(double q) {
@@ -54,6 +63,59 @@ inline double TanhOfCorrection(double q) {
 // projection needs: these values are added to angles of order one.
 inline double AtanhByLog(double x) {
     return 0.5 * std::log((1 + x) / (1 - x));
+}
+
+// A polynomial of degree 7 in z with coefficients c[0..7], by Estrin's scheme:
+// the pairs are independent, so the evaluation is three multiplications deep.
+inline double Estrin8(const double* c, double z) {
+    const double z2 = z * z;
+    const double p01 = c[0] + c[1] * z, p23 = c[2] + c[3] * z;
+    const double p45 = c[4] + c[5] * z, p67 = c[6] + c[7] * z;
+    return (p01 + p23 * z2) + (p45 + p67 * z2) * (z2 * z2);
+}
+
+// Inverse hyperbolic tangent by its Taylor series up to x^15, exact to double
+// precision for |x| <= kAtanhSeriesLimit (the first omitted term is below
+// 1e-18 of x); the spherical easting of points within some 6 degrees of the
+// central meridian. Beyond it through the logarithm.
+constexpr double kAtanhSeriesLimit = 0.1;
+// 1/(2k + 1), k = 0..7.
+constexpr double kAtanhSeries[8] = {1.0,      1.0 / 3,  1.0 / 5,  1.0 / 7,
+                                    1.0 / 9,  1.0 / 11, 1.0 / 13, 1.0 / 15};
+
+inline double Atanh(double x) {
+    if (std::fabs(x) <= kAtanhSeriesLimit) return x * Estrin8(kAtanhSeries, x * x);
+    return AtanhByLog(x);
+}
+
+// Eccentricities up to this value have their latitude correction
+// q = e atanh(e s), |s| <= 1, from eight terms of its series in s (the first
+// omitted one is below 1e-19); every terrestrial ellipsoid qualifies.
+constexpr double kCorrectionSeriesLimit = 0.1;
+
+// q = e atanh(e s), from the series coefficients e^(2k+2)/(2k+1) when the
+// figure allows them.
+inline double LatitudeCorrection(double s, double e, const double* series, bool bySeries) {
+    if (bySeries) return s * Estrin8(series, s * s);
+    return e * AtanhByLog(e * s);
+}
+
+// Longitude lam (radians) minus lon0, brought into [-pi, pi] by whole turns.
+double WrapFarLongitude(double lam, double lon0) {
+    const double d = lam - lon0;
+    if (!std::isfinite(d)) return d;
+    // Far-out values in one exact step, so that no input can keep the turn
+    // loop below running.
+    if (std::fabs(d) > kWrapJumpLimit) return std::remainder(d, kTwoPi);
+    while (lam - lon0 < -kGxPi) lam += kTwoPi;
+    while (lam - lon0 > kGxPi) lam -= kTwoPi;
+    return lam - lon0;
+}
+
+inline double LongitudeFromOrigin(double lam, double lon0) {
+    const double d = lam - lon0;
+    if (d >= -kGxPi && d <= kGxPi) return d;  // the usual case; NaN falls through
+    return WrapFarLongitude(lam, lon0);
 }
 
 // Multiple angles 2, 4, 6, 8 times an angle from the sine and cosine (ordinary
@@ -143,18 +205,10 @@ CGxTransverseMercatorJHS::CGxTransverseMercatorJHS(const char* name_,
     Bk0 = B * k0;
     invBk0 = 1 / Bk0;
     k0M0 = k0 * M0;
-}
-
-double CGxTransverseMercatorJHS::_LongitudeFromOrigin(double lam) const {
-    const double d = lam - lon0;
-    if (d >= -kGxPi && d <= kGxPi) return d;  // the usual case; NaN falls through
-    if (!std::isfinite(d)) return d;
-    // Far-out values in one exact step, so that no input can keep the turn
-    // loop below running.
-    if (std::fabs(d) > kWrapJumpLimit) return std::remainder(d, kTwoPi);
-    while (lam - lon0 < -kGxPi) lam += kTwoPi;
-    while (lam - lon0 > kGxPi) lam -= kTwoPi;
-    return lam - lon0;
+    const double e2 = e * e;
+    correctionBySeries = e <= kCorrectionSeriesLimit;
+    double ek = e2;
+    for (int k = 0; k < 8; ++k, ek *= e2) correction[k] = ek / (2 * k + 1);
 }
 
 void CGxTransverseMercatorJHS::Geo2Proj(double lon, double lat, double* x, double* y) const {
@@ -163,7 +217,7 @@ void CGxTransverseMercatorJHS::Geo2Proj(double lon, double lat, double* x, doubl
         *y = lat;
         return;
     }
-    const double dl = _LongitudeFromOrigin(lon * kGxDegToRad);
+    const double dl = LongitudeFromOrigin(lon * kGxDegToRad, lon0);
     const double phi = lat * kGxDegToRad;
     const double sphi = std::sin(phi), cphi = std::cos(phi);
 
@@ -173,7 +227,7 @@ void CGxTransverseMercatorJHS::Geo2Proj(double lon, double lat, double* x, doubl
     // from sinh and cosh of q = e atanh(e sin phi); the sign of cos phi keeps
     // latitudes beyond the poles as tan phi has them.
     double shq, chq;
-    SinhCoshOfCorrection(e * AtanhByLog(e * sphi), &shq, &chq);
+    SinhCoshOfCorrection(LatitudeCorrection(sphi, e, correction, correctionBySeries), &shq, &chq);
     const double sp = cphi < 0 ? -sphi : sphi;
     const double den = 1 / (chq - sp * shq);
     const double sb = (sp * chq - shq) * den;  // sin beta = tanh Q
@@ -185,7 +239,7 @@ void CGxTransverseMercatorJHS::Geo2Proj(double lon, double lat, double* x, doubl
     const double sdl = std::sin(dl), cdl = std::cos(dl);
     const double t = cb * sdl;
     const double u = cb * cdl;
-    const double eta0 = AtanhByLog(t);
+    const double eta0 = Atanh(t);
     double xi0 = std::atan(sb / std::fabs(u));
     if (std::fabs(dl) > kHalfPi) xi0 = (phi > 0 ? kGxPi : -kGxPi) - xi0;
 
@@ -211,22 +265,44 @@ void CGxTransverseMercatorJHS::Proj2Geo(double x, double y, double* lon, double*
     const double etap = (x - FE) * invBk0;
     const double xip = (y - FN + k0M0) * invBk0;
 
-    const double e2 = std::exp(2 * etap), ie2 = 1 / e2;
-    const Multiples circ = CircularMultiples(std::sin(2 * xip), std::cos(2 * xip));
-    const Multiples hyp = HyperbolicMultiples((e2 - ie2) / 2, (e2 + ie2) / 2);
+    // One sine/cosine pair of xi' and one exponential of eta' serve the
+    // Krueger series (through the doubled angles) and the spherical
+    // coordinates after it.
+    const double sxp = std::sin(xip), cxp = std::cos(xip);
+    const double E = std::exp(etap), iE = 1 / E;
+    const double shp = (E - iE) / 2, chp = (E + iE) / 2;
+    const Multiples circ = CircularMultiples(2 * sxp * cxp, (cxp - sxp) * (cxp + sxp));
+    const Multiples hyp = HyperbolicMultiples(2 * shp * chp, chp * chp + shp * shp);
     double dxi, deta;
     KruegerSums(hp, circ, hyp, &dxi, &deta);
-    const double xi0 = xip - dxi;
-    const double eta0 = etap - deta;
+
+    // xi0' = xi' - dxi and eta0' = eta' - deta by the addition theorems, the
+    // small corrections' functions from their series; large ones (far outside
+    // any sensible grid) directly.
+    double sxi, cxi, sheta, cheta;
+    if (std::fabs(dxi) <= kSmallCorrection && std::fabs(deta) <= kSmallCorrection) {
+        double sd, cd, shd, chd;
+        SinCosOfSmall(dxi, &sd, &cd);
+        SinhCoshOfCorrection(deta, &shd, &chd);
+        sxi = sxp * cd - cxp * sd;
+        cxi = cxp * cd + sxp * sd;
+        sheta = shp * chd - chp * shd;
+        cheta = chp * chd - shp * shd;
+    } else {
+        const double xi0 = xip - dxi, eta0 = etap - deta;
+        sxi = std::sin(xi0);
+        cxi = std::cos(xi0);
+        const double ee = std::exp(eta0), iee = 1 / ee;
+        sheta = (ee - iee) / 2;
+        cheta = (ee + iee) / 2;
+    }
 
     // Conformal latitude: sin beta' = sin xi0' / cosh eta0' and
     // cos beta' = sqrt(sinh^2 eta0' + cos^2 xi0') / cosh eta0', free of
     // cancellation near the pole. The isometric latitude Q' = atanh(sin beta').
-    const double sxi = std::sin(xi0), cxi = std::cos(xi0);
-    const double ee = std::exp(eta0), iee = 1 / ee;
-    const double sheta = (ee - iee) / 2, cheta = (ee + iee) / 2;
-    const double sb = sxi / cheta;
-    const double cb = std::sqrt(sheta * sheta + cxi * cxi) / cheta;
+    const double ich = 1 / cheta;
+    const double sb = sxi * ich;
+    const double cb = std::sqrt(sheta * sheta + cxi * cxi) * ich;
 
     // Geodetic isometric latitude Q = Q' + q by the fixed-point iteration
     // Q <- Q' + e atanh(e tanh Q), which contracts by about e^2 per pass. Only
@@ -235,13 +311,14 @@ void CGxTransverseMercatorJHS::Proj2Geo(double x, double y, double* lon, double*
     // phi0 = beta' + d, good to about 1e-13 rad, so that one pass usually
     // confirms it. A pass that moves less than the tolerance ends it, and so
     // does a NaN.
-    const double d = GxClenshawSine(toGeodetic, kTerms, 2 * sb * cb, (cb - sb) * (cb + sb));
-    const double d2 = d * d;
-    const double sphi0 = sb * (1 - d2 / 2 * (1 - d2 / 12)) + cb * d * (1 - d2 / 6);
-    double q = e * AtanhByLog(e * sphi0);
+    const double d = GxClenshawSine(toGeodetic, kTerms, 2 * sb * cb, 1 - 2 * sb * sb);
+    double sd, cd;
+    SinCosOfSmall(d, &sd, &cd);
+    double q = LatitudeCorrection(sb * cd + cb * sd, e, correction, correctionBySeries);
     for (int i = 0; i < kMaxIterations; ++i) {
         const double tq = TanhOfCorrection(q);
-        const double next = e * AtanhByLog(e * (sb + tq) / (1 + sb * tq));
+        const double next =
+            LatitudeCorrection((sb + tq) / (1 + sb * tq), e, correction, correctionBySeries);
         const double step = std::fabs(next - q);
         q = next;
         if (!(step >= kIterationTolerance)) break;

@@ -40,9 +40,6 @@ public:
 private:
     CGxTransverseMercatorJHS(const char* name, const GxTransverseMercatorParameters& p);
 
-    // Longitude (radians) minus lon0, brought into [-pi, pi].
-    double _LongitudeFromOrigin(double lam) const;
-
     double lon0;  // radians
     double lat0;  // radians
     double e;
@@ -55,4 +52,8 @@ private:
     double Bk0;            // B k0
     double invBk0;
     double k0M0;
+    // e^(2k+2)/(2k+1), k = 0..7: the series in s of e atanh(e s), used when
+    // correctionBySeries (small eccentricity).
+    double correction[8];
+    bool correctionBySeries;
 };
