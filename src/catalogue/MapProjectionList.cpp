@@ -8,6 +8,7 @@
 #include "catalogue/ListLimit.h"
 #include "definitions/GeographicalProjection.h"
 #include "definitions/MapProjData.h"
+#include "definitions/TabledMapProjData.h"
 #include "definitions/TransverseMercatorProjection.h"
 #include "wkt/PRJParser.h"
 #include "zpf/zpf.h"
@@ -62,7 +63,8 @@ void CGxMapProjectionList::_Append(CGxMapProjData* definition) {
     std::string shortName = CGxPRJParser::ShortName(name);
     names.reserve(names.size() + 1);
     entries.push_back(definition);
-    names.push_back(NameKey{definition, std::move(name), std::move(shortName)});
+    names.push_back(NameKey{definition, dynamic_cast<const CGxTabledMapProjData*>(definition),
+                            std::move(name), std::move(shortName)});
 }
 
 void CGxMapProjectionList::InitMapProjections(const std::string& dataPath,
@@ -139,15 +141,20 @@ void CGxMapProjectionList::DeleteMapProjection(CGxMapProjData* definition) {
     delete definition;
 }
 
+bool CGxMapProjectionList::_Matches(const NameKey& key, const std::string& currentName,
+                                    const std::string& wantedShortName) {
+    if (currentName == key.name) return key.shortName == wantedShortName;
+    return CGxPRJParser::ShortName(currentName) == wantedShortName;
+}
+
 CGxMapProjData* CGxMapProjectionList::GetMapProjection(const std::string& name) const {
     const std::string wanted = CGxPRJParser::ShortName(name);
     for (const NameKey& key : names) {
         // A definition may have been renamed since it joined; its short form
         // is then worked out afresh (and the stored one left alone, so that
         // look-ups from several threads only read).
-        const std::string current = key.definition->GetName();
-        const bool matches = current == key.name ? key.shortName == wanted
-                                                 : CGxPRJParser::ShortName(current) == wanted;
+        const bool matches =
+            key.tabled ? _Matches(key, key.tabled->Name(), wanted) : _Matches(key, key.definition->GetName(), wanted);
         if (matches) return key.definition;
     }
     return nullptr;

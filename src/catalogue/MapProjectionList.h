@@ -7,6 +7,7 @@
 #include "foundation/GxExport.h"
 
 class CGxMapProjData;
+class CGxTabledMapProjData;
 class CGxMapProjectionInfo;
 class CGxProjReadNotifier;
 
@@ -77,11 +78,16 @@ private:
     // the catalogue, so that a look-up does not parse every name again.
     struct NameKey {
         CGxMapProjData* definition;
+        // The same object when its name can be read without a copy, else null.
+        const CGxTabledMapProjData* tabled;
         std::string name;
         std::string shortName;
     };
 
     void _Append(CGxMapProjData* definition);
+    // Whether an entry now called currentName has the wanted short name.
+    static bool _Matches(const NameKey& key, const std::string& currentName,
+                         const std::string& wantedShortName);
 
     std::list<CGxMapProjData*> entries;
     // In catalogue order; changed only with the list itself, so concurrent

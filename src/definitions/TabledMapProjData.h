@@ -123,6 +123,8 @@ public:
     ~CGxTabledMapProjData() override;
 
     std::string GetName() const override;
+    // The name without a copy, for look-ups over a whole catalogue.
+    const std::string& Name() const { return name; }
     void SetName(const std::string& name) override;
     std::string GetBranchName() const override;
     void SetBranchName(const std::string& branchName) override;
