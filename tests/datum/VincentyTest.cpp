@@ -264,7 +264,7 @@ TEST(VincentyLimits, NonFiniteInputGivesNaN) {
 
 // A grid over the weak spots of the inverse: each cell's outcome (a result or
 // the root search's report) is pinned, and every call ends well within a
-// second (the slowest measured 0.2 ms).
+// second (the slowest measured 0.3 ms).
 //   echo "0 0 0 180" | GeodSolve -i -p 10   -> s12 20003931.4586254470, the
 //   half meridian and the longest geodesic on the ellipsoid.
 TEST(VincentyLimits, GridNearAntipodesCoincidenceAndFullTurns) {
