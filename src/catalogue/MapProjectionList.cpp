@@ -61,10 +61,15 @@ void CGxMapProjectionList::_Append(CGxMapProjData* definition) {
     GxCheckListRoom(entries);
     std::string name = definition->GetName();
     std::string shortName = CGxPRJParser::ShortName(name);
-    names.reserve(names.size() + 1);
-    entries.push_back(definition);
     names.push_back(NameKey{definition, dynamic_cast<const CGxTabledMapProjData*>(definition),
                             std::move(name), std::move(shortName)});
+    // The list and its names change together or not at all.
+    try {
+        entries.push_back(definition);
+    } catch (...) {
+        names.pop_back();
+        throw;
+    }
 }
 
 void CGxMapProjectionList::InitMapProjections(const std::string& dataPath,
