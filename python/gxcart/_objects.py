@@ -195,7 +195,7 @@ class Cartography(_Handle):
     def __init__(self, projection_string, lon, lat, orientation=0.0):
         raw = L.encode(projection_string)
         lib = L.lib()
-        zone_of_origin = raw.strip() == b"UTM"
+        zone_of_origin = raw == b"UTM"  # exactly: " UTM " is no zone marker
         if not zone_of_origin:
             _require_valid(projection_string, raw)
         no_zone = f"no UTM zone holds the origin longitude {lon!r}"

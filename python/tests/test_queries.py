@@ -50,19 +50,13 @@ def test_origin_and_zone():
         ["UTM-1", "UTM-32", "UTM-60"]
 
 
-def test_long_text_answers():
+def test_text_answers_of_any_length():
     # Longer than the first buffer the package offers, so the library is
     # asked again with the length it reported.
     google = gxcart.google_map_projection_string()
     assert len(google) > 255 and google.startswith("PROJCS[") and google.endswith("]")
     with gxcart.MapProjection(google) as mp:
-        assert mp.projection_string.startswith("PROJCS[")
         assert gxcart.are_identical(mp.projection_string, google)
-    assert gxcart.projection_short_name(google)
-
-
-def test_proj4_text():
-    assert "+proj=tmerc" in gxcart.convert_to_proj4("UTM-32")
     ed50 = prj("ed50_utm32_towgs84_gdal.prj")
     assert "+towgs84=-87,-98,-121" in gxcart.convert_to_proj4(ed50)
     assert "+towgs84=1,2,3,0,0,0,0" in gxcart.convert_to_proj4(ed50, [1, 2, 3])
