@@ -25,17 +25,19 @@ constexpr int kMaxIterations = 100;
 
 // The correction q = e atanh(e sin phi) between the isometric latitudes of the
 // sphere and the ellipsoid stays below 0.007 on terrestrial ellipsoids, and so
-// do the Krueger corrections of the inverse on any grid of sensible width. Up
-// to this size their circular and hyperbolic functions come from their Taylor
-// series, exact to double precision and much cheaper than exp, sin and cos;
-// beyond it from the library functions.
-constexpr double kSmallCorrection = 0.02;
+// do the Krueger corrections of the inverse on any grid of sensible width
+// (eta' up to 1.6). Up to this size their circular and hyperbolic functions
+// come from short Taylor series, exact to double precision (the first omitted
+// term is below 1e-17 of the value) and much cheaper than exp, sin and cos;
+// beyond it from the library functions. The series are grouped in powers of
+// q^4 so that their terms are computed side by side.
+constexpr double kSmallCorrection = 0.01;
 
 inline void SinhCoshOfCorrection(double q, double* sh, double* ch) {
     if (std::fabs(q) <= kSmallCorrection) {
-        const double q2 = q * q;
-        *sh = q * (1 + q2 * (1.0 / 6 + q2 * (1.0 / 120 + q2 * (1.0 / 5040))));
-        *ch = 1 + q2 * (1.0 / 2 + q2 * (1.0 / 24 + q2 * (1.0 / 720 + q2 * (1.0 / 40320))));
+        const double q2 = q * q, q4 = q2 * q2;
+        *sh = q + q * q2 * (1.0 / 6 + q2 * (1.0 / 120));
+        *ch = (1 + q2 * 0.5) + q4 * (1.0 / 24 + q2 * (1.0 / 720));
     } else {
         const double E = std::exp(q), iE = 1 / E;
         *sh = (E - iE) / 2;
@@ -45,15 +47,15 @@ inline void SinhCoshOfCorrection(double q, double* sh, double* ch) {
 
 // Only for |q| <= kSmallCorrection.
 inline void SinCosOfSmall(double q, double* s, double* c) {
-    const double q2 = q * q;
-    *s = q * (1 - q2 * (1.0 / 6 - q2 * (1.0 / 120 - q2 * (1.0 / 5040))));
-    *c = 1 - q2 * (1.0 / 2 - q2 * (1.0 / 24 - q2 * (1.0 / 720 - q2 * (1.0 / 40320))));
+    const double q2 = q * q, q4 = q2 * q2;
+    *s = q - q * q2 * (1.0 / 6 - q2 * (1.0 / 120));
+    *c = (1 - q2 * 0.5) + q4 * (1.0 / 24 - q2 * (1.0 / 720));
 }
 
 inline double TanhOfCorrection(double q) {
     if (std::fabs(q) <= kSmallCorrection) {
-        const double q2 = q * q;
-        return q * (1 + q2 * (-1.0 / 3 + q2 * (2.0 / 15 + q2 * (-17.0 / 315 + q2 * 62.0 / 2835))));
+        const double q2 = q * q, q4 = q2 * q2;
+        return q * ((1 - q2 * (1.0 / 3)) + q4 * (2.0 / 15 - q2 * (17.0 / 315)));
     }
     return std::tanh(q);
 }
