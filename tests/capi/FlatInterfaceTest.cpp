@@ -9,7 +9,6 @@
 #include <cstddef>
 #include <cstring>
 #include <fstream>
-#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -222,13 +221,14 @@ TEST(FlatInterface, ArrayFunctionsReachTheirMembers) {
     int status = 0;
     C_GXC_CREATE("UTM-32", 9.5, 48.25, 10.0, &cart, &status);
     ASSERT_NE(cart, nullptr);
-    for (std::size_t k = 0; k < std::size(grid); ++k) {
+    int row = 0;
+    for (const auto& [flat, member] : grid) {
         double x1[4] = {}, y1[4] = {}, x2[4] = {}, y2[4] = {};
-        grid[k].first(cart, a, b, x1, y1, 4);
-        (cart->*grid[k].second)(a, b, x2, y2, 4);
-        EXPECT_TRUE(same(x1, x2) && same(y1, y2)) << k;
-        grid[k].first(nullptr, a, b, x1, y1, 4);
-        EXPECT_TRUE(same(x1, x2) && same(y1, y2)) << k;
+        flat(cart, a, b, x1, y1, 4);
+        (cart->*member)(a, b, x2, y2, 4);
+        EXPECT_TRUE(same(x1, x2) && same(y1, y2)) << "row " << row++;
+        flat(nullptr, a, b, x1, y1, 4);
+        EXPECT_TRUE(same(x1, x2) && same(y1, y2));
     }
     C_GXC_DESTROY(&cart, &status);
 
