@@ -25,27 +25,11 @@ using Values = std::vector<double>;
 // directions see real points as well.
 void HostilePoints(Values& first, Values& second) {
     using limits = std::numeric_limits<double>;
-    const double values[] = {
-        0.0,
-        -0.0,
-        9.5,
-        48.25,
-        -33.9,
-        91.0,
-        -95.0,
-        180.5,
-        537117.14,
-        5344208.12,
-        -2.6e6,
-        1e308,
-        -1e308,
-        limits::infinity(),
-        -limits::infinity(),
-        limits::quiet_NaN(),
-        -limits::quiet_NaN(),
-        limits::signaling_NaN(),
-        limits::denorm_min(),
-    };
+    const double inf = limits::infinity(), nan = limits::quiet_NaN();
+    const double snan = limits::signaling_NaN(), tiny = limits::denorm_min();
+    const Values values = {0.0,    -0.0, 9.5,   48.25, -33.9, 537117.14, 5344208.12,
+                           -2.6e6, 91.0, -95.0, 180.5, 1e308, -1e308,    inf,
+                           -inf,   nan,  -nan,  snan,  tiny};
     first.clear();
     second.clear();
     for (double a : values) {
@@ -194,30 +178,25 @@ TEST(BatchConversion, DatumConverterArraysMatchPointCalls) {
     }
 }
 
-// A null array (other than the heights) or a count of 0 writes nothing.
+// A null array (other than the heights) or a count of 0 writes nothing. A
+// system without algorithm matters here: its point call still applies the
+// axis rule to what the outputs hold.
 TEST(BatchConversion, NullArraysAndZeroCountWriteNothing) {
     const double in[2] = {9.5, 48.25};
-    const CGxMapProjection utm("UTM-32");
-    const CGxMapProjection westSouth(facadetest::ReadText("mapprojection/lo29_west_south.prj"));
-    // Without algorithm the point call still applies the axis rule to its
-    // outputs; a null input array must not reach it.
-    const CGxMapProjection nothing("no such system");
+    const CGxMapProjection utm("UTM-32"), nothing("no such system");
     const CGxCartography grid("UTM-32", 9.5, 48.25, 10.0);
-    CGxDatumConverter converter("UTM-32", "LONG/LAT");
+    const CGxDatumConverter converter("UTM-32", "LONG/LAT");
     double x[2] = {1.0, 2.0}, y[2] = {3.0, 4.0};
 
     utm.Geo2Proj(nullptr, in, x, y, 2);
     utm.Proj2Geo(in, in, x, nullptr, 2);
-    westSouth.Geo2Proj(in, in, x, y, 0);
     nothing.Geo2Proj(in, nullptr, x, y, 2);
+    nothing.Geo2Proj(in, in, x, y, 0);
     grid.Geo2Xy(in, nullptr, x, y, 2);
+    grid.Xy2Geo(nullptr, in, x, y, 2);
     grid.Xy2Proj(in, in, nullptr, y, 2);
-    grid.Geo2Proj(in, in, x, y, 0);
     converter.Convert(x, nullptr, y, 2);
     converter.InvConvert(nullptr, x, nullptr, 2);
     converter.Convert(x, y, nullptr, 0);
-    EXPECT_EQ(x[0], 1.0);
-    EXPECT_EQ(x[1], 2.0);
-    EXPECT_EQ(y[0], 3.0);
-    EXPECT_EQ(y[1], 4.0);
+    EXPECT_TRUE(x[0] == 1.0 && x[1] == 2.0 && y[0] == 3.0 && y[1] == 4.0);
 }
