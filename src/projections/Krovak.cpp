@@ -7,10 +7,13 @@
 #include "foundation/Tolerance.h"
 #include "projections/AlgorithmTransfer.h"
 #include "projections/ConformalLatitude.h"
+#include "projections/FourierCoefficients.h"
 
 namespace {
 
 constexpr double kQuarterPi = 0.7853981633974483;
+// Projection type number of Krovak; it selects the conformal latitude series.
+constexpr int kKrovakType = 15;
 // Half the side of the default square, ellipsoid units.
 constexpr double kDefaultAreaHalfSide = 500000.0;
 
@@ -44,6 +47,7 @@ void CGxKrovak::_Setup(double scaleAtPseudoParallel, double pseudoParallel, doub
     f = ellipsoid.GetFlatness();
     e = ellipsoid.GetEccentricity();
     e2 = e * e;
+    GxComputeFourierCoefficients(kKrovakType, false, e2, conformal);
     kp = scaleAtPseudoParallel;
     latP = pseudoParallel * kGxDegToRad;
     latC = centreLatitude * kGxDegToRad;
@@ -125,7 +129,7 @@ void CGxKrovak::Proj2Geo(double x, double y, double* lon, double* lat) const {
     // Back from the Gaussian sphere to t(phi) of the ellipsoid, then the
     // latitude by the usual fixed-point iteration.
     const double t = std::pow(t0 / std::tan(kQuarterPi + U / 2), 1 / B);
-    *lat = GxLatitudeFromT(t, e) * kGxRadToDeg;
+    *lat = GxLatitudeFromT(t, e, conformal) * kGxRadToDeg;
 }
 
 void CGxKrovak::GetOrigin(double* lon, double* lat) const {

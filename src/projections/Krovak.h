@@ -78,4 +78,7 @@ private:
     double cosRot = kGxNoFigure, sinRot = kGxNoFigure;
     // Derived once for the conversions.
     double cosAlpha = kGxNoFigure, sinAlpha = kGxNoFigure, tanHalfP = kGxNoFigure;
+    // Conformal-to-geodetic latitude series of the figure, the start of the
+    // inverse's latitude iteration.
+    double conformal[4] = {kGxNoFigure, kGxNoFigure, kGxNoFigure, kGxNoFigure};
 };

@@ -5,6 +5,7 @@
 #include "foundation/Tolerance.h"
 #include "projections/ConeApexOffsets.h"
 #include "projections/ConformalLatitude.h"
+#include "projections/FourierCoefficients.h"
 #include "projections/FromDefinition.h"
 
 // The map geometry shared by the one- and two-parallel Lambert conformal
@@ -38,6 +39,9 @@ struct GxLambertCone {
     double lon0 = kGxNoFigure;     // radians
     double falseEasting = kGxNoFigure;
     double falseNorthing = kGxNoFigure;
+    // Conformal-to-geodetic latitude series of the figure, the start of the
+    // inverse's latitude iteration.
+    double conformal[4] = {kGxNoFigure, kGxNoFigure, kGxNoFigure, kGxNoFigure};
 
     // Degrees in, map units out.
     void Forward(double lon, double lat, double* x, double* y) const {
@@ -56,7 +60,7 @@ struct GxLambertCone {
         const double r = apex * std::hypot(dx, dy);
         const double t = std::pow(r / scale, invAbsN);
         *lon = (theta / n + lon0) * 180.0 / kGxPi;
-        *lat = apex * GxLatitudeFromT(t, e) * 180.0 / kGxPi;
+        *lat = apex * GxLatitudeFromT(t, e, conformal) * 180.0 / kGxPi;
     }
 
     // Map radius of the parallel phi (radians).
@@ -72,7 +76,10 @@ struct GxLambertCone {
     // applied for the one-parallel form) and the origin (angles in radians).
     void Set(double e_, double n_, double scale_, double lon0_, double latOrigin, double fe,
              double fn) {
+        // Any conformal type number selects the conformal series.
+        constexpr int kLambertType = 2;
         e = e_;
+        GxComputeFourierCoefficients(kLambertType, false, e * e, conformal);
         n = n_;
         apex = n_ >= 0 ? 1.0 : -1.0;
         absN = std::fabs(n_);

@@ -14,6 +14,7 @@
 #include "foundation/Tolerance.h"
 #include "projections/AlgorithmTransfer.h"
 #include "projections/ConformalLatitude.h"
+#include "projections/FourierCoefficients.h"
 
 namespace {
 // Projection type number of the stereographic; it selects the conformal
@@ -71,6 +72,7 @@ void CGxStereographic::_Setup(double scale, double centreLongitude, double origi
     // pole c is written without n - s and 1 - s, near the south pole without
     // n + s and 1 + s.
     const double e2 = e * e;
+    GxComputeFourierCoefficients(kStereographicType, false, e2, conformal);
     const double s = std::sin(lat0);
     const double cos2 = std::cos(lat0) * std::cos(lat0);
     const double es = e * s;
@@ -126,7 +128,7 @@ void CGxStereographic::_ObliqueInverse(double x, double y, double* lon, double* 
     // value takes the mirror point, which is where the overshoot belongs.
     const double t = std::pow(sqrtC * std::fabs(std::tan(kQuarterPi - chi / 2)), 1 / n);
     *lon = ((j + 2 * i) / n + lon0) * kGxRadToDeg;
-    *lat = GxLatitudeFromT(t, e) * kGxRadToDeg;
+    *lat = GxLatitudeFromT(t, e, conformal) * kGxRadToDeg;
 }
 
 void CGxStereographic::Geo2Proj(double lon, double lat, double* x, double* y) const {

@@ -77,5 +77,8 @@ private:
     double twoRk = kGxNoFigure;  // 2 R k0
     double g = kGxNoFigure;      // 2 R k0 tan(pi/4 - chi0/2)
     double h = kGxNoFigure;      // 4 R k0 tan(chi0) + g = 2 R k0 tan(pi/4 + chi0/2)
+    // Conformal-to-geodetic latitude series of the figure, the start of the
+    // oblique inverse's latitude iteration.
+    double conformal[4] = {kGxNoFigure, kGxNoFigure, kGxNoFigure, kGxNoFigure};
     GxPolarStereographicMath polar;
 };
