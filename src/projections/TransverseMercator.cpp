@@ -10,6 +10,7 @@
 #include "projections/ClenshawSeries.h"
 #include "projections/FourierCoefficients.h"
 #include "projections/FromDefinition.h"
+#include "projections/TransverseMercatorMath.h"
 
 namespace {
 
@@ -173,17 +174,26 @@ CGxTransverseMercator::CGxTransverseMercator(const char* name_,
 
 void CGxTransverseMercator::_Forward(double lon, double lat, double fe, double fn, double* x,
                                      double* y) const {
-    // Northern hemisphere only; the south is mirrored below.
+    // Northern hemisphere only; the south is mirrored below. The Gaussian
+    // latitude g = p + dg differs from p by a small angle, so its sine and
+    // cosine follow from those of p.
     const double p = std::fabs(lat) * kGxDegToRad;
-    const double g = p + GxClenshawSine(G1, kTerms, 2 * p);
+    const double sp = std::sin(p), cp = std::cos(p);
+    const double dg = GxClenshawSine(G1, kTerms, 2 * sp * cp, (cp - sp) * (cp + sp));
+    double sg, cg;
+    if (std::fabs(dg) <= kGxTmSmall) {
+        GxTmRotate(sp, cp, dg, &sg, &cg);
+    } else {
+        sg = std::sin(p + dg);
+        cg = std::cos(p + dg);
+    }
     const double dl = (lon - lon0) * kGxDegToRad;
-    const double sg = std::sin(g), cg = std::cos(g);
     const double sdl = std::sin(dl), cdl = std::cos(dl);
     // Spherical transverse Mercator on the Gaussian sphere.
     const double u = cdl * cg;
     const double t = sdl * cg;
     const double gp = std::atan2(sg, u);
-    const double ep = std::atanh(t);
+    const double ep = GxTmAtanh(t);
     // sin, cos of 2g' and sinh, cosh of 2e' without further transcendental
     // calls: tan g' = sg/u and tanh e' = t, and 1 - t^2 = sg^2 + u^2.
     const double inv = 1 / (sg * sg + u * u);
@@ -206,14 +216,27 @@ void CGxTransverseMercator::_Inverse(double x, double y, double* lon, double* la
     const double dN = y - FN;
     const double ce = (x - FE) / Qk;
     const double cn = std::fabs(dN / Qk);
-    const double e2ce = std::exp(2 * ce);
+    // One sine/cosine pair of cn and one exponential of ce serve the series
+    // (through the doubled arguments) and, by the addition theorems, the
+    // corrected cn' = cn + R and ce' = ce + I, R and I being small on any
+    // sensible grid.
+    const double sc = std::sin(cn), cc = std::cos(cn);
+    const double E = std::exp(ce), iE = 1 / E;
+    const double sh = (E - iE) / 2, ch = (E + iE) / 2;
     double R, I;
-    GxClenshawComplexSine(U2, kTerms, std::sin(2 * cn), std::cos(2 * cn), (e2ce - 1 / e2ce) / 2,
-                          (e2ce + 1 / e2ce) / 2, &R, &I);
-    const double cnp = cn + R;
-    const double cep = ce + I;
-    const double scn = std::sin(cnp), ccn = std::cos(cnp);
-    const double shce = std::sinh(cep);
+    GxClenshawComplexSine(U2, kTerms, 2 * sc * cc, (cc - sc) * (cc + sc), 2 * sh * ch,
+                          ch * ch + sh * sh, &R, &I);
+    double scn, ccn, shce;
+    if (std::fabs(R) <= kGxTmSmall && std::fabs(I) <= kGxTmSmall) {
+        GxTmRotate(sc, cc, R, &scn, &ccn);
+        double shI, chI;
+        GxTmSinhCosh(I, &shI, &chI);
+        shce = sh * chI + ch * shI;
+    } else {
+        scn = std::sin(cn + R);
+        ccn = std::cos(cn + R);
+        shce = std::sinh(ce + I);
+    }
     const double lam = std::atan2(shce, ccn);
     // cos(atan2(shce, ccn)) without the cosine call.
     const double r = std::sqrt(shce * shce + ccn * ccn);

@@ -9,6 +9,7 @@
 #include "projections/FourierCoefficients.h"
 #include "projections/FromDefinition.h"
 #include "projections/TransverseMercator.h"
+#include "projections/TransverseMercatorMath.h"
 
 namespace {
 
@@ -23,73 +24,6 @@ constexpr double kWrapJumpLimit = 64 * kGxPi;
 constexpr double kIterationTolerance = 1e-12;
 constexpr int kMaxIterations = 100;
 
-// The correction q = e atanh(e sin phi) between the isometric latitudes of the
-// sphere and the ellipsoid stays below 0.007 on terrestrial ellipsoids, and so
-// do the Krueger corrections of the inverse on any grid of sensible width
-// (eta' up to 1.6). Up to this size their circular and hyperbolic functions
-// come from short Taylor series, exact to double precision (the first omitted
-// term is below 1e-17 of the value) and much cheaper than exp, sin and cos;
-// beyond it from the library functions. The series are grouped in powers of
-// q^4 so that their terms are computed side by side.
-constexpr double kSmallCorrection = 0.01;
-
-inline void SinhCoshOfCorrection(double q, double* sh, double* ch) {
-    if (std::fabs(q) <= kSmallCorrection) {
-        const double q2 = q * q, q4 = q2 * q2;
-        *sh = q + q * q2 * (1.0 / 6 + q2 * (1.0 / 120));
-        *ch = (1 + q2 * 0.5) + q4 * (1.0 / 24 + q2 * (1.0 / 720));
-    } else {
-        const double E = std::exp(q), iE = 1 / E;
-        *sh = (E - iE) / 2;
-        *ch = (E + iE) / 2;
-    }
-}
-
-// Only for |q| <= kSmallCorrection.
-inline void SinCosOfSmall(double q, double* s, double* c) {
-    const double q2 = q * q, q4 = q2 * q2;
-    *s = q - q * q2 * (1.0 / 6 - q2 * (1.0 / 120));
-    *c = (1 - q2 * 0.5) + q4 * (1.0 / 24 - q2 * (1.0 / 720));
-}
-
-inline double TanhOfCorrection(double q) {
-    if (std::fabs(q) <= kSmallCorrection) {
-        const double q2 = q * q, q4 = q2 * q2;
-        return q * ((1 - q2 * (1.0 / 3)) + q4 * (2.0 / 15 - q2 * (17.0 / 315)));
-    }
-    return std::tanh(q);
-}
-
-// atanh x = log((1 + x)/(1 - x))/2 through the plain logarithm, which costs a
-// fraction of atanh. Its absolute error stays near 1e-16, which is all the
-// projection needs: these values are added to angles of order one.
-inline double AtanhByLog(double x) {
-    return 0.5 * std::log((1 + x) / (1 - x));
-}
-
-// A polynomial of degree 7 in z with coefficients c[0..7], by Estrin's scheme:
-// the pairs are independent, so the evaluation is three multiplications deep.
-inline double Estrin8(const double* c, double z) {
-    const double z2 = z * z;
-    const double p01 = c[0] + c[1] * z, p23 = c[2] + c[3] * z;
-    const double p45 = c[4] + c[5] * z, p67 = c[6] + c[7] * z;
-    return (p01 + p23 * z2) + (p45 + p67 * z2) * (z2 * z2);
-}
-
-// Inverse hyperbolic tangent by its Taylor series up to x^15, exact to double
-// precision for |x| <= kAtanhSeriesLimit (the first omitted term is below
-// 1e-18 of x); the spherical easting of points within some 6 degrees of the
-// central meridian. Beyond it through the logarithm.
-constexpr double kAtanhSeriesLimit = 0.1;
-// 1/(2k + 1), k = 0..7.
-constexpr double kAtanhSeries[8] = {1.0,      1.0 / 3,  1.0 / 5,  1.0 / 7,
-                                    1.0 / 9,  1.0 / 11, 1.0 / 13, 1.0 / 15};
-
-inline double Atanh(double x) {
-    if (std::fabs(x) <= kAtanhSeriesLimit) return x * Estrin8(kAtanhSeries, x * x);
-    return AtanhByLog(x);
-}
-
 // Eccentricities up to this value have their latitude correction
 // q = e atanh(e s), |s| <= 1, from eight terms of its series in s (the first
 // omitted one is below 1e-19); every terrestrial ellipsoid qualifies.
@@ -98,8 +32,8 @@ constexpr double kCorrectionSeriesLimit = 0.1;
 // q = e atanh(e s), from the series coefficients e^(2k+2)/(2k+1) when the
 // figure allows them.
 inline double LatitudeCorrection(double s, double e, const double* series, bool bySeries) {
-    if (bySeries) return s * Estrin8(series, s * s);
-    return e * AtanhByLog(e * s);
+    if (bySeries) return s * GxTmPolynomial8(series, s * s);
+    return e * GxTmAtanhByLog(e * s);
 }
 
 // Longitude lam (radians) minus lon0, brought into [-pi, pi] by whole turns.
@@ -229,7 +163,7 @@ void CGxTransverseMercatorJHS::Geo2Proj(double lon, double lat, double* x, doubl
     // from sinh and cosh of q = e atanh(e sin phi); the sign of cos phi keeps
     // latitudes beyond the poles as tan phi has them.
     double shq, chq;
-    SinhCoshOfCorrection(LatitudeCorrection(sphi, e, correction, correctionBySeries), &shq, &chq);
+    GxTmSinhCosh(LatitudeCorrection(sphi, e, correction, correctionBySeries), &shq, &chq);
     const double sp = cphi < 0 ? -sphi : sphi;
     const double den = 1 / (chq - sp * shq);
     const double sb = (sp * chq - shq) * den;  // sin beta = tanh Q
@@ -241,7 +175,7 @@ void CGxTransverseMercatorJHS::Geo2Proj(double lon, double lat, double* x, doubl
     const double sdl = std::sin(dl), cdl = std::cos(dl);
     const double t = cb * sdl;
     const double u = cb * cdl;
-    const double eta0 = Atanh(t);
+    const double eta0 = GxTmAtanh(t);
     double xi0 = std::atan(sb / std::fabs(u));
     if (std::fabs(dl) > kHalfPi) xi0 = (phi > 0 ? kGxPi : -kGxPi) - xi0;
 
@@ -282,12 +216,10 @@ void CGxTransverseMercatorJHS::Proj2Geo(double x, double y, double* lon, double*
     // small corrections' functions from their series; large ones (far outside
     // any sensible grid) directly.
     double sxi, cxi, sheta, cheta;
-    if (std::fabs(dxi) <= kSmallCorrection && std::fabs(deta) <= kSmallCorrection) {
-        double sd, cd, shd, chd;
-        SinCosOfSmall(dxi, &sd, &cd);
-        SinhCoshOfCorrection(deta, &shd, &chd);
-        sxi = sxp * cd - cxp * sd;
-        cxi = cxp * cd + sxp * sd;
+    if (std::fabs(dxi) <= kGxTmSmall && std::fabs(deta) <= kGxTmSmall) {
+        GxTmRotate(sxp, cxp, -dxi, &sxi, &cxi);
+        double shd, chd;
+        GxTmSinhCosh(deta, &shd, &chd);
         sheta = shp * chd - chp * shd;
         cheta = chp * chd - shp * shd;
     } else {
@@ -312,13 +244,14 @@ void CGxTransverseMercatorJHS::Proj2Geo(double x, double y, double* lon, double*
     // It starts from the fourth-order series for the geodetic latitude,
     // phi0 = beta' + d, good to about 1e-13 rad, so that one pass usually
     // confirms it. A pass that moves less than the tolerance ends it, and so
-    // does a NaN.
+    // does a NaN. (On a figure so flat that d exceeds the small-angle range the
+    // start is poorer and the passes make up for it.)
     const double d = GxClenshawSine(toGeodetic, kTerms, 2 * sb * cb, 1 - 2 * sb * sb);
-    double sd, cd;
-    SinCosOfSmall(d, &sd, &cd);
-    double q = LatitudeCorrection(sb * cd + cb * sd, e, correction, correctionBySeries);
+    double sphi0, cphi0;
+    GxTmRotate(sb, cb, d, &sphi0, &cphi0);
+    double q = LatitudeCorrection(sphi0, e, correction, correctionBySeries);
     for (int i = 0; i < kMaxIterations; ++i) {
-        const double tq = TanhOfCorrection(q);
+        const double tq = GxTmTanh(q);
         const double next =
             LatitudeCorrection((sb + tq) / (1 + sb * tq), e, correction, correctionBySeries);
         const double step = std::fabs(next - q);
@@ -327,7 +260,7 @@ void CGxTransverseMercatorJHS::Proj2Geo(double x, double y, double* lon, double*
     }
     // tan(lat) = sinh(Q' + q) = (sin beta' cosh q + sinh q) / cos beta'.
     double shq, chq;
-    SinhCoshOfCorrection(q, &shq, &chq);
+    GxTmSinhCosh(q, &shq, &chq);
     // cos beta' >= 0, so atan of the quotient serves (cos beta' = 0 gives +-90).
     *lat = std::atan((sb * chq + shq) / cb) * kGxRadToDeg;
 
