@@ -211,6 +211,35 @@ TYPED_TEST(TransverseMercatorBoth, PointsBeyondNinetyDegreesCrossThePole) {
     }
 }
 
+TYPED_TEST(TransverseMercatorBoth, FarEastingsAndFlattenedFiguresLeaveTheSmallAngleForms) {
+    // An easting of two Earth radii (eta' near 2) makes the inverse's
+    // series corrections too large for their Taylor forms, and on a figure of
+    // flattening 1/30 neither the latitude correction e atanh(e sin phi) nor
+    // the Gaussian latitude step is small: these take the exact functions,
+    // which a wrong sign or argument there would put degrees or kilometres
+    // off. The fourth-order series themselves drift from PROJ by some metres
+    // 78 degrees out and by centimetres on the flat figure.
+    // printf "13198448.527762 4598981.407897 0 0\n" | cct -I -d 10 +proj=tmerc +lon_0=9
+    //   +k=0.9996 +x_0=500000 +ellps=WGS84   (the image of 87 E, 10 N)
+    const TypeParam utm = Make<TypeParam>(kWide);
+    double lon, lat;
+    utm.Proj2Geo(13198448.527762, 4598981.407897, &lon, &lat);
+    EXPECT_NEAR(lon, 87.0000003994, 1e-4);
+    EXPECT_NEAR(lat, 9.9999999384, 1e-4);
+    // printf "12 30 0 0\n6 -60 0 0\n" | cct -d 6 +proj=tmerc +lon_0=9 +k=0.9996
+    //   +x_0=500000 +a=6378137 +rf=30, and back with cct -I -d 10
+    const CGxEllipsoid flat("flat", "FL", 6378137.0, 30.0);
+    const TypeParam p("flat", 0.9996, 9, 0, 500000, 0, flat);
+    const Case rows[] = {{kWide, 12, 30, 791571.218315, 3150097.593056},
+                         {kWide, 6, -60, 328865.297485, -6430083.358009}};
+    for (const Case& c : rows) {
+        SCOPED_TRACE(::testing::Message() << c.in1 << ", " << c.in2);
+        GxExpectForward(p, {c.in1, c.in2, c.out1, c.out2}, 0.1);
+        p.Proj2Geo(c.out1, c.out2, &lon, &lat);
+        EXPECT_LT(GroundMetres(lon - c.in1, lat - c.in2, c.in2), 0.5) << lon << ", " << lat;
+    }
+}
+
 TYPED_TEST(TransverseMercatorBoth, PolarLatitudeOfOrigin) {
     // The origin's meridian arc is taken exactly at the poles.
     // echo "14 80 0 0" | cct -d 6 +proj=tmerc +lat_0=90 +lon_0=9 +k=0.9996 +x_0=500000
