@@ -230,3 +230,45 @@ TEST_F(ZpfRoundTrip, CommaDecimalLocaleChangesNothing) {
     EXPECT_EQ(written, expected);
     EXPECT_NE(written.find("Values = 0.1, 1e-35, -1e-35, 6378137, 298.257223563,"), std::string::npos) << written;
 }
+
+// Nodes are stored in blocks; growing a file by thousands of sections must
+// neither move nodes whose handles the caller holds nor mix up the values of
+// a keyword that receives more values after other keywords were added.
+TEST_F(ZpfRoundTrip, HandlesSurviveAFileGrowingByThousandsOfNodes) {
+    void* f = zpfCreate();
+    zpfAddTarget(f, "GROWN");
+    void* first = zpfAddSection(f, "FIRST");
+    void* spread = zpfAddKeyword(first, "Spread");
+    zpfAddValue(spread, 0.0);
+    void* value = zpfParamByNum(spread, 1);
+    constexpr int kSections = 3000;
+    for (int i = 1; i <= kSections; ++i) {
+        void* s = zpfAddSection(f, "MORE");
+        zpfPutParam(s, "Index", static_cast<double>(i));
+        zpfPutParam(s, "Name", "section " + std::to_string(i));
+        zpfEndSection(s);
+        if (i % 1000 == 0) zpfAddValue(spread, static_cast<double>(i));
+    }
+    zpfEndSection(first);
+
+    EXPECT_EQ(zpfGetName(first), "FIRST");
+    EXPECT_EQ(zpfGetName(spread), "Spread");
+    std::string text;
+    ASSERT_TRUE(zpfGetString(value, &text));
+    EXPECT_EQ(text, "0");
+
+    void* back = Reload(f);
+    void* block = zpfTargetByNameNum(back, "GROWN", 1);
+    ASSERT_EQ(zpfGetNoSections(block), kSections + 1);
+    void* grown = zpfKeywordByNameNum(zpfSectionByNum(block, 1), "Spread", 1);
+    ASSERT_EQ(zpfGetNoParams(grown), 4);
+    for (int v = 1; v <= 4; ++v) {
+        double d = -1.0;
+        EXPECT_TRUE(zpfGetDouble(zpfParamByNum(grown, v), &d));
+        EXPECT_EQ(d, 1000.0 * (v - 1));
+    }
+    void* last = zpfSectionByNameNum(block, "MORE", kSections);
+    EXPECT_EQ(Number(last, "Index"), kSections);
+    EXPECT_EQ(Text(last, "Name"), "section 3000");
+    zpfClose(back);
+}
