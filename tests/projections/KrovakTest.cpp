@@ -11,7 +11,7 @@
 
 #include "foundation/Ellipsoid.h"
 #include "projections/Krovak.h"
-#include "tests/support/ReferenceCheck.h"
+#include "tests/support/ReferenceFile.h"
 
 namespace {
 
@@ -31,64 +31,11 @@ CGxKrovak Sjtsk(double rotation, double xScale, double yScale, double falseEasti
                      xScale, yScale, falseEasting, falseNorthing, kBessel);
 }
 
-// Easting/northing (EPSG:5514), the cone's southing and westing negated:
-// echo "lon lat 0 0" | cct -d 6 +proj=krovak +lat_0=49.5 +lon_0=24.8333333333333
-//   +alpha=30.2881397527778 +k=0.9999 +x_0=0 +y_0=0 +ellps=bessel
-const GridPoint kEastNorth[] = {
-    {12.2, 47.8, -942125.487086, -1270008.146338},  {12.2, 49, -920040.437194, -1138358.586462},
-    {12.2, 50.1, -899771.299505, -1017713.216373},  {12.2, 51, -883178.048906, -919002.775327},
-    {14.42, 47.8, -777641.820201, -1295077.849659}, {14.42, 49, -759469.399678, -1162873.522011},
-    {14.42, 50.1, -742797.848009, -1041695.269559}, {14.42, 51, -729156.463976, -942529.122653},
-    {16.6, 47.8, -615523.616477, -1314966.062715},  {16.6, 49, -601177.992068, -1182314.903332},
-    {16.6, 50.1, -588022.488242, -1060705.194544},  {16.6, 51, -577263.563624, -961167.812188},
-    {18.8, 47.8, -451438.568308, -1330302.295387},  {18.8, 49, -440940.249781, -1197301.562902},
-    {18.8, 50.1, -431316.543679, -1075352.510628},  {18.8, 51, -423449.893947, -975521.258990},
-    {21, 47.8, -286996.612099, -1340897.628508},    {21, 49, -280333.102686, -1207652.369578},
-    {21, 50.1, -274226.612043, -1085464.792859},    {21, 51, -269237.054313, -985425.721141},
-    {22.5, 47.8, -174738.112751, -1345409.782779},  {22.5, 49, -170683.886410, -1212059.547708},
-    {22.5, 50.1, -166969.099958, -1089769.234701},  {22.5, 51, -163934.371159, -989640.273224},
-};
-
-// PROJ's krovak holds Bessel 1841 whatever ellipsoid it is given, and its own
-// azimuth and pseudo parallel. On a sphere the Gaussian sphere is the sphere
-// itself and Krovak is a Lambert conic with one standard parallel on the
-// sphere turned to the pseudo pole (latitude 90 - azimuth on the origin
-// meridian), which PROJ gives with any azimuth and parallel. Here azimuth 25,
-// pseudo parallel 75, scale 0.9995, origin longitude 20, southing/westing with
-// false origin (1000000, -300000):
-// echo "lon lat 0 0" | cct -d 6 +proj=ob_tran +o_proj=lcc +o_lat_p=65 +o_lon_p=180 +lon_0=-160
-//   +lat_1=75 +lat_0=90 +k_0=0.9995 +R=6371000 +x_0=300000 +y_0=-1000000 +axis=swu
-const GridPoint kSphere[] = {
-    {5, 36, 4141451.591164, 1075645.365219},   {5, 45, 3144624.517551, 875994.852728},
-    {5, 54, 2163098.846838, 675039.267168},    {15, 36, 4260638.458785, 160499.230158},
-    {15, 45, 3249505.599100, 94049.423347},    {15, 54, 2250428.053445, 27230.525463},
-    {25, 36, 4260638.458785, -760499.230158},  {25, 45, 3249505.599100, -694049.423347},
-    {25, 54, 2250428.053445, -627230.525463},  {35, 36, 4141451.591164, -1675645.365219},
-    {35, 45, 3144624.517551, -1475994.852728}, {35, 54, 2163098.846838, -1275039.267168},
-};
-
-// The cone's own axes, southing and westing (EPSG:2065):
-// echo "lon lat 0 0" | cct -d 6 +proj=krovak +axis=swu +lat_0=49.5 +lon_0=24.8333333333333
-//   +alpha=30.2881397527778 +k=0.9999 +x_0=0 +y_0=0 +ellps=bessel
-const GridPoint kSouthWest[] = {
-    {13, 48.2, 1235644.216703, 876042.817279},   {13, 50.5, 982948.571278, 836385.560487},
-    {17.5, 48.2, 1277544.591868, 544193.525155}, {17.5, 50.5, 1022956.791404, 519714.165478},
-    {22, 48.2, 1299712.442086, 210525.804162},   {22, 50.5, 1044086.763172, 201092.664455},
-};
-
-// Easting and southing: the same command with +axis=esu.
-const GridPoint kEastSouth[] = {
-    {13, 48.2, -876042.817279, 1235644.216703},   {13, 50.5, -836385.560487, 982948.571278},
-    {17.5, 48.2, -544193.525155, 1277544.591868}, {17.5, 50.5, -519714.165478, 1022956.791404},
-    {22, 48.2, -210525.804162, 1299712.442086},   {22, 50.5, -201092.664455, 1044086.763172},
-};
-
-// Northing and easting: the same command with +axis=neu.
-const GridPoint kNorthEast[] = {
-    {13, 48.2, -1235644.216703, -876042.817279},   {13, 50.5, -982948.571278, -836385.560487},
-    {17.5, 48.2, -1277544.591868, -544193.525155}, {17.5, 50.5, -1022956.791404, -519714.165478},
-    {22, 48.2, -1299712.442086, -210525.804162},   {22, 50.5, -1044086.763172, -201092.664455},
-};
+const auto kEastNorth = GxReadReferencePoints("krovak/east_north.txt");
+const auto kSphere = GxReadReferencePoints("krovak/sphere.txt");
+const auto kSouthWest = GxReadReferencePoints("krovak/south_west.txt");
+const auto kEastSouth = GxReadReferencePoints("krovak/east_south.txt");
+const auto kNorthEast = GxReadReferencePoints("krovak/north_east.txt");
 
 TEST(Krovak, SjtskEastNorth) {
     GxExpectReferenceTable(Sjtsk(90, -1, 1), kEastNorth, kGxMillimetreTable);
