@@ -22,6 +22,7 @@
 #include "definitions/Mercator1SPProjection.h"
 #include "definitions/StereographicProjection.h"
 #include "definitions/TransverseMercatorProjection.h"
+#include "tests/support/DefinitionValues.h"
 #include "zpf/zpf.h"
 
 namespace {
@@ -60,18 +61,6 @@ void* Section(void* file, int num) {
     void* section = zpfSectionByNum(Block(file), num);
     EXPECT_NE(section, nullptr) << "section " << num;
     return section;
-}
-
-std::vector<double> Parameters(const CGxMapProjData& d) {
-    std::vector<double> values;
-    for (int i = 0; i < d.GetNoOfParameters(); ++i) {
-        std::string label;
-        double value = 0;
-        D::EParamType kind;
-        d.GetParameter(i, label, value, kind);
-        values.push_back(value);
-    }
-    return values;
 }
 
 std::uint64_t Bits(double d) {
@@ -203,7 +192,7 @@ TEST_F(DefinitionKeywordFile, EmptyOrNullSection) {
     EXPECT_EQ(d.GetName(), "");
     EXPECT_EQ(d.GetBranchName(), "");
     EXPECT_EQ(d.GetEllipsoidID(), "");
-    for (double v : Parameters(d)) EXPECT_EQ(v, 0.0);
+    for (double v : GxParameterValues(d)) EXPECT_EQ(v, 0.0);
     EXPECT_FALSE(d.CanEdit());
 
     // A handle of the wrong kind is refused by the keyword library and reads
@@ -344,7 +333,7 @@ TEST_F(DefinitionKeywordFile, EveryTypeSurvivesWriteAndRead) {
         EXPECT_EQ(copy->GetEllipsoidID(), original.GetEllipsoidID());
         EXPECT_EQ(copy->CanEdit(), original.CanEdit());
         EXPECT_EQ(copy->CanDelete(), original.CanDelete());
-        const std::vector<double> a = Parameters(original), b = Parameters(*copy);
+        const std::vector<double> a = GxParameterValues(original), b = GxParameterValues(*copy);
         ASSERT_EQ(a.size(), b.size());
         for (std::size_t i = 0; i < a.size(); ++i) EXPECT_EQ(Bits(a[i]), Bits(b[i])) << i;
     }
@@ -387,48 +376,25 @@ TEST_F(DefinitionKeywordFile, CatalogueSectionsGoToTheFirstTypeThatAcceptsThem) 
     EXPECT_EQ(skipped, (std::vector<std::string>{"SOME_FUTURE_PROJECTION", "utm_projection"}));
 
     // The values as the file states them.
+    // clang-format off
     const std::vector<ExpectedSection> expected = {
-        {D::eTransverseMercator,
-         "ETRS89 / UTM zone 32N",
-         "Europe",
-         "RF",
+        {D::eTransverseMercator, "ETRS89 / UTM zone 32N", "Europe", "RF",
          {0.9996, 9, 0.25, 500000, -12.5}},
         {D::eLambert2SP, "RGF93 / Lambert-93", "Europe", "RF", {49, 44, 3, 46.5, 700000, 6600000}},
-        {D::eLambert1SP,
-         "NTF / Lambert zone II",
-         "Europe",
-         "CF",
+        {D::eLambert1SP, "NTF / Lambert zone II", "Europe", "CF",
          {0.99987742, 2.337229167, 46.8, 600000, 2200000}},
-        {D::eStereographic,
-         "Amersfoort / RD New",
-         "Europe",
-         "BR",
+        {D::eStereographic, "Amersfoort / RD New", "Europe", "BR",
          {0.9999079, 5.387638888888889, 52.15616055555555, 155000, 463000}},
-        {D::eNewZealandMapGrid,
-         "NZGD49 / New Zealand Map Grid",
-         "Oceania",
-         "IN",
+        {D::eNewZealandMapGrid, "NZGD49 / New Zealand Map Grid", "Oceania", "IN",
          {173, -41, 2510000, 6023150}},
-        {D::eHotineObliqueMercator,
-         "Hotine test",
-         "Asia",
-         "EB",
+        {D::eHotineObliqueMercator, "Hotine test", "Asia", "EB",
          {0.99984, 115, 4, 53.31582047222222, 590476.87, 442857.65}},
-        {D::eObliqueMercator,
-         "Oblique Mercator test",
-         "Europe",
-         "BR",
+        {D::eObliqueMercator, "Oblique Mercator test", "Europe", "BR",
          {1.5, 7.439583333333333, 46.95240555555556, 90.5, 600000, 200000}},
-        {D::eRectifiedSkewOrthomorphic,
-         "Timbalai 1948 / RSO Borneo",
-         "Asia",
-         "EB",
+        {D::eRectifiedSkewOrthomorphic, "Timbalai 1948 / RSO Borneo", "Asia", "EB",
          {0.99984, 115, 4, 53.31582047222222, 53.13010236111111, 590476.87, 442857.65}},
         {D::eRotatedLongitudeLatitude, "Rotated pole test", "Models", "XY", {18, -39.25, 7.5}},
-        {D::eMercator2SP,
-         "Pulkovo 1942 / Caspian Sea Mercator",
-         "Asia",
-         "KA",
+        {D::eMercator2SP, "Pulkovo 1942 / Caspian Sea Mercator", "Asia", "KA",
          {42, 51, 1000, -2000}},
         {D::eMercator1SP, "Makassar / NEIEZ", "Asia", "BR", {0.997, 110, 3900000, 900000}},
         {D::eStereographicNorthPole, "North pole test", "Polar", "WE", {70, -45, 2000000, 2100000}},
@@ -437,37 +403,20 @@ TEST_F(DefinitionKeywordFile, CatalogueSectionsGoToTheFirstTypeThatAcceptsThem) 
         // type that accepts it.
         {D::eMercator2SP, "Old Mercator section", "Legacy", "WE", {12, 100, 1, 2}},
         {D::eGeographical, "WGS 84 geographical", "World", "WE", {}},
-        {D::eKrovak,
-         "S-JTSK / Krovak",
-         "Europe",
-         "BR",
+        {D::eKrovak, "S-JTSK / Krovak", "Europe", "BR",
          {0.9999, 78.5, 24.83333333333333, 49.5, 30.28813972222222, 90, -1, -2, 10, 20}},
-        {D::eAlbersEqualArea,
-         "NAD83 / Conus Albers",
-         "America",
-         "RF",
+        {D::eAlbersEqualArea, "NAD83 / Conus Albers", "America", "RF",
          {29.5, 45.5, -96, 23, 10000, 20000}},
-        {D::eLambertAzimuthalEqualArea,
-         "ETRS89 / LAEA Europe",
-         "Europe",
-         "RF",
+        {D::eLambertAzimuthalEqualArea, "ETRS89 / LAEA Europe", "Europe", "RF",
          {10, 52, 4321000, 3210000}},
-        {D::eCassiniSoldner,
-         "Cassini test",
-         "Asia",
-         "CF",
+        {D::eCassiniSoldner, "Cassini test", "Asia", "CF",
          {35.21208055555556, 31.73409694444445, 170251.555, 126867.909}},
-        {D::eEquidistantConic,
-         "Equidistant conic test",
-         "Asia",
-         "KA",
+        {D::eEquidistantConic, "Equidistant conic test", "Asia", "KA",
          {52, 64, 105, 39, 18500000, -300}},
-        {D::ePolarStereographic,
-         "WGS 84 / UPS North",
-         "Polar",
-         "WE",
+        {D::ePolarStereographic, "WGS 84 / UPS North", "Polar", "WE",
          {0.994, -1, 90, 2000000, 2000001}},
     };
+    // clang-format on
     ASSERT_EQ(read.size(), expected.size());
     for (std::size_t i = 0; i < read.size(); ++i) {
         const CGxMapProjData& d = *read[i];
@@ -476,7 +425,7 @@ TEST_F(DefinitionKeywordFile, CatalogueSectionsGoToTheFirstTypeThatAcceptsThem) 
         EXPECT_EQ(d.GetName(), expected[i].name);
         EXPECT_EQ(d.GetBranchName(), expected[i].branch);
         EXPECT_EQ(d.GetEllipsoidID(), expected[i].ellipsoid);
-        EXPECT_EQ(Parameters(d), expected[i].params);
+        EXPECT_EQ(GxParameterValues(d), expected[i].params);
         EXPECT_FALSE(d.CanEdit());
         EXPECT_FALSE(d.CanDelete());
     }

@@ -31,6 +31,7 @@
 #include "definitions/StereographicProjection.h"
 #include "definitions/StereographicSouthPoleProjection.h"
 #include "definitions/TransverseMercatorProjection.h"
+#include "tests/support/DefinitionValues.h"
 
 namespace {
 
@@ -203,24 +204,13 @@ TEST(MapProjDataFactory, CreatesEditableDefinitionFromValues) {
         EXPECT_EQ(d->GetEllipsoidID(), "RF");
         EXPECT_TRUE(d->CanEdit());
         EXPECT_TRUE(d->CanDelete());
-        for (int i = 0; i < d->GetNoOfParameters(); ++i) {
-            std::string label;
-            double value = 0;
-            D::EParamType kind;
-            ASSERT_TRUE(d->GetParameter(i, label, value, kind));
-            EXPECT_EQ(value, values[i]) << i;
-        }
+        EXPECT_EQ(GxParameterValues(*d),
+                  std::vector<double>(values, values + d->GetNoOfParameters()));
     }
     // A null array where values are expected stands for all zeros.
     Definition zeros(D::CreateProjection(D::eKrovak, "n", "b", "e", nullptr));
     ASSERT_NE(zeros, nullptr);
-    for (int i = 0; i < zeros->GetNoOfParameters(); ++i) {
-        std::string label;
-        double value = -1;
-        D::EParamType kind;
-        zeros->GetParameter(i, label, value, kind);
-        EXPECT_EQ(value, 0.0) << i;
-    }
+    EXPECT_EQ(GxParameterValues(*zeros), std::vector<double>(10, 0.0));
 }
 
 TEST(MapProjDataFactory, TypesWithoutClassGiveNull) {
@@ -340,28 +330,19 @@ TEST(MapProjDataEditing, ConstructorFormsAndCopiesKeepEveryField) {
     EXPECT_EQ(empty.GetName(), "");
     EXPECT_EQ(empty.GetProjectionType(), D::eGeographical);
 
+    // Assignment takes the flags too: the formerly editable object is now
+    // fixed and ignores a new name.
     CGxAlbersEqualAreaProjection source("Albers", "America", "RF", 29.5, 45.5, -96, 23, 1, 2, true,
                                         false);
-    CGxAlbersEqualAreaProjection copy(source);
     CGxAlbersEqualAreaProjection assigned("Other", "b", "WE", 0, 0, 0, 0, 0, 0, false, true);
     assigned = source;
-    for (const CGxAlbersEqualAreaProjection* d : {&copy, &assigned}) {
-        EXPECT_EQ(d->GetName(), "Albers");
-        EXPECT_EQ(d->GetBranchName(), "America");
-        EXPECT_EQ(d->GetEllipsoidID(), "RF");
-        EXPECT_EQ(d->GetParallel1(), 29.5);
-        EXPECT_EQ(d->GetParallel2(), 45.5);
-        EXPECT_EQ(d->GetCentralMeridian(), -96);
-        EXPECT_EQ(d->GetOriginLatitude(), 23);
-        EXPECT_EQ(d->GetFalseEasting(), 1);
-        EXPECT_EQ(d->GetFalseNorthing(), 2);
-        EXPECT_TRUE(d->CanDelete());
-        // Assignment takes the flags too: the formerly editable object is
-        // now fixed.
-        EXPECT_FALSE(d->CanEdit());
-    }
     assigned.SetName("Try");
-    EXPECT_EQ(assigned.GetName(), "Albers");
+    for (const CGxAlbersEqualAreaProjection& d : {CGxAlbersEqualAreaProjection(source), assigned}) {
+        EXPECT_EQ(d.GetName() + d.GetBranchName() + d.GetEllipsoidID(), "AlbersAmericaRF");
+        EXPECT_EQ(GxParameterValues(d), (std::vector<double>{29.5, 45.5, -96, 23, 1, 2}));
+        EXPECT_TRUE(d.CanDelete());
+        EXPECT_FALSE(d.CanEdit());
+    }
 }
 
 template <class T>
@@ -379,13 +360,9 @@ void ExpectAccessorsFollowIndexOrder(T definition, const std::vector<Accessor<T>
     for (std::size_t i = 0; i < accessors.size(); ++i)
         EXPECT_EQ((definition.*accessors[i].get)(), i + 1.0) << "getter " << i;
     for (std::size_t i = 0; i < accessors.size(); ++i) (definition.*accessors[i].set)(100.0 + i);
-    for (std::size_t i = 0; i < accessors.size(); ++i) {
-        std::string label;
-        double value = 0;
-        D::EParamType kind;
-        definition.GetParameter(static_cast<int>(i), label, value, kind);
-        EXPECT_EQ(value, 100.0 + i) << "setter " << i << " (" << label << ")";
-    }
+    const std::vector<double> values = GxParameterValues(definition);
+    for (std::size_t i = 0; i < values.size(); ++i)
+        EXPECT_EQ(values[i], 100.0 + i) << "setter " << i;
 }
 
 TEST(MapProjDataAccessors, NamedAccessorsFollowIndexOrder) {
@@ -466,8 +443,7 @@ TEST(MapProjDataAccessors, NamedAccessorsFollowIndexOrder) {
         {&SS::GetFalseEasting, &SS::SetFalseEasting},
         {&SS::GetFalseNorthing, &SS::SetFalseNorthing}});
     using KR = CGxKrovakProjection;
-    ExpectAccessorsFollowIndexOrder<KR>(
-        KR("n", "b", "e", 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, false, true), {
+    ExpectAccessorsFollowIndexOrder<KR>(KR("n", "b", "e", 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, false, true), {
         {&KR::GetScaleAtPseudoParallel, &KR::SetScaleAtPseudoParallel},
         {&KR::GetPseudoParallel, &KR::SetPseudoParallel},
         {&KR::GetCenterLongitude, &KR::SetCenterLongitude},
