@@ -37,6 +37,11 @@ static void check_near(double actual, double expected, double tolerance, const c
 #define CHECK(condition) check((condition), #condition, __LINE__)
 #define CHECK_NEAR(actual, expected, tolerance) \
     check_near((actual), (expected), (tolerance), #actual, __LINE__)
+/* A point's two or three coordinates, each to the same tolerance. */
+#define CHECK_XY(x, y, ex, ey, tolerance) \
+    (CHECK_NEAR(x, ex, tolerance), CHECK_NEAR(y, ey, tolerance))
+#define CHECK_XYZ(x, y, z, ex, ey, ez, tolerance) \
+    (CHECK_XY(x, y, ex, ey, tolerance), CHECK_NEAR(z, ez, tolerance))
 
 /* Reference values.
  * UTM on WGS 84:
@@ -78,9 +83,9 @@ static const double kGeoX = 4196894.042454, kGeoY = 702319.199102, kGeoZ = 47356
 static const double kXEd50 = 537200.538293, kYEd50 = 5344408.699843, kHEd50 = 77.961820;
 static const double kXEd50NoHeight = 537200.539826, kYEd50NoHeight = 5344408.701647;
 
-static const double kMetre = 1e-3;    /* reference values are given to the micrometre */
-static const double kDegree = 1e-8;   /* about a millimetre on the ground */
-static const double kAngle = 1e-9;    /* for angles that are sums and differences */
+static const double kMetre = 1e-3;  /* reference values are given to the micrometre */
+static const double kDegree = 1e-8; /* about a millimetre on the ground */
+static const double kAngle = 1e-9;  /* for angles that are sums and differences */
 
 static const char* const kEd50Utm32 =
     "PROJCS[\"ED50 / UTM 32\",GEOGCS[\"ED50\",DATUM[\"European_Datum_1950\","
@@ -107,25 +112,19 @@ static void test_map_projection(void) {
     if (!utm) return;
 
     C_GXMP_GEO2PROJ(utm, kLon, kLat, &x, &y);
-    CHECK_NEAR(x, kX32, kMetre);
-    CHECK_NEAR(y, kY32, kMetre);
+    CHECK_XY(x, y, kX32, kY32, kMetre);
     C_GXMP_PROJ2GEO(utm, kX32East, kY32East, &lon, &lat);
-    CHECK_NEAR(lon, 12.5, kDegree);
-    CHECK_NEAR(lat, 48.25, kDegree);
+    CHECK_XY(lon, lat, 12.5, 48.25, kDegree);
     CHECK_NEAR(C_GXMP_GETCONVERGENCE(utm, kLon, kLat), kGamma32, 1e-9);
 
     C_GXMP_GEO2XYZ(utm, kLon, kLat, 350.0, &X, &Y, &Z);
-    CHECK_NEAR(X, kGeoX, kMetre);
-    CHECK_NEAR(Y, kGeoY, kMetre);
-    CHECK_NEAR(Z, kGeoZ, kMetre);
+    CHECK_XYZ(X, Y, Z, kGeoX, kGeoY, kGeoZ, kMetre);
     C_GXMP_XYZ2GEO(utm, kGeoX, kGeoY, kGeoZ, &lon, &lat, &h);
-    CHECK_NEAR(lon, kLon, kDegree);
-    CHECK_NEAR(lat, kLat, kDegree);
+    CHECK_XY(lon, lat, kLon, kLat, kDegree);
     CHECK_NEAR(h, 350.0, kMetre);
 
     C_GXMP_GETORIGIN(utm, &lon, &lat);
-    CHECK_NEAR(lon, 9.0, 1e-12);
-    CHECK_NEAR(lat, 0.0, 1e-12);
+    CHECK_XY(lon, lat, 9.0, 0.0, 1e-12);
     /* The natural area of a zone straddles its central meridian. */
     C_GXMP_GETDEFAULTAREA(utm, &x0, &y0, &x1, &y1);
     CHECK(x0 < 500000.0 && 500000.0 < x1 && y0 < y1);
@@ -247,20 +246,15 @@ static void test_cartography(void) {
     CHECK_NEAR(C_GXC_GETPROJNORTH(grid), 0.0, 1e-9);
 
     C_GXC_GEO2XY(grid, kLon, kLat, &X, &Y);
-    CHECK_NEAR(X, 0.0, 1e-6);
-    CHECK_NEAR(Y, 0.0, 1e-6);
+    CHECK_XY(X, Y, 0.0, 0.0, 1e-6);
     C_GXC_GEO2XY(grid, 12.5, 48.25, &X, &Y);
-    CHECK_NEAR(X, kX32East - kX32, kMetre);
-    CHECK_NEAR(Y, kY32East - kY32, kMetre);
+    CHECK_XY(X, Y, kX32East - kX32, kY32East - kY32, kMetre);
     C_GXC_XY2GEO(grid, kX32East - kX32, kY32East - kY32, &lon, &lat);
-    CHECK_NEAR(lon, 12.5, kDegree);
-    CHECK_NEAR(lat, 48.25, kDegree);
+    CHECK_XY(lon, lat, 12.5, 48.25, kDegree);
     C_GXC_GEO2PROJ(grid, kLon, kLat, &x, &y);
-    CHECK_NEAR(x, kX32, kMetre);
-    CHECK_NEAR(y, kY32, kMetre);
+    CHECK_XY(x, y, kX32, kY32, kMetre);
     C_GXC_PROJ2GEO(grid, kX32, kY32, &lon, &lat);
-    CHECK_NEAR(lon, kLon, kDegree);
-    CHECK_NEAR(lat, kLat, kDegree);
+    CHECK_XY(lon, lat, kLon, kLat, kDegree);
 
     /* The grid's system is reachable as a map-projection handle it owns. */
     system = C_GXC_GETPROJECTION(grid);
@@ -280,11 +274,9 @@ static void test_cartography(void) {
         dx = kX32East - kX32;
         dy = kY32East - kY32;
         C_GXC_PROJ2XY(rotated, kX32East, kY32East, &X, &Y);
-        CHECK_NEAR(X, dx * cos(a) - dy * sin(a), kMetre);
-        CHECK_NEAR(Y, dy * cos(a) + dx * sin(a), kMetre);
+        CHECK_XY(X, Y, dx * cos(a) - dy * sin(a), dy * cos(a) + dx * sin(a), kMetre);
         C_GXC_XY2PROJ(rotated, X, Y, &x, &y);
-        CHECK_NEAR(x, kX32East, kMetre);
-        CHECK_NEAR(y, kY32East, kMetre);
+        CHECK_XY(x, y, kX32East, kY32East, kMetre);
         C_GXC_DESTROY(&rotated, &status);
         CHECK(rotated == NULL && status == GXCART_OK);
     }
@@ -343,34 +335,25 @@ static void test_datum_converter(void) {
     y = kY32;
     h = 120.0;
     C_GXDC_CONVERTXYH(dc, &x, &y, &h);
-    CHECK_NEAR(x, kXEd50, kMetre);
-    CHECK_NEAR(y, kYEd50, kMetre);
-    CHECK_NEAR(h, kHEd50, kMetre);
+    CHECK_XYZ(x, y, h, kXEd50, kYEd50, kHEd50, kMetre);
     C_GXDC_INVCONVERTXYH(dc, &x, &y, &h);
-    CHECK_NEAR(x, kX32, kMetre);
-    CHECK_NEAR(y, kY32, kMetre);
-    CHECK_NEAR(h, 120.0, kMetre);
+    CHECK_XYZ(x, y, h, kX32, kY32, 120.0, kMetre);
 
     x = kX32;
     y = kY32;
     C_GXDC_CONVERTXY(dc, &x, &y);
-    CHECK_NEAR(x, kXEd50NoHeight, kMetre);
-    CHECK_NEAR(y, kYEd50NoHeight, kMetre);
+    CHECK_XY(x, y, kXEd50NoHeight, kYEd50NoHeight, kMetre);
     C_GXDC_INVCONVERTXY(dc, &x, &y);
-    CHECK_NEAR(x, kX32, kMetre);
-    CHECK_NEAR(y, kY32, kMetre);
+    CHECK_XY(x, y, kX32, kY32, kMetre);
 
     /* A mesh in place: with heights, then without (each point at height 0). */
     {
         double xs[2] = {kX32, kX32}, ys[2] = {kY32, kY32}, hs[2] = {120.0, 0.0};
         C_GXDC_CONVERTARRAY(dc, xs, ys, hs, 2);
-        CHECK_NEAR(xs[0], kXEd50, kMetre);
-        CHECK_NEAR(ys[0], kYEd50, kMetre);
-        CHECK_NEAR(hs[0], kHEd50, kMetre);
+        CHECK_XYZ(xs[0], ys[0], hs[0], kXEd50, kYEd50, kHEd50, kMetre);
         CHECK_NEAR(xs[1], kXEd50NoHeight, kMetre);
         C_GXDC_INVCONVERTARRAY(dc, xs, ys, NULL, 2);
-        CHECK_NEAR(xs[0], kX32, kMetre);
-        CHECK_NEAR(ys[1], kY32, kMetre);
+        CHECK_XY(xs[0], ys[1], kX32, kY32, kMetre);
         /* A null handle or array changes nothing. */
         x = xs[0];
         h = hs[0];
@@ -384,13 +367,9 @@ static void test_datum_converter(void) {
     Y = kGeoY;
     Z = kGeoZ;
     C_GXDC_DATUMSHIFT(dc, &X, &Y, &Z);
-    CHECK_NEAR(X, kGeoX + 87.0, 1e-6);
-    CHECK_NEAR(Y, kGeoY + 98.0, 1e-6);
-    CHECK_NEAR(Z, kGeoZ + 121.0, 1e-6);
+    CHECK_XYZ(X, Y, Z, kGeoX + 87.0, kGeoY + 98.0, kGeoZ + 121.0, 1e-6);
     C_GXDC_INVDATUMSHIFT(dc, &X, &Y, &Z);
-    CHECK_NEAR(X, kGeoX, 1e-6);
-    CHECK_NEAR(Y, kGeoY, 1e-6);
-    CHECK_NEAR(Z, kGeoZ, 1e-6);
+    CHECK_XYZ(X, Y, Z, kGeoX, kGeoY, kGeoZ, 1e-6);
 
     /* Geographical source: longitude/latitude in, ED50 grid out. */
     C_GXDC_SETCONVERSIONTYPE(dc, GXCART_GEO_TO_PROJ);
@@ -398,8 +377,7 @@ static void test_datum_converter(void) {
     y = kLat;
     h = 120.0;
     C_GXDC_CONVERTXYH(dc, &x, &y, &h);
-    CHECK_NEAR(x, kXEd50, kMetre);
-    CHECK_NEAR(y, kYEd50, kMetre);
+    CHECK_XY(x, y, kXEd50, kYEd50, kMetre);
     /* A type outside the four is refused and the last one stays. */
     C_GXDC_SETCONVERSIONTYPE(dc, 7);
     x = kLon;
@@ -414,8 +392,7 @@ static void test_datum_converter(void) {
     y = kYEd50;
     h = kHEd50;
     C_GXDC_CONVERTXYH(dc, &x, &y, &h);
-    CHECK_NEAR(x, kLon, kDegree);
-    CHECK_NEAR(y, kLat, kDegree);
+    CHECK_XY(x, y, kLon, kLat, kDegree);
     CHECK_NEAR(h, 120.0, kMetre);
     C_GXDC_INVERTORDER(dc);
 
@@ -427,8 +404,7 @@ static void test_datum_converter(void) {
     y = kLat;
     h = 120.0;
     C_GXDC_CONVERTXYH(dc, &x, &y, &h);
-    CHECK_NEAR(x, kX32Intl, kMetre);
-    CHECK_NEAR(y, kY32Intl, kMetre);
+    CHECK_XY(x, y, kX32Intl, kY32Intl, kMetre);
     CHECK(h == 120.0);
     C_GXDC_RESETBYPASSXYZ(dc);
     CHECK(C_GXDC_GETBYPASSXYZ(dc) == 0);
@@ -441,9 +417,7 @@ static void test_datum_converter(void) {
     Y = 2000.0;
     Z = 3000.0;
     C_GXDC_DATUMSHIFT(dc, &X, &Y, &Z);
-    CHECK_NEAR(X, 1010.0, 1e-9);
-    CHECK_NEAR(Y, 2020.0, 1e-9);
-    CHECK_NEAR(Z, 3030.0, 1e-9);
+    CHECK_XYZ(X, Y, Z, 1010.0, 2020.0, 3030.0, 1e-9);
     /* An unknown shift type is refused. */
     C_GXDC_SETDATUMSHIFT(dc, 5, zero, 1);
     X = 1000.0;
@@ -461,8 +435,7 @@ static void test_datum_converter(void) {
         x = kX32;
         y = kY32;
         C_GXDC_CONVERTXY(zones, &x, &y);
-        CHECK_NEAR(x, kX33, kMetre);
-        CHECK_NEAR(y, kY33, kMetre);
+        CHECK_XY(x, y, kX33, kY33, kMetre);
         C_GXDC_DESTROY(&zones, &status);
     }
 
@@ -510,8 +483,7 @@ static void test_generic_utm(void) {
     CHECK(lon == 7.0 && lat == 8.0);
     S_PROJECTIONORIGIN("UTM-33", &lon, &lat, &status);
     CHECK(status == GXCART_OK);
-    CHECK_NEAR(lon, 15.0, 1e-12);
-    CHECK_NEAR(lat, 0.0, 1e-12);
+    CHECK_XY(lon, lat, 15.0, 0.0, 1e-12);
 
     CHECK(NewGxProjection("UTM") == NULL);
 }
@@ -628,8 +600,7 @@ static void test_string_queries(void) {
     CHECK(web != NULL);
     if (web) {
         C_GXMP_GEO2PROJ(web, kLon, kLat, &x, &y);
-        CHECK_NEAR(x, kXWeb, kMetre);
-        CHECK_NEAR(y, kYWeb, kMetre);
+        CHECK_XY(x, y, kXWeb, kYWeb, kMetre);
         C_GXMP_DESTROY(&web, &status);
     }
 
