@@ -1,6 +1,8 @@
 #include "projections/TransverseMercatorJHS.h"
 
 #include <cmath>
+#include <cstddef>
+#include <iterator>
 
 #include "definitions/TransverseMercatorProjection.h"
 #include "foundation/Ellipsoid.h"
@@ -144,7 +146,8 @@ CGxTransverseMercatorJHS::CGxTransverseMercatorJHS(const char* name_,
     const double e2 = e * e;
     correctionBySeries = e <= kCorrectionSeriesLimit;
     double ek = e2;
-    for (int k = 0; k < 8; ++k, ek *= e2) correction[k] = ek / (2 * k + 1);
+    for (std::size_t k = 0; k < std::size(correction); ++k, ek *= e2)
+        correction[k] = ek / (2 * k + 1);
 }
 
 void CGxTransverseMercatorJHS::Geo2Proj(double lon, double lat, double* x, double* y) const {
