@@ -43,8 +43,13 @@ double WrapFarLongitude(double lam, double lon0) {
     const double d = lam - lon0;
     if (!std::isfinite(d)) return d;
     // Far-out values in one exact step, so that no input can keep the turn
-    // loop below running.
-    if (std::fabs(d) > kWrapJumpLimit) return std::remainder(d, kTwoPi);
+    // loop below running. Both ends count, not only their difference: a
+    // longitude near a huge origin (a central meridian of 1e19 degrees) lies
+    // where a whole turn is below half a unit in the last place, and adding
+    // it would leave the value unchanged for ever.
+    if (std::fabs(d) > kWrapJumpLimit || std::fabs(lam) > kWrapJumpLimit ||
+        std::fabs(lon0) > kWrapJumpLimit)
+        return std::remainder(d, kTwoPi);
     while (lam - lon0 < -kGxPi) lam += kTwoPi;
     while (lam - lon0 > kGxPi) lam -= kTwoPi;
     return lam - lon0;
