@@ -154,8 +154,6 @@ CGxLambertAzimuthalEqualAreaSphere::CGxLambertAzimuthalEqualAreaSphere(
     const CGxEllipsoid& ellipsoid)
     : CGxInnerFormOf(ellipsoid, eGxInnerSphere, centreLongitude, originLatitude, falseEasting,
                      falseNorthing),
-      lonOrigin(lon0),
-      latOrigin(lat0),
       aspect(AspectOf(originLatitude)),
       sinLat0(std::sin(lat0)),
       cosLat0(std::cos(lat0)) {}

@@ -52,7 +52,6 @@ public:
     void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
 
 private:
-    double lonOrigin, latOrigin;
     int aspect;  // 1 oblique, 2 north polar, 3 south polar
     double sinLat0, cosLat0;
 };
