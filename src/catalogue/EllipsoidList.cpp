@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "catalogue/CatalogueFile.h"
 #include "catalogue/ListLimit.h"
 #include "foundation/Ellipsoid.h"
 #include "zpf/zpf.h"
@@ -24,49 +25,34 @@ CGxEllipsoidList::~CGxEllipsoidList() {
 }
 
 void CGxEllipsoidList::ReadEllipsoids(const std::string& path, bool toCustom) {
-    void* file = zpfLoadFile(path.c_str());
-    if (!file) {
-        zpfGetErrorGlb();  // a missing file is not an error
-        return;
-    }
-    if (zpfPeekErrorGlb() != eZpfOk) {
-        zpfClose(file);
-        return;
-    }
-    void* block = zpfTargetByNameNum(file, kBlock, 1);
-    const int n = block ? zpfGetNoInstances(block, kSection) : 0;
-    for (int i = 1; i <= n; ++i) {
-        void* section = zpfSectionByNameNum(block, kSection, i);
-        std::string name, id;
-        double major = 0.0, invFlattening = 0.0;
-        zpfGetParam(section, kName, 1, 1, &name);
-        zpfGetParam(section, kId, 1, 1, &id);
-        zpfGetParam(section, kMajor, 1, 1, &major);
-        zpfGetParam(section, kInvFlattening, 1, 1, &invFlattening);
-        std::list<CGxEllipsoid*>& target = toCustom ? custom : system;
-        GxCheckListRoom(target);
-        target.push_back(new CGxEllipsoid(name, id, major, invFlattening));
-    }
-    // Keywords absent from a section are not errors of the catalogue.
-    zpfGetErrorGlb();
-    zpfClose(file);
+    GxReadCatalogueFile(path, kBlock, [&](void* block) {
+        const int n = zpfGetNoInstances(block, kSection);
+        for (int i = 1; i <= n; ++i) {
+            void* section = zpfSectionByNameNum(block, kSection, i);
+            std::string name, id;
+            double major = 0.0, invFlattening = 0.0;
+            zpfGetParam(section, kName, 1, 1, &name);
+            zpfGetParam(section, kId, 1, 1, &id);
+            zpfGetParam(section, kMajor, 1, 1, &major);
+            zpfGetParam(section, kInvFlattening, 1, 1, &invFlattening);
+            std::list<CGxEllipsoid*>& target = toCustom ? custom : system;
+            GxCheckListRoom(target);
+            target.push_back(new CGxEllipsoid(name, id, major, invFlattening));
+        }
+    });
 }
 
 bool CGxEllipsoidList::WriteCustomEllipsoids(const std::string& path) {
-    void* file = zpfCreate();
-    if (!file) return false;
-    zpfAddTarget(file, kBlock);
-    for (const CGxEllipsoid* e : custom) {
-        void* section = zpfAddSection(file, kSection);
-        zpfPutParam(section, kName, e->GetName());
-        zpfPutParam(section, kId, e->GetID());
-        zpfPutParam(section, kMajor, e->GetMajor());
-        zpfPutParam(section, kInvFlattening, e->GetInvFlatness());
-        zpfEndSection(section);
-    }
-    const bool written = zpfWrite(file, path.c_str()) != 0;
-    zpfClose(file);
-    return written;
+    return GxWriteCatalogueFile(path, kBlock, [this](void* file) {
+        for (const CGxEllipsoid* e : custom) {
+            void* section = zpfAddSection(file, kSection);
+            zpfPutParam(section, kName, e->GetName());
+            zpfPutParam(section, kId, e->GetID());
+            zpfPutParam(section, kMajor, e->GetMajor());
+            zpfPutParam(section, kInvFlattening, e->GetInvFlatness());
+            zpfEndSection(section);
+        }
+    });
 }
 
 void CGxEllipsoidList::AddEllipsoid(CGxEllipsoid* ellipsoid) {

@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "catalogue/CatalogueFile.h"
 #include "catalogue/ListLimit.h"
 #include "definitions/GeographicalProjection.h"
 #include "definitions/MapProjData.h"
@@ -99,37 +100,23 @@ void CGxMapProjectionList::InitMapProjections(const std::string& dataPath,
 }
 
 void CGxMapProjectionList::ReadMapProjections(const std::string& path, bool editable) {
-    void* file = zpfLoadFile(path.c_str());
-    if (!file) {
-        zpfGetErrorGlb();  // a missing file is not an error
-        return;
-    }
-    if (zpfPeekErrorGlb() != eZpfOk) {
-        zpfClose(file);
-        return;
-    }
-    void* block = zpfTargetByNameNum(file, kBlock, 1);
-    const int n = block ? zpfGetNoSections(block) : 0;
-    const SectionReaders readers;
-    for (int i = 1; i <= n; ++i) {
-        void* section = zpfSectionByNum(block, i);
-        CGxMapProjData* definition = readers.NewDefinition(zpfGetName(section));
-        if (!definition) continue;
-        definition->ReadFromHandle(section, editable);
-        _Append(definition);
-    }
-    zpfGetErrorGlb();  // optional keywords that were absent
-    zpfClose(file);
+    GxReadCatalogueFile(path, kBlock, [&](void* block) {
+        const int n = zpfGetNoSections(block);
+        const SectionReaders readers;
+        for (int i = 1; i <= n; ++i) {
+            void* section = zpfSectionByNum(block, i);
+            CGxMapProjData* definition = readers.NewDefinition(zpfGetName(section));
+            if (!definition) continue;
+            definition->ReadFromHandle(section, editable);
+            _Append(definition);
+        }
+    });
 }
 
 bool CGxMapProjectionList::WriteCustomMapProjections(const std::string& path) {
-    void* file = zpfCreate();
-    if (!file) return false;
-    zpfAddTarget(file, kBlock);
-    for (CGxMapProjData* d : entries) d->WriteToHandle(file);
-    const bool written = zpfWrite(file, path.c_str()) != 0;
-    zpfClose(file);
-    return written;
+    return GxWriteCatalogueFile(path, kBlock, [this](void* file) {
+        for (CGxMapProjData* d : entries) d->WriteToHandle(file);
+    });
 }
 
 void CGxMapProjectionList::AddMapProjection(CGxMapProjData* definition) {
