@@ -22,6 +22,9 @@ public:
     static constexpr const char ProjectionName[] = "Projection_Name";
     static constexpr const char BranchName[] = "Branch_Name";
     static constexpr const char Ellipsoid[] = "Ellipsoid";
+    // The system's number in a public register, "EPSG:25832" (optional;
+    // readers that do not know it skip it).
+    static constexpr const char Code[] = "Code";
 
     // False origin, metres, or US survey feet in the _ft_us forms.
     static constexpr const char Feast[] = "Feast";

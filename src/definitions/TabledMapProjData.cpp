@@ -133,6 +133,12 @@ void SetWktParameter(CGxPRJParser& parser, EGxWktParameter which, double value) 
 
 }  // namespace
 
+const std::string& GxDefinitionCode(const CGxMapProjData* definition) {
+    static const std::string none;
+    const auto* tabled = dynamic_cast<const CGxTabledMapProjData*>(definition);
+    return tabled ? tabled->GetCode() : none;
+}
+
 CGxTabledMapProjData::CGxTabledMapProjData(const GxProjDataLayout& layout_)
     : params{}, canDelete(false), canEdit(false), layout(&layout_) {}
 
@@ -185,12 +191,18 @@ void CGxTabledMapProjData::SetEllipsoidID(const std::string& ellipsoidID_) {
     if (canEdit) ellipsoidID = ellipsoidID_;
 }
 
+void CGxTabledMapProjData::SetCode(const std::string& code_) {
+    if (canEdit) code = code_;
+}
+
 void CGxTabledMapProjData::ReadFromHandle(void* section, bool editable) {
     if (!section) return;
     double values[kGxMaxProjParams] = {};
     for (int i = 0; i < layout->count; ++i) values[i] = ReadParameter(section, layout->params[i]);
+    std::string readCode = ReadText(section, Code);
     _Assign(ReadText(section, ProjectionName), ReadText(section, BranchName),
             ReadText(section, Ellipsoid), values, editable, editable);
+    code = std::move(readCode);
 }
 
 void CGxTabledMapProjData::WriteToHandle(void* file) {
@@ -201,6 +213,7 @@ void CGxTabledMapProjData::WriteToHandle(void* file) {
     zpfPutParam(section, ProjectionName, name);
     zpfPutParam(section, BranchName, branchName);
     zpfPutParam(section, Ellipsoid, ellipsoidID);
+    if (!code.empty()) zpfPutParam(section, Code, code);
     for (int i = 0; i < layout->count; ++i)
         zpfPutParam(section, layout->params[i].keyword, params[i]);
     zpfEndSection(section);

@@ -114,6 +114,10 @@ struct GxProjDataLayout {
     const EGxWktParameter* wktParams;  // count entries: the WKT parameter of each index
 };
 
+// The register code of a definition of the family ("EPSG:25832"); empty for
+// any other definition and for null.
+GXCART_API const std::string& GxDefinitionCode(const CGxMapProjData* definition);
+
 // The common implementation of the definition family. It holds the fields of
 // every definition (name, branch, ellipsoid identifier, the parameters in
 // index order, the two flags) and follows the type's layout table; a concrete
@@ -130,6 +134,12 @@ public:
     void SetBranchName(const std::string& branchName) override;
     std::string GetEllipsoidID() const override;
     void SetEllipsoidID(const std::string& ellipsoidID) override;
+    // The system's number in a public register ("EPSG:25832", "ESRI:102031")
+    // under which the catalogue also finds it; empty when it has none. Kept
+    // in the keyword "Code"; SetCode is ignored unless the definition is
+    // editable.
+    const std::string& GetCode() const { return code; }
+    void SetCode(const std::string& code);
     void ReadFromHandle(void* section, bool editable) override;
     void WriteToHandle(void* file) override;
     bool IsSectionID(const std::string& text) const override;
@@ -177,6 +187,7 @@ private:
     std::string name;
     std::string branchName;
     std::string ellipsoidID;
+    std::string code;
     double params[kGxMaxProjParams];
     bool canDelete;
     bool canEdit;
