@@ -1,10 +1,15 @@
 #include "catalogue/MapProjectionList.h"
 
 #include <algorithm>
+#include <atomic>
+#include <cstdint>
 #include <cstdio>
 #include <memory>
+#include <mutex>
+#include <unordered_map>
 #include <vector>
 
+#include "catalogue/CatalogueCode.h"
 #include "catalogue/CatalogueFile.h"
 #include "catalogue/ListLimit.h"
 #include "definitions/GeographicalProjection.h"
@@ -25,6 +30,11 @@ const char* const kUtmEllipsoid = "WE";
 constexpr int kUtmZones = 60;
 constexpr double kUtmScale = 0.9996;
 constexpr double kUtmFalseEasting = 500000.0;
+// The EPSG systems users name most (read at start-up, after the custom file so
+// that a user's own system keeps its name), and every other EPSG system the
+// definitions express exactly (read on first need).
+const char* const kCommonEpsgFile = "epsg_common.zpf";
+const char* const kDeferredEpsgFile = "epsg_other.zpf";
 
 // The definition types in enumeration order, each asked whether it reads a
 // section name. One default definition of every type is made per file rather
@@ -52,7 +62,40 @@ private:
 
 }  // namespace
 
-CGxMapProjectionList::CGxMapProjectionList() = default;
+struct CGxMapProjectionList::DeferredSystems {
+    std::string path;  // empty: there are none
+    std::once_flag read;
+    std::vector<std::unique_ptr<CGxMapProjData>> systems;
+    // The first system of each code and of each short name, in file order.
+    std::unordered_map<std::uint64_t, CGxMapProjData*> byCode;
+    std::unordered_map<std::string, CGxMapProjData*> byShortName;
+    // Set once the read is over, for a count that does not wait for it.
+    std::atomic<std::size_t> count{0};
+
+    void Read() {
+        GxReadCatalogueFile(path, kBlock, [this](void* block) {
+            const int n = zpfGetNoSections(block);
+            const SectionReaders readers;
+            systems.reserve(static_cast<std::size_t>(n > 0 ? n : 0));
+            for (int i = 1; i <= n; ++i) {
+                void* section = zpfSectionByNum(block, i);
+                std::unique_ptr<CGxMapProjData> definition(
+                    readers.NewDefinition(zpfGetName(section)));
+                if (!definition) continue;
+                definition->ReadFromHandle(section, false);
+                CGxMapProjData* system = definition.get();
+                systems.push_back(std::move(definition));
+                GxCatalogueCode code;
+                if (GxParseCatalogueCode(GxDefinitionCode(system), code))
+                    byCode.emplace(code.Key(), system);
+                byShortName.emplace(CGxPRJParser::ShortName(system->GetName()), system);
+            }
+        });
+        count = systems.size();
+    }
+};
+
+CGxMapProjectionList::CGxMapProjectionList() : deferred(new DeferredSystems) {}
 
 CGxMapProjectionList::~CGxMapProjectionList() {
     for (CGxMapProjData* d : entries) delete d;
@@ -93,6 +136,10 @@ void CGxMapProjectionList::InitMapProjections(const std::string& dataPath,
         ReadMapProjections(dataPath + "state_plane_nad27.zpf", false);
     }
     if (!userPath.empty()) ReadMapProjections(userPath + "custom_projection.zpf", true);
+    if (!dataPath.empty()) {
+        ReadMapProjections(dataPath + kCommonEpsgFile, false);
+        deferred->path = dataPath + kDeferredEpsgFile;
+    }
 
     auto* local = new CGxTransverseMercatorProjection(kLocalName);
     local->SetBranchName(kNonUtmBranch);
@@ -150,4 +197,37 @@ CGxMapProjData* CGxMapProjectionList::GetMapProjection(const std::string& name) 
         if (matches) return key.definition;
     }
     return nullptr;
+}
+
+CGxMapProjectionList::DeferredSystems& CGxMapProjectionList::_Deferred() const {
+    DeferredSystems& d = *deferred;
+    // Several threads may look up at once: one reads, the others wait for it.
+    // Without a file nothing is read, so a catalogue filled later still can.
+    if (!d.path.empty()) std::call_once(d.read, [&d] { d.Read(); });
+    return d;
+}
+
+CGxMapProjData* CGxMapProjectionList::GetMapProjectionByCode(const std::string& text) const {
+    GxCatalogueCode wanted;
+    if (!GxParseCatalogueCode(text, wanted)) return nullptr;
+    for (const NameKey& key : names) {
+        GxCatalogueCode carried;
+        if (key.tabled && GxParseCatalogueCode(key.tabled->GetCode(), carried) && carried == wanted)
+            return key.definition;
+    }
+    const DeferredSystems& d = _Deferred();
+    const auto found = d.byCode.find(wanted.Key());
+    return found == d.byCode.end() ? nullptr : found->second;
+}
+
+CGxMapProjData* CGxMapProjectionList::GetDeferredMapProjection(const std::string& name) const {
+    const DeferredSystems& d = _Deferred();
+    if (d.byShortName.empty()) return nullptr;
+    const auto found = d.byShortName.find(CGxPRJParser::ShortName(name));
+    return found == d.byShortName.end() ? nullptr : found->second;
+}
+
+std::size_t CGxMapProjectionList::GetNoOfDeferredMapProjections() const {
+    // Only a finished read is counted: this neither reads nor waits.
+    return deferred->count.load();
 }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <list>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -13,7 +15,14 @@ class CGxProjReadNotifier;
 
 // The catalogue of predefined coordinate systems offered for selection, in the
 // order users see it: "LONG/LAT", the sixty UTM zones, the system files, the
-// user's custom file and "NON-UTM". It owns its definitions.
+// user's custom file, the common EPSG systems and "NON-UTM". It owns its
+// definitions.
+//
+// Beside it stand the deferred systems: thousands more EPSG systems, too many
+// to read at every start-up, in a file next to the library that is read the
+// first time a look-up by name or code finds nothing in the catalogue. They
+// are found by name and code like catalogue entries but are not enumerated
+// and never written.
 class GXCART_API CGxMapProjectionList {
 public:
     using Iterator = std::list<CGxMapProjData*>::iterator;
@@ -41,6 +50,17 @@ public:
     // First entry whose name, in short form, equals the short form of name
     // exactly (case included); null when none.
     CGxMapProjData* GetMapProjection(const std::string& name) const;
+    // The entry that carries a register code (see CatalogueCode.h: "EPSG:25832",
+    // "urn:ogc:def:crs:EPSG::25832", "ESRI:102031"): the first in catalogue
+    // order, else the first deferred system with it. Null for a text that is
+    // no code and for a code no system carries.
+    CGxMapProjData* GetMapProjectionByCode(const std::string& code) const;
+    // The first deferred system whose name, in short form, equals the short
+    // form of name exactly (case included); null when none.
+    CGxMapProjData* GetDeferredMapProjection(const std::string& name) const;
+    // How many deferred systems have been read: 0 until a look-up needed
+    // them (or when there is no deferred file).
+    std::size_t GetNoOfDeferredMapProjections() const;
 
     Iterator GetIteratorBegin() { return entries.begin(); }
     Iterator GetIteratorEnd() { return entries.end(); }
@@ -89,8 +109,13 @@ private:
     static bool _Matches(const NameKey& key, const std::string& currentName,
                          const std::string& wantedShortName);
 
+    // The deferred systems and their indexes, read once on first need.
+    struct DeferredSystems;
+    DeferredSystems& _Deferred() const;
+
     std::list<CGxMapProjData*> entries;
     // In catalogue order; changed only with the list itself, so concurrent
     // look-ups in a catalogue nobody edits only read it.
     std::vector<NameKey> names;
+    std::unique_ptr<DeferredSystems> deferred;
 };
