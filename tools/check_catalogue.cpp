@@ -6,8 +6,11 @@
 // output with PROJ.
 //
 //   check_catalogue list FILE
-//       one line per section: number, type (0 when no type accepts the
-//       name), 1 or 0 for an algorithm built or not, the name.
+//       one line per section, tab-separated: number, type (0 when no type
+//       accepts the name), 1 or 0 for an algorithm built or not, the code
+//       keyword ("-" when there is none), the semi-major axis and inverse
+//       flattening of the algorithm's ellipsoid ("nan" without one), the
+//       name.
 //   check_catalogue convert FILE
 //       reads lines "section lon lat x y" from standard input and writes
 //       "section x' y' lon' lat'": (x', y') the forward conversion of
@@ -22,6 +25,8 @@
 #include <vector>
 
 #include "definitions/MapProjData.h"
+#include "definitions/TabledMapProjData.h"
+#include "foundation/Ellipsoid.h"
 #include "foundation/Projection.h"
 #include "zpf/zpf.h"
 
@@ -75,9 +80,16 @@ bool _Load(const char* path, std::vector<Entry>& entries) {
 void _List(const std::vector<Entry>& entries) {
     for (std::size_t i = 0; i < entries.size(); ++i) {
         const Entry& e = entries[i];
-        std::printf("%zu\t%d\t%d\t%s\n", i + 1,
+        const std::string& code = GxDefinitionCode(e.definition.get());
+        double a = NAN, invFlattening = NAN;
+        CGxEllipsoid figure;
+        if (e.projection && e.projection->GetAnonymousEllipsoid(figure)) {
+            a = figure.GetMajor();
+            invFlattening = figure.GetInvFlatness();
+        }
+        std::printf("%zu\t%d\t%d\t%s\t%.17g\t%.17g\t%s\n", i + 1,
                     e.definition ? static_cast<int>(e.definition->GetProjectionType()) : 0,
-                    e.projection ? 1 : 0,
+                    e.projection ? 1 : 0, code.empty() ? "-" : code.c_str(), a, invFlattening,
                     e.definition ? e.definition->GetName().c_str() : e.sectionName.c_str());
     }
 }

@@ -130,6 +130,7 @@ class System:
     """One projected coordinate system as read from the database."""
 
     def __init__(self):
+        self.kind = 'projected'   # or 'geographic'
         self.auth = None
         self.code = None
         self.name = None
@@ -200,12 +201,12 @@ def _geodetic(db, system):
     _ellipsoid(db, system, row[1], row[2])
 
 
-def _area(db, auth, code):
+def _area(db, auth, code, table='projected_crs'):
     rows = db.execute(
         "SELECT x.south_lat, x.north_lat, x.west_lon, x.east_lon FROM usage u "
         "JOIN extent x ON x.auth_name=u.extent_auth_name AND x.code=u.extent_code "
-        "WHERE u.object_table_name='projected_crs' AND u.object_auth_name=? "
-        "AND u.object_code=?", (auth, str(code))).fetchall()
+        "WHERE u.object_table_name=? AND u.object_auth_name=? "
+        "AND u.object_code=?", (table, auth, str(code))).fetchall()
     return rows[0] if rows else None
 
 
@@ -250,6 +251,33 @@ def load(db, auth, code):
             "SELECT name, orientation, uom_code FROM axis WHERE coordinate_system_auth_name=? "
             "AND coordinate_system_code=? ORDER BY coordinate_system_order",
             (cs_auth, cs_code)).fetchall()
+    return system
+
+
+def load_geographic(db, auth, code):
+    """Reads a geographic 2D system by authority and code: its datum's
+    ellipsoid and prime meridian, its axes and area of use."""
+    row = db.execute(
+        "SELECT name, type, coordinate_system_auth_name, coordinate_system_code, "
+        "deprecated FROM geodetic_crs WHERE auth_name=? AND code=?", (auth, str(code))).fetchone()
+    if row is None:
+        raise Skip('%s:%s is not in the database' % (auth, code))
+    name, kind, cs_auth, cs_code, deprecated = row
+    if kind != 'geographic 2D':
+        raise Skip('%s:%s is a %s system' % (auth, code, kind))
+    system = System()
+    system.kind = 'geographic'
+    system.auth, system.code = auth, str(code)
+    system.name = name
+    system.deprecated = bool(deprecated)
+    system.geodetic = (auth, str(code))
+    _geodetic(db, system)
+    system.method_name = 'geographic'
+    system.area = _area(db, auth, code, 'geodetic_crs')
+    system.axes = db.execute(
+        "SELECT name, orientation, uom_code FROM axis WHERE coordinate_system_auth_name=? "
+        "AND coordinate_system_code=? ORDER BY coordinate_system_order",
+        (cs_auth, cs_code)).fetchall()
     return system
 
 
@@ -363,11 +391,12 @@ class Section:
     """One definition as a keyword-file section: its type's section name and
     keywords in the order a definition of that type writes them."""
 
-    def __init__(self, section_name, name, branch, ellipsoid):
+    def __init__(self, section_name, name, branch, ellipsoid, code=None):
         self.section_name = section_name
         self.name = name
         self.branch = branch
         self.ellipsoid = ellipsoid
+        self.code = code  # "EPSG:25832", or None for a system named only by its name
         self.lines = []  # (keyword, [values], comment)
 
     def angle(self, keyword, angle, dms=True):
@@ -405,6 +434,8 @@ class Section:
         out.append('%sProjection_Name = %s' % (inner, quote(self.name)))
         out.append('%sBranch_Name = %s' % (inner, quote(self.branch)))
         out.append('%sEllipsoid = %s' % (inner, quote(self.ellipsoid)))
+        if self.code:
+            out.append('%sCode = %s' % (inner, quote(self.code)))
         for keyword, values, note in self.lines:
             line = '%s%s = %s' % (inner, keyword, ', '.join(format_number(v) for v in values))
             if note:
@@ -414,19 +445,70 @@ class Section:
         return '\n'.join(out)
 
 
+# Largest difference between a dataset's scale and the reduction 1:N written
+# for it: 1 mm at 1000 km from the origin. A scale given to few digits
+# (0.9996667) can round a reduction (1:3000) more coarsely than that, and PROJ
+# converts with the dataset's digits.
+REDUCTION_TOLERANCE = 1e-9
+
+
 def reduction_denominator(scale):
     """N when the scale is the reduction 1:N of a survey definition (N a whole
     multiple of 100 and the scale that reduction rounded to the digits the
-    dataset gives), else None."""
+    dataset gives, within REDUCTION_TOLERANCE), else None."""
     if not 0.0 < scale < 1.0:
         return None
     n = round(1.0 / (1.0 - scale))
     if n < 1000 or n % 100:
         return None
     digits = len(repr(scale).split('.')[1]) if '.' in repr(scale) else 0
-    if abs((n - 1) / n - scale) <= 0.5 * 10.0 ** -digits + 1e-15:
+    allowed = min(0.5 * 10.0 ** -digits + 1e-15, REDUCTION_TOLERANCE)
+    if abs((n - 1) / n - scale) <= allowed:
         return n
     return None
+
+
+# --------------------------------------------------------------------------
+# Axes, units and codes
+
+
+def axis_mapping(system, factors):
+    """(index of x, index of y, factor to metres of each axis) of the
+    coordinates PROJ gives for a projected system, or None when the library
+    does not produce its axes. A definition gives easting and northing, in
+    that order, whatever order the dataset lists them in (the Krovak
+    definition with its plain cone axes gives southing and westing, as
+    EPSG:5513 does)."""
+    names = [a[0] for a in system.axes]
+    try:
+        scale = [factors[int(a[2])][1] for a in system.axes]
+    except KeyError:
+        return None
+    if 'Easting' in names and 'Northing' in names:
+        return names.index('Easting'), names.index('Northing'), scale
+    if system.method_code in (9819,) and names == ['Southing', 'Westing']:
+        return 0, 1, scale
+    return None
+
+
+def exact_code(system, factors):
+    """The code a section may carry ("EPSG:25832"): the system's own when
+    the library gives its coordinates exactly as the dataset defines them,
+    apart from the order of the axes (always easting before northing,
+    longitude before latitude); None otherwise. Lengths must be metres, as
+    definitions have no other unit: a system in feet keeps its code out of
+    the catalogue rather than answer in metres under it."""
+    if system.kind == 'geographic':
+        orientations = sorted(a[1] for a in system.axes)
+        units = {int(a[2]) for a in system.axes}
+        if orientations == ['east', 'north'] and units <= set(UOM_DEGREE):
+            return system.tag
+        return None
+    if axis_mapping(system, factors) is None:
+        return None
+    if any(int(a[2]) != UOM_METRE for a in system.axes):
+        return None
+    return system.tag
 
 
 # --------------------------------------------------------------------------
@@ -445,6 +527,11 @@ def to_section(system, branch, ellipsoids, factors, name=None):
         raise Skip('prime meridian is not Greenwich; definitions hold Greenwich longitudes')
     if system.method_code == 1051:
         ellipsoid_id = _michigan_ellipsoid(system, ellipsoids)
+    elif system.method_code == 1024:
+        # The pseudo Mercator applies the spherical formulas to ellipsoidal
+        # latitudes: a Mercator on the sphere of the ellipsoid's semi-major
+        # axis.
+        ellipsoid_id = match_ellipsoid(ellipsoids, system.a, 0.0)
     else:
         ellipsoid_id = match_ellipsoid(ellipsoids, system.a, system.rf)
     if ellipsoid_id is None:
@@ -465,8 +552,12 @@ def to_section(system, branch, ellipsoids, factors, name=None):
     m = system.method_code
 
     def new(section_name):
-        return Section(section_name, label, branch, ellipsoid_id)
+        return Section(section_name, label, branch, ellipsoid_id, exact_code(system, factors))
 
+    if system.kind == 'geographic':
+        if not system.axes or exact_code(system, factors) is None:
+            raise Skip('geographic axes %s' % [(a[1], a[2]) for a in system.axes])
+        return new('GEOGRAPHICAL_PROJECTION')
     if m == 9807:  # Transverse Mercator
         _need(system, 8801, 8802, 8805, 8806, 8807)
         s = new('UTM_PROJECTION')
@@ -552,6 +643,15 @@ def to_section(system, branch, ellipsoids, factors, name=None):
             s.angle('XY_Plane_Rotation', rectified, dms=False)
         s.length('Feast', length(fe))
         s.length('Fnorth', length(fn))
+    elif m == 1024:  # Popular visualisation pseudo Mercator, on its sphere
+        _need(system, 8801, 8802, 8806, 8807)
+        if ang(8801).degrees != 0.0:
+            raise Skip('pseudo Mercator with a latitude of origin off the equator')
+        s = new('MERCATOR_2SP_PROJECTION')
+        s.angle('Parallel_1', ang(8801))
+        s.angle('Centre', ang(8802))
+        s.length('Feast', length(8806))
+        s.length('Fnorth', length(8807))
     elif m in (9804, 9805):  # Mercator
         _need(system, 8802, 8806, 8807)
         if 8801 in p and ang(8801).degrees != 0.0:
@@ -644,6 +744,30 @@ def file_text(header_lines, entries):
         out.append(section.text(comment))
     out.append('}')
     return '\n'.join(out) + '\n'
+
+
+_CODE = re.compile(r'^\s*Code\s*=\s*"([^"]*)"\s*(#.*)?$')
+
+
+def section_codes(path):
+    """The value of the keyword Code of every section of a catalogue file,
+    in order, or None where a section has none."""
+    codes = []
+    depth = 0
+    with open(path, encoding='utf-8') as f:
+        for line in f:
+            if _SECTION.match(_strip_comment(line)):
+                depth += 1
+                if depth == 2:
+                    codes.append(None)
+                continue
+            if line.strip() == '}':
+                depth -= 1
+                continue
+            match = _CODE.match(line)
+            if match and depth == 2 and codes[-1] is None:
+                codes[-1] = match.group(1)
+    return codes
 
 
 _TAG = re.compile(r'^\s*#\s*((?:EPSG|ESRI):\d+|PROJ:)\s*(.*)$')

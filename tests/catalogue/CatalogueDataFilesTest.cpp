@@ -7,14 +7,17 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <iterator>
 #include <memory>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "catalogue/CartSetup.h"
+#include "catalogue/CatalogueCode.h"
 #include "catalogue/EllipsoidList.h"
 #include "definitions/MapProjData.h"
+#include "definitions/TabledMapProjData.h"
 #include "foundation/Projection.h"
 #include "zpf/zpf.h"
 
@@ -73,6 +76,8 @@ const CGxMapProjData* Find(const CatalogueFile& file, const std::string& name) {
 
 constexpr const char* kFiles[] = {"map_projection.zpf", "state_plane_nad83.zpf",
                                   "state_plane_nad27.zpf"};
+// The systems named by EPSG code: read at start-up, and on first need.
+constexpr const char* kCodeFiles[] = {"epsg_common.zpf", "epsg_other.zpf"};
 
 }  // namespace
 
@@ -84,9 +89,9 @@ TEST(CatalogueDataFiles, EachFileLoadsAndEverySectionIsRead) {
         int minimum;
         int expected;
     } cases[] = {
-        {"map_projection.zpf", 60, 94},
-        {"state_plane_nad83.zpf", 124, 124},
-        {"state_plane_nad27.zpf", 125, 125},
+        {"map_projection.zpf", 60, 94},      {"state_plane_nad83.zpf", 124, 124},
+        {"state_plane_nad27.zpf", 125, 125}, {"epsg_common.zpf", 221, 221},
+        {"epsg_other.zpf", 4000, 4130},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.file);
@@ -106,7 +111,9 @@ TEST(CatalogueDataFiles, NamesAreUniqueAndEllipsoidsKnown) {
     std::set<std::string> names = {"LONG/LAT", "NON-UTM"};
     for (int zone = 1; zone <= 60; ++zone) names.insert("UTM-" + std::to_string(zone));
     const CGxEllipsoidList& ellipsoids = CGxCartSetup::Instance().GetEllipsoidList();
-    for (const char* fileName : kFiles) {
+    std::vector<const char*> files(std::begin(kFiles), std::end(kFiles));
+    files.insert(files.end(), std::begin(kCodeFiles), std::end(kCodeFiles));
+    for (const char* fileName : files) {
         SCOPED_TRACE(fileName);
         const CatalogueFile file = Read(fileName);
         for (const auto& entry : file.entries) {
@@ -259,4 +266,35 @@ TEST(CatalogueDataFiles, SampleSystemsAgreeWithProj) {
         EXPECT_NEAR(lat, c.lat, 2e-8);
         CGxProjection::Release(projection);
     }
+}
+
+// A code names one system: the same code twice would make one of them
+// unreachable, and a code in another spelling would not be found by the
+// look-up, which reads the canonical "EPSG:n" of every definition. Systems in
+// feet carry none (the definitions give metres), nor does the rotated grid.
+TEST(CatalogueDataFiles, CodesAreCanonicalUniqueAndOnlyOnMetreSystems) {
+    std::set<std::string> codes;
+    std::vector<const char*> files(std::begin(kFiles), std::end(kFiles));
+    files.insert(files.end(), std::begin(kCodeFiles), std::end(kCodeFiles));
+    int coded = 0;
+    for (const char* fileName : files) {
+        SCOPED_TRACE(fileName);
+        for (const auto& entry : Read(fileName).entries) {
+            const std::string& code = GxDefinitionCode(entry.get());
+            if (code.empty()) continue;
+            ++coded;
+            GxCatalogueCode parsed;
+            ASSERT_TRUE(GxParseCatalogueCode(code, parsed)) << entry->GetName();
+            EXPECT_EQ(GxFormatCatalogueCode(parsed), code) << entry->GetName();
+            EXPECT_TRUE(codes.insert(code).second) << "twice: " << code;
+        }
+    }
+    // Every system of the two code files has one; the curated file all but
+    // the rotated grid, the NAD83 zones all of theirs.
+    EXPECT_EQ(coded, 93 + 124 + 221 + 4130);
+    for (const auto& entry : Read("state_plane_nad27.zpf").entries)
+        EXPECT_EQ(GxDefinitionCode(entry.get()), "") << entry->GetName();
+    EXPECT_EQ(codes.count("EPSG:25832"), 1u);
+    EXPECT_EQ(codes.count("ESRI:102031"), 1u);
+    EXPECT_EQ(codes.count("EPSG:26729"), 0u);  // NAD27 / Alabama East, US feet
 }
