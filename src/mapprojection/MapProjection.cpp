@@ -8,12 +8,12 @@
 #include <stdexcept>
 #include <utility>
 
-#include "catalogue/CartSetup.h"
 #include "datum/DatumShift.h"
 #include "datum/Vincenty.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Projection.h"
 #include "foundation/Tolerance.h"
+#include "mapprojection/CatalogueLookup.h"
 #include "mapprojection/PointArrays.h"
 #include "mapprojection/TextTrim.h"
 #include "wkt/PRJParser.h"
@@ -89,8 +89,13 @@ void CGxMapProjection::_Resolve(const char* s, EType* normalisedType) {
     }
     // A catalogue name: the system is kept as the WKT of its algorithm, so
     // that the string stands on its own, whatever the catalogue holds later.
-    CGxPRJParser writer(projection);
-    writer.Format(projectionString);
+    // A code is written from the definition that carries it, which is what
+    // its algorithm would write, without looking that definition up again by
+    // name (an earlier entry, a user's own system, may have the same name).
+    if (CGxMapProjData* coded = GxCodedCatalogueSystem(trimmed))
+        CGxPRJParser(coded).Format(projectionString);
+    else
+        CGxPRJParser(projection).Format(projectionString);
     CGxPRJParser reader(projectionString);
     reader.Parse(true);
     info.SetProjectionInfo(reader);
@@ -124,8 +129,7 @@ CGxProjection* CGxMapProjection::_GetProjection(const std::string& trimmed,
 }
 
 CGxProjection* CGxMapProjection::_FindMapProjection(const std::string& name) {
-    const CGxMapProjData* definition =
-        CGxCartSetup::Instance().GetMapProjectionList().GetMapProjection(name);
+    const CGxMapProjData* definition = GxFindCatalogueSystem(name);
     if (!definition) return nullptr;
     return definition->CreateProjection();
 }

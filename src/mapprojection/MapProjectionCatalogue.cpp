@@ -2,17 +2,30 @@
 
 #include "catalogue/CartSetup.h"
 #include "definitions/MapProjData.h"
+#include "mapprojection/CatalogueLookup.h"
 #include "mapprojection/MapProjection.h"
+
+CGxMapProjData* GxCodedCatalogueSystem(const std::string& text) {
+    const CGxMapProjectionList& list = CGxCartSetup::Instance().GetMapProjectionList();
+    if (list.GetMapProjection(text)) return nullptr;
+    return list.GetMapProjectionByCode(text);
+}
+
+CGxMapProjData* GxFindCatalogueSystem(const std::string& text) {
+    const CGxMapProjectionList& list = CGxCartSetup::Instance().GetMapProjectionList();
+    if (CGxMapProjData* named = list.GetMapProjection(text)) return named;
+    if (CGxMapProjData* coded = list.GetMapProjectionByCode(text)) return coded;
+    return list.GetDeferredMapProjection(text);
+}
 
 CGxMapProjData* CGxMapProjection::MapProjection(const std::string& name) {
     CGxCartSetup& setup = CGxCartSetup::Instance();
     setup.SetMapProjectionListModified();
-    return setup.GetMapProjectionList().GetMapProjection(name);
+    return GxFindCatalogueSystem(name);
 }
 
 CGxEllipsoid* CGxMapProjection::Ellipsoid(const std::string& name) {
-    CGxCartSetup& setup = CGxCartSetup::Instance();
-    const CGxMapProjData* definition = setup.GetMapProjectionList().GetMapProjection(name);
+    const CGxMapProjData* definition = GxFindCatalogueSystem(name);
     if (!definition) return nullptr;
     return EllipsoidFromID(definition->GetEllipsoidID());
 }

@@ -16,6 +16,7 @@
 #include "foundation/Ellipsoid.h"
 #include "foundation/Projection.h"
 #include "foundation/Tolerance.h"
+#include "mapprojection/CatalogueLookup.h"
 #include "mapprojection/MapProjection.h"
 #include "mapprojection/TextTrim.h"
 #include "wkt/PRJParser.h"
@@ -119,8 +120,7 @@ bool CGxMapProjection::IsProjectionOfType(const char* s, CGxMapProjData::EProjec
 
 bool CGxMapProjection::_Exists(const char* s, int mask) {
     const std::string t = GxTrimmed(s);
-    return CGxCartSetup::Instance().GetMapProjectionList().GetMapProjection(t) != nullptr &&
-           IsType(mask, t.c_str());
+    return GxFindCatalogueSystem(t) != nullptr && IsType(mask, t.c_str());
 }
 
 EType CGxMapProjection::_NormalisedType(const char* s) {
