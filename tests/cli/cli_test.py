@@ -309,6 +309,47 @@ class List(unittest.TestCase):
         self.assertRegex(run.stdout, r"GRS 1980 +a = 6378137 m, 1/f = 298.257222101\n")
 
 
+class Codes(unittest.TestCase):
+    """Systems named by EPSG code on the command line."""
+
+    # WGS 84 longitude/latitude to ETRS89 / UTM zone 32N:
+    #   printf '48.25 9.5\n53.55 10\n' | cs2cs -d 4 EPSG:4326 EPSG:25832
+    #     537117.1419  5344208.1219
+    #     566253.4558  5933921.4209
+    # (PROJ takes the two datums as one; the library's geocentric step
+    # between WGS 84 and GRS 1980 moves a point by far less than 1 mm.)
+    WGS84_TO_25832 = [((9.5, 48.25), (537117.1419, 5344208.1219)),
+                      ((10.0, 53.55), (566253.4558, 5933921.4209))]
+
+    def test_convert_between_codes_matches_cs2cs(self):
+        text = "".join("%r %r\n" % p for p, _ in self.WGS84_TO_25832)
+        run = gxcart("convert", "--from", "EPSG:4326", "--to", "EPSG:25832", "--precision", "6",
+                     stdin=text)
+        self.assertEqual(run.returncode, 0, run.stderr)
+        for got, (_, (ex, ey)) in zip(numbers(run.stdout), self.WGS84_TO_25832):
+            self.assertAlmostEqual(got[0], ex, delta=1e-3)
+            self.assertAlmostEqual(got[1], ey, delta=1e-3)
+
+    def test_info_and_list_show_codes(self):
+        run = gxcart("info", "urn:ogc:def:crs:EPSG::32733")
+        self.assertEqual(run.returncode, 0, run.stderr)
+        self.assertRegex(run.stdout, r"Short name: +WGS 84 / UTM zone 33S\n")
+        self.assertRegex(run.stdout, r"Code: +EPSG:32733\n")
+        self.assertRegex(run.stdout, r"False northing:? +10000000 Meter")
+        # A catalogue name shows its code; WKT names no catalogue system.
+        self.assertRegex(gxcart("info", "ETRS89 / UTM zone 32N").stdout, r"Code: +EPSG:25832\n")
+        self.assertNotIn("Code:", gxcart("info", "UTM-32").stdout)
+        self.assertNotIn("Code:", gxcart("info", data("wkt", "25832_gdal.prj")).stdout)
+        listed = gxcart("list", "all").stdout
+        self.assertIn("\n  ETRS89 / UTM zone 32N [EPSG:25832]\n", listed)
+        self.assertIn("\n  WGS 84 [EPSG:4326]\n", gxcart("list", "geographical").stdout)
+
+    def test_unknown_code_is_a_usage_error(self):
+        run = gxcart("info", "EPSG:2263")
+        self.assertEqual(run.returncode, 2)
+        self.assertIn("unknown coordinate system: EPSG:2263", run.stderr)
+
+
 class Distance(unittest.TestCase):
     def test_against_geodsolve(self):
         for (lon1, lat1, lon2, lat2), (s12, azi1, azi2) in GEODESICS:

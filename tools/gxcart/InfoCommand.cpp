@@ -6,11 +6,14 @@
 
 #include "Commands.h"
 #include "datum/DatumShift.h"
+#include "definitions/TabledMapProjData.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/NumberText.h"
 #include "foundation/Projection.h"
 #include "foundation/ProjectionInfo.h"
+#include "mapprojection/CatalogueLookup.h"
 #include "mapprojection/MapProjection.h"
+#include "mapprojection/TextTrim.h"
 #include "wkt/PRJParser.h"
 #include "wkt/ProjTranslator.h"
 
@@ -19,11 +22,12 @@ namespace {
 const char* const kHelp =
     "usage: gxcart info S\n"
     "\n"
-    "Describes the coordinate system S (a catalogue name such as UTM-32,\n"
-    "LONG/LAT, NON-UTM, WKT text or the path of a .prj file): its short name,\n"
-    "kind, projection type and title, parameters with their units, ellipsoid,\n"
-    "datum shift, origin, default area, units, PROJ.4 text and WKT laid out\n"
-    "one element a line.\n";
+    "Describes the coordinate system S (a catalogue name such as UTM-32, an\n"
+    "EPSG code such as EPSG:25832, LONG/LAT, NON-UTM, WKT text or the path of\n"
+    "a .prj file): its short name, kind, projection type and title, the code\n"
+    "of a catalogue system, parameters with their units, ellipsoid, datum\n"
+    "shift, origin, default area, units, PROJ.4 text and WKT laid out one\n"
+    "element a line.\n";
 
 void Field(const char* label, const std::string& value) {
     std::printf("%-14s%s\n", label, value.c_str());
@@ -64,6 +68,14 @@ std::string UnitText(const CGxMapProjection& system, CGxMapProjection::EMapProje
     return std::string(name) + " (" + Number(factor) + " " + baseUnit + ")";
 }
 
+// The register code of the catalogue system a name or code stands for;
+// empty for WKT, which names no catalogue system.
+std::string CatalogueCode(const std::string& text) {
+    const std::string trimmed = GxTrimmed(text);
+    if (CGxPRJParser::IsPRJ(trimmed)) return std::string();
+    return GxDefinitionCode(GxFindCatalogueSystem(trimmed));
+}
+
 }  // namespace
 
 int GxRunInfo(const GxArgs& args) {
@@ -91,6 +103,8 @@ int GxRunInfo(const GxArgs& args) {
                              : std::to_string(static_cast<int>(parser.GetProjectionType())) + " " +
                                    parser.GetProjectionTypeTitle());
     Field("Algorithm:", system->GetName());
+    const std::string code = CatalogueCode(GxSystemText(args[0]));
+    if (!code.empty()) Field("Code:", code);
 
     const int parameters = parser.GetNoOfParameters();
     if (parameters > 0) {

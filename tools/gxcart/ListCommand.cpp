@@ -11,6 +11,7 @@
 #include "catalogue/EllipsoidList.h"
 #include "catalogue/MapProjectionList.h"
 #include "definitions/MapProjData.h"
+#include "definitions/TabledMapProjData.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/NumberText.h"
 #include "mapprojection/MapProjection.h"
@@ -22,8 +23,11 @@ const char* const kHelp =
     "\n"
     "Lists the coordinate systems of the catalogue under their branches:\n"
     "projected systems, geographical systems, or all of them (the default,\n"
-    "which adds LONG/LAT and NON-UTM). 'ellipsoids' lists the catalogue's\n"
-    "ellipsoids with identifier, semi-major axis and inverse flattening.\n";
+    "which adds LONG/LAT and NON-UTM), each followed by its code in brackets\n"
+    "when it has one ([EPSG:25832]). Thousands more EPSG systems, read only\n"
+    "when needed, are found by code but not listed. 'ellipsoids' lists the\n"
+    "catalogue's ellipsoids with identifier, semi-major axis and inverse\n"
+    "flattening.\n";
 
 int ListSystems(int mask) {
     CGxMapProjectionList& catalogue = CGxCartSetup::Instance().GetMapProjectionList();
@@ -42,7 +46,8 @@ int ListSystems(int mask) {
             order.push_back(branch);
             found = branches.emplace(branch, std::vector<std::string>()).first;
         }
-        found->second.push_back(name);
+        const std::string& code = GxDefinitionCode(definition);
+        found->second.push_back(code.empty() ? name : name + " [" + code + "]");
     }
     for (const std::string& branch : order) {
         std::printf("%s\n", branch.c_str());

@@ -20,8 +20,9 @@ const char* const kHelp =
     "  distance LON1 LAT1 LON2 LAT2    geodesic distance and azimuths\n"
     "  graticule S [-o FILE.svg]       SVG of meridians and parallels\n"
     "\n"
-    "A coordinate system S is a catalogue name (UTM-32), LONG/LAT, NON-UTM, a\n"
-    "WKT text or the path of a .prj file. 'gxcart COMMAND --help' tells more.\n";
+    "A coordinate system S is a catalogue name (UTM-32), an EPSG code\n"
+    "(EPSG:25832), LONG/LAT, NON-UTM, a WKT text or the path of a .prj file.\n"
+    "'gxcart COMMAND --help' tells more.\n";
 
 struct Command {
     const char* name;
