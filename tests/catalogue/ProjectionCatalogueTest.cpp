@@ -14,6 +14,7 @@
 #include "catalogue/MapProjectionList.h"
 #include "definitions/Lambert2SPProjection.h"
 #include "definitions/MapProjData.h"
+#include "definitions/TabledMapProjData.h"
 #include "definitions/TransverseMercatorProjection.h"
 #include "foundation/Projection.h"
 #include "zpf/zpf.h"
@@ -200,6 +201,58 @@ TEST(ProjectionCatalogue, CustomFileEntriesAreEditableAndUnknownSectionsSkipped)
 
     back.DeleteMapProjection(lambert);
     EXPECT_EQ(back.GetMapProjection("My Lambert"), nullptr);
+}
+
+// The keyword Code: a custom system keeps its code through write and read,
+// is found by it, and a section without one has none. A system definition
+// does not take a new code, as it takes no new name.
+TEST(ProjectionCatalogue, CodesAreReadWrittenAndFound) {
+    TempFolder dir;
+    WriteText(dir / "custom_projection.zpf",
+              "MAP_PROJECTION_DEFINITION {\n"
+              "  UTM_PROJECTION {\n    Projection_Name = \"Site grid\"\n"
+              "    Branch_Name = \"Mine\"\n    Ellipsoid = \"RF\"\n    Code = \"epsg:25832\"\n"
+              "    Scale = 0.9996\n    Centre = 9\n    Origin_Latitude = 0\n"
+              "    Feast = 500000\n    Fnorth = 0\n  }\n"
+              "  UTM_PROJECTION {\n    Projection_Name = \"Uncoded\"\n    Ellipsoid = \"RF\"\n"
+              "    Code = \"IGNF:LAMB93\"\n  }\n"
+              "  UTM_PROJECTION {\n    Projection_Name = \"Plain\"\n    Ellipsoid = \"RF\"\n  }\n"
+              "}\n");
+    CGxMapProjectionList custom;
+    custom.ReadMapProjections(dir.folder() + "custom_projection.zpf", true);
+    auto* site = dynamic_cast<CGxTabledMapProjData*>(custom.GetMapProjection("Site grid"));
+    ASSERT_NE(site, nullptr);
+    EXPECT_EQ(site->GetCode(), "epsg:25832");  // kept as written
+    // Found in any spelling of the code; a code of no register is kept but
+    // finds nothing.
+    EXPECT_EQ(custom.GetMapProjectionByCode("EPSG:25832"), site);
+    EXPECT_EQ(custom.GetMapProjectionByCode("urn:ogc:def:crs:EPSG::25832"), site);
+    EXPECT_EQ(custom.GetMapProjectionByCode("EPSG:25833"), nullptr);
+    EXPECT_EQ(custom.GetMapProjectionByCode("IGNF:LAMB93"), nullptr);
+    EXPECT_EQ(custom.GetMapProjectionByCode("Site grid"), nullptr);
+    EXPECT_EQ(GxDefinitionCode(custom.GetMapProjection("Uncoded")), "IGNF:LAMB93");
+    EXPECT_EQ(GxDefinitionCode(custom.GetMapProjection("Plain")), "");
+    EXPECT_EQ(GxDefinitionCode(nullptr), "");
+
+    // A code changed on an editable entry is followed by the look-up.
+    site->SetCode("EPSG:25833");
+    EXPECT_EQ(custom.GetMapProjectionByCode("EPSG:25832"), nullptr);
+    EXPECT_EQ(custom.GetMapProjectionByCode("EPSG:25833"), site);
+
+    ASSERT_TRUE(custom.WriteCustomMapProjections(dir.folder() + "written.zpf"));
+    CGxMapProjectionList back;
+    back.ReadMapProjections(dir.folder() + "written.zpf", false);
+    auto* read = dynamic_cast<CGxTabledMapProjData*>(back.GetMapProjection("Site grid"));
+    ASSERT_NE(read, nullptr);
+    EXPECT_EQ(read->GetCode(), "EPSG:25833");
+    EXPECT_EQ(GxDefinitionCode(back.GetMapProjection("Uncoded")), "IGNF:LAMB93");
+    EXPECT_EQ(GxDefinitionCode(back.GetMapProjection("Plain")), "");
+    read->SetCode("EPSG:1");
+    EXPECT_EQ(read->GetCode(), "EPSG:25833");
+    // Without a deferred file the look-up simply finds nothing more.
+    EXPECT_EQ(back.GetMapProjectionByCode("EPSG:2958"), nullptr);
+    EXPECT_EQ(back.GetDeferredMapProjection("NAD83(CSRS) / UTM zone 17N"), nullptr);
+    EXPECT_EQ(back.GetNoOfDeferredMapProjections(), 0u);
 }
 
 namespace {
