@@ -62,3 +62,16 @@ def test_text_answers_of_any_length():
     assert "+towgs84=1,2,3,0,0,0,0" in gxcart.convert_to_proj4(ed50, [1, 2, 3])
     with pytest.raises(ValueError):
         gxcart.convert_to_proj4(ed50, [0.0] * 8)
+
+
+@pytest.mark.parametrize("code", ["EPSG:25832", "epsg:25832", "urn:ogc:def:crs:EPSG::25832"])
+def test_epsg_codes_are_the_named_system(code):
+    assert gxcart.is_valid(code) and gxcart.is_type(code, P)
+    assert gxcart.are_identical(code, "ETRS89 / UTM zone 32N")
+    with gxcart.MapProjection(code) as coded, \
+            gxcart.MapProjection("ETRS89 / UTM zone 32N") as named:
+        assert coded.projection_string == named.projection_string
+        # The same bits, not only the same metres.
+        assert coded.geo2proj(9.5, 48.25) == named.geo2proj(9.5, 48.25)
+    assert gxcart.is_geographical("EPSG:4326")
+    assert not gxcart.is_valid("EPSG:2263")  # US feet: deliberately not in the catalogue
