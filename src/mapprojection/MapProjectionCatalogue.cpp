@@ -1,11 +1,15 @@
 // The facade's static access to the catalogues of the setup.
 
 #include "catalogue/CartSetup.h"
+#include "catalogue/CatalogueCode.h"
 #include "definitions/MapProjData.h"
 #include "mapprojection/CatalogueLookup.h"
 #include "mapprojection/MapProjection.h"
 
 CGxMapProjData* GxCodedCatalogueSystem(const std::string& text) {
+    // Most texts are names: they need no second search of the names.
+    GxCatalogueCode code;
+    if (!GxParseCatalogueCode(text, code)) return nullptr;
     const CGxMapProjectionList& list = CGxCartSetup::Instance().GetMapProjectionList();
     if (list.GetMapProjection(text)) return nullptr;
     return list.GetMapProjectionByCode(text);
