@@ -84,8 +84,8 @@ TEST(EpsgCode, DeferredSystemsAreReadOnFirstNeedAndThenKnownByName) {
     EXPECT_FALSE(Listed("NAD83(CSRS) / UTM zone 17N"));
 }
 
-// The issue's own examples: every spelling of a code gives the bits of the
-// system's name, and the same normalised WKT.
+// Every spelling of a code gives the bits of the system's name and the same
+// normalised WKT.
 TEST(EpsgCode, SpellingsOfACodeGiveTheNamedSystemBitForBit) {
     const MP named("ETRS89 / UTM zone 32N");
     ASSERT_NE(named.GetProjection(), nullptr);
@@ -113,6 +113,28 @@ TEST(EpsgCode, SpellingsOfACodeGiveTheNamedSystemBitForBit) {
     ASSERT_NE(algorithm, nullptr);
     EXPECT_STREQ(algorithm->GetName(), "ETRS89 / UTM zone 32N");
     CGxProjection::Release(algorithm);
+}
+
+// Every code the start-up catalogue carries reaches the system of its
+// section, in both spellings: no code is hidden by another system with the
+// same code or by a name.
+TEST(EpsgCode, EveryCodeOfTheCatalogueNamesItsSystem) {
+    CGxMapProjectionList& list = CGxCartSetup::Instance().GetMapProjectionList();
+    int coded = 0;
+    for (auto it = list.GetIteratorBegin(); it != list.GetIteratorEnd(); ++it) {
+        const std::string& code = GxDefinitionCode(*it);
+        if (code.empty()) continue;
+        ++coded;
+        SCOPED_TRACE(code);
+        EXPECT_EQ(list.GetMapProjectionByCode(code), *it);
+        const std::string urn = "urn:ogc:def:crs:" + code.substr(0, 4) + "::" + code.substr(5);
+        const MP byCode(urn), byName((*it)->GetName());
+        ASSERT_NE(byCode.GetProjection(), nullptr);
+        EXPECT_STREQ(byCode.GetProjectionString(), byName.GetProjectionString());
+    }
+    EXPECT_EQ(coded, 93 + 124 + 221);
+    // None of this needed the deferred systems.
+    EXPECT_EQ(list.GetNoOfDeferredMapProjections(), 0u);
 }
 
 // Codes of start-up and deferred systems against PROJ, to a millimetre
