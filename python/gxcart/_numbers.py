@@ -207,32 +207,34 @@ def transform(point, array_function, owner, values, names, outputs, threads=None
     return _masked(_divided(results, scale_out, False), mask)
 
 
-def in_place(point2, point3, array_function, owner, values, names, threads=None,
-             scale_in=None, scale_out=None):
+def in_place(point2, point3, array_function, owner, values, names, threads=None, units=None):
     """A conversion of (x, y) or (x, y, h) in place in the library, on new
-    copies here: the caller's values are never modified. scale_in and
-    scale_out are one factor each (or None) for x and y; heights stay."""
+    copies here: the caller's values are never modified. units, when given,
+    is called with the object held and answers a factor that multiplies x
+    and y before the call and one that divides them after (each may be
+    None); heights stay as they are."""
     check_threads(threads)
     with_height = len(values) == 3
-    factors_in = (scale_in, scale_in) if scale_in else None
-    factors_out = (scale_out, scale_out) if scale_out else None
     scalars, arrays, mask = read(values, names, copy=True)
     if scalars is not None:
-        cells = [c_double(v) for v in _scaled(scalars[:2], factors_in, True) + scalars[2:]]
         with owner.use() as handle:
+            into, out = units() if units else (None, None)
+            cells = [c_double(v) for v in
+                     _scaled(scalars[:2], into and (into, into), True) + scalars[2:]]
             (point3 if with_height else point2)(handle, *(byref(c) for c in cells))
         result = tuple(c.value for c in cells)
-        return _divided(result[:2], factors_out, True) + result[2:]
-    if scale_in:
-        for a in arrays[:2]:
-            a *= scale_in
-    if arrays[0].size:
-        with owner.use() as handle:
+        return _divided(result[:2], out and (out, out), True) + result[2:]
+    with owner.use() as handle:
+        into, out = units() if units else (None, None)
+        if into:
+            for a in arrays[:2]:
+                a *= into
+        if arrays[0].size:
             run_batch(array_function, handle, arrays if with_height else arrays + [None],
                       threads)
-    if scale_out:
+    if out:
         for a in arrays[:2]:
-            a /= scale_out
+            a /= out
     return _masked(arrays, mask)
 
 

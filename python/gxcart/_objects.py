@@ -514,9 +514,13 @@ class DatumConverter(_Handle):
         return f"<gxcart.DatumConverter {'closed' if self.closed else 'open'}>"
 
     def _unit_scales(self, native_units, inverse):
-        """(factor into the call, factor out of it) for native units."""
+        """None for metres, else a function answering (factor into the call,
+        factor out of it) for the state the converter is in when it runs."""
         if not flag(native_units, "native_units"):
-            return None, None
+            return None
+        return partial(self._scales_now, inverse)
+
+    def _scales_now(self, inverse):
         source, target = self._factors[::-1] if self._swapped else self._factors
         projected_source = self._conversion_type in (ConversionType.PROJ_TO_PROJ,
                                                      ConversionType.PROJ_TO_GEO)
@@ -533,18 +537,17 @@ class DatumConverter(_Handle):
         """Source (x, y) or (x, y, h) to target: a tuple of the same size.
         Without h the points are converted at height 0."""
         lib = L.lib()
-        into, out = self._unit_scales(native_units, False)
         values, names = ((x, y), ("x", "y")) if h is None else ((x, y, h), ("x", "y", "h"))
         return in_place(lib.C_GXDC_CONVERTXY, lib.C_GXDC_CONVERTXYH, lib.C_GXDC_CONVERTARRAY,
-                        self, values, names, threads, into, out)
+                        self, values, names, threads, self._unit_scales(native_units, False))
 
     def inv_convert(self, x, y, h=None, threads=None, native_units=False):
         """Target coordinates back to source."""
         lib = L.lib()
-        into, out = self._unit_scales(native_units, True)
         values, names = ((x, y), ("x", "y")) if h is None else ((x, y, h), ("x", "y", "h"))
         return in_place(lib.C_GXDC_INVCONVERTXY, lib.C_GXDC_INVCONVERTXYH,
-                        lib.C_GXDC_INVCONVERTARRAY, self, values, names, threads, into, out)
+                        lib.C_GXDC_INVCONVERTARRAY, self, values, names, threads,
+                        self._unit_scales(native_units, True))
 
     def datum_shift(self, X, Y, Z):
         """The geocentric step alone: source Earth-centred (X, Y, Z) in metres
