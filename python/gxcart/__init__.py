@@ -20,6 +20,7 @@ loader's search path, else /usr/local/lib.
 """
 
 import enum
+import numbers
 from ctypes import byref, c_double, c_int
 
 from . import _library as L
@@ -75,7 +76,11 @@ def has_datum(s):
 
 def is_type(s, mask):
     """True when s is of one of the kinds in mask (TypeMask bits)."""
-    return bool(L.lib().S_ISTYPE(L.encode(s), int(mask)))
+    if isinstance(mask, bool) or not isinstance(mask, numbers.Integral):
+        raise TypeError(f"mask must be TypeMask bits or an int, not {type(mask).__name__}")
+    # Only the four TypeMask bits mean anything to the library; keeping to
+    # them lets any int through ctypes's C int.
+    return bool(L.lib().S_ISTYPE(L.encode(s), int(mask) & 0xF))
 
 
 def are_identical(s1, s2):

@@ -76,6 +76,9 @@ def test_settings_that_take_numbers():
                                                        abs=1e-3)
     with pytest.raises(TypeError):
         gxcart.convert_to_proj4("UTM-32", ["1", "2", "3"])
+    for mask in ("1", True, 1.0, None):
+        with pytest.raises(TypeError):
+            gxcart.is_type("UTM-32", mask)
     with pytest.raises(ValueError):  # a number, but none that a double holds
         gxcart.longitude_to_utm_zone(10 ** 400)
     # What is accepted: ints, numpy scalars of any real type, 0-d arrays.
