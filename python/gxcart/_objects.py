@@ -159,8 +159,9 @@ class _Handle:
             try:
                 while self._running:
                     self._guard.wait()
-            except BaseException:
-                self._let_go()
+            except BaseException:  # interrupted while waiting: hold nothing
+                self._exclusive = False
+                self._guard.notify_all()
                 raise
             return True
 
@@ -434,8 +435,8 @@ class Cartography(_Handle):
         """The grid's coordinate system, a MapProjection owned by the grid:
         usable while the grid is open, and closing it does not close the grid."""
         with self.use() as handle:
-            address = L.lib().C_GXC_GETPROJECTION(handle)
-        return MapProjection._borrowed(address, self, self._system_source)
+            return MapProjection._borrowed(L.lib().C_GXC_GETPROJECTION(handle), self,
+                                           self._system_source)
 
     @property
     def projection_name(self):
