@@ -10,6 +10,7 @@
 #                                #include "foundation/..." lines resolve
 #   lib/cmake/GxCart/            find_package(GxCart) -> GxCart::gxcart
 #   lib/pkgconfig/gxcart.pc      the same for pkg-config
+#   lib/python3.X/dist-packages/gxcart/   the Python package (see the end)
 # Included from src/CMakeLists.txt, where the gxcart target and its data file
 # list are defined.
 
@@ -72,3 +73,35 @@ install(FILES ${PROJECT_BINARY_DIR}/GxCartConfig.cmake ${PROJECT_BINARY_DIR}/GxC
 
 configure_file(${PROJECT_SOURCE_DIR}/gxcart.pc.in ${PROJECT_BINARY_DIR}/gxcart.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/gxcart.pc DESTINATION ${GXCART_INSTALL_LIBDIR}/pkgconfig)
+
+# The Python package, where the system's Python finds it under the prefix
+# (Debian: lib/python3.X/dist-packages, on the path for /usr/local and /usr;
+# elsewhere lib/python3.X/site-packages), with _installed.py naming the
+# library above. -DGXCART_INSTALL_PYTHONDIR=... chooses another folder,
+# -DGXCART_INSTALL_PYTHON=OFF leaves the package out.
+option(GXCART_INSTALL_PYTHON "Install the Python package gxcart with the library" ON)
+if(GXCART_INSTALL_PYTHON AND NOT GXCART_INSTALL_PYTHONDIR)
+  find_program(GXCART_INSTALL_PYTHON_INTERPRETER python3 PATHS /usr/bin NO_DEFAULT_PATH)
+  find_program(GXCART_INSTALL_PYTHON_INTERPRETER python3)
+  if(GXCART_INSTALL_PYTHON_INTERPRETER)
+    execute_process(COMMAND ${GXCART_INSTALL_PYTHON_INTERPRETER} -c
+      "import sys; print('lib/python%d.%d/%s' % (sys.version_info[0], sys.version_info[1], 'dist-packages' if any(p.endswith('dist-packages') for p in sys.path) else 'site-packages'))"
+      OUTPUT_VARIABLE python_dir OUTPUT_STRIP_TRAILING_WHITESPACE RESULT_VARIABLE failed)
+    if(NOT failed)
+      set(GXCART_INSTALL_PYTHONDIR ${python_dir} CACHE STRING
+        "Folder (under the prefix unless absolute) for the Python package gxcart")
+    endif()
+  endif()
+  if(NOT GXCART_INSTALL_PYTHONDIR)
+    message(STATUS "No python3 found: the Python package is not installed "
+                   "(set GXCART_INSTALL_PYTHONDIR to install it)")
+  endif()
+endif()
+if(GXCART_INSTALL_PYTHON AND GXCART_INSTALL_PYTHONDIR)
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/python/gxcart DESTINATION ${GXCART_INSTALL_PYTHONDIR}
+    FILES_MATCHING PATTERN "*.py"
+    PATTERN "__pycache__" EXCLUDE PATTERN "_installed.py" EXCLUDE)
+  configure_file(${PROJECT_SOURCE_DIR}/cmake/GxCartPythonLocation.cmake.in
+    ${PROJECT_BINARY_DIR}/GxCartPythonLocation.cmake @ONLY)
+  install(SCRIPT ${PROJECT_BINARY_DIR}/GxCartPythonLocation.cmake)
+endif()

@@ -274,6 +274,38 @@ GXCART_C_API void S_LONGITUDETOUTMZONE(double lon, char* buffer, int bufferLengt
 GXCART_C_API void S_GETGOOGLEMAPPROJECTIONSTRING(char* buffer, int bufferLength,
                                                  int* status) GXCART_NOEXCEPT;
 
+/* ------------------------------------ map projection: more arrays, and units
+ * Earth-centred coordinates and convergence over count points (see Arrays
+ * above), and the units a system states. */
+/* GEO2XYZ over count points; a null h puts every point at height 0. */
+GXCART_C_API void C_GXMP_GEO2XYZARRAY(GxMapProjectionHandle handle, const double* lon,
+                                      const double* lat, const double* h, double* X, double* Y,
+                                      double* Z, size_t count) GXCART_NOEXCEPT;
+/* XYZ2GEO over count points; a null h leaves the heights out. */
+GXCART_C_API void C_GXMP_XYZ2GEOARRAY(GxMapProjectionHandle handle, const double* X,
+                                      const double* Y, const double* Z, double* lon, double* lat,
+                                      double* h, size_t count) GXCART_NOEXCEPT;
+/* GETCONVERGENCE over count points into convergence[i]. */
+GXCART_C_API void C_GXMP_GETCONVERGENCEARRAY(GxMapProjectionHandle handle, const double* lon,
+                                             const double* lat, double* convergence,
+                                             size_t count) GXCART_NOEXCEPT;
+
+/* Units of C_GXMP_GETUNITFACTOR and C_GXMP_GETUNITNAME. */
+enum GxCartUnit {
+    GXCART_LINEAR_UNIT = 1, /* metres per unit of the projected axes */
+    GXCART_ANGULAR_UNIT = 2 /* radians per unit of the geographical axes */
+};
+/* The unit a system states in its WKT (a catalogue name's WKT included):
+ * writes its factor and answers 1; answers 0 and leaves *factor alone when
+ * the system states none ("LONG/LAT", "NON-UTM") or unit is neither value.
+ * Conversions give metres whatever the linear unit is; divide them by the
+ * linear factor for coordinates in the system's own unit. */
+GXCART_C_API int C_GXMP_GETUNITFACTOR(GxMapProjectionHandle handle, int unit,
+                                      double* factor) GXCART_NOEXCEPT;
+/* The name of that unit as a text result; "" when the system states none. */
+GXCART_C_API void C_GXMP_GETUNITNAME(GxMapProjectionHandle handle, int unit, char* buffer,
+                                     int bufferLength, int* status) GXCART_NOEXCEPT;
+
 /* ------------------------------------------------------------------- others */
 /* A new projection algorithm for s, owned by the caller (C++ deletes it);
  * null when s gives none. */

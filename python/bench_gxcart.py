@@ -7,9 +7,13 @@ For each conversion it times the bare batch call into preallocated arrays
 the package call that does everything a user gets (input check, new output
 arrays), alternating the two so that drift on a shared machine hits both.
 The best round of each is compared; the Python layer should add at most a
-fifth. The threaded call is shown for information.
+fifth. The threaded call is shown for information, and so are the
+Earth-centred conversions and convergence against the loop over single-point
+calls that the package made for them before they had array functions (on a
+tenth of the points: the loop is slow).
 """
 
+import ctypes
 import os
 import sys
 import time
@@ -44,6 +48,17 @@ def compare(label, bare, wrapped, rounds, points):
     return w / b
 
 
+def point_loop(function, handle, outputs, *arrays):
+    """One foreign call a point, as the package once converted arrays without
+    an array function."""
+    def point(*values):
+        cells = [ctypes.c_double() for _ in range(outputs)]
+        function(handle, *values, *(ctypes.byref(c) for c in cells))
+        return tuple(c.value for c in cells)
+    results = [point(*p) for p in zip(*(v.tolist() for v in arrays))]
+    return tuple(np.array(c) for c in zip(*results))
+
+
 def main():
     points = int(sys.argv[1]) if len(sys.argv) > 1 else 10_000_000
     rounds = int(sys.argv[2]) if len(sys.argv) > 2 else 5
@@ -53,14 +68,14 @@ def main():
     rng = np.random.default_rng(32)
     lon = rng.uniform(6.0, 12.0, points)
     lat = rng.uniform(40.0, 60.0, points)
-    a, b = np.empty(points), np.empty(points)
+    a, b, c = np.empty(points), np.empty(points), np.empty(points)
 
     def addresses(*arrays):
         return [v.ctypes.data for v in arrays]
 
     ratios = []
     with gxcart.MapProjection("UTM-32") as utm:
-        h = utm._h
+        h = utm._address  # the bare calls go straight to the library object
         x, y = utm.geo2proj(lon, lat)
         ratios.append(compare(
             "UTM-32 geo2proj",
@@ -74,6 +89,26 @@ def main():
             t = best(lambda: utm.geo2proj(lon, lat, threads=threads), rounds)
             print(f"UTM-32 geo2proj threads={threads:<11} package {t:7.3f} s "
                   f"on {os.cpu_count()} cores")
+
+        loop_points = max(points // 10, 1)
+        lo, la, hh = lon[:loop_points], lat[:loop_points], np.full(loop_points, 250.0)
+        X, Y, Z = utm.geo2xyz(lo, la, hh)
+        # For information: on small arrays the fresh output arrays (first
+        # touch of their pages) weigh more than the checks of the layer.
+        compare("UTM-32 geo2xyz",
+                lambda: lib.C_GXMP_GEO2XYZARRAY(h, *addresses(lo, la, hh, a, b, c), loop_points),
+                lambda: utm.geo2xyz(lo, la, hh), rounds, loop_points)
+        for label, array, loop in (
+                ("geo2xyz", lambda: utm.geo2xyz(lo, la, hh),
+                 lambda: point_loop(lib.C_GXMP_GEO2XYZ, h, 3, lo, la, hh)),
+                ("xyz2geo", lambda: utm.xyz2geo(X, Y, Z),
+                 lambda: point_loop(lib.C_GXMP_XYZ2GEO, h, 3, X, Y, Z)),
+                ("convergence", lambda: utm.convergence(lo, la),
+                 lambda: [lib.C_GXMP_GETCONVERGENCE(h, p, q)
+                          for p, q in zip(lo.tolist(), la.tolist())])):
+            t_array, t_loop = best(array, rounds), best(loop, max(rounds // 2, 1))
+            print(f"UTM-32 {label:<21} array {t_array:7.3f} s   point loop {t_loop:7.3f} s   "
+                  f"{t_loop / t_array:5.1f} times faster ({loop_points} points)")
 
     worst = max(ratios)
     print(f"worst ratio {worst:.3f} (allowed {ALLOWED_RATIO})")

@@ -7,23 +7,31 @@
         xs, ys = utm.geo2proj(lons, lats, threads=4) # the same, on four threads
 
 A projection string is one-line WKT, "LONG/LAT", "NON-UTM" or a catalogue
-name such as "UTM-32". Angles are decimal degrees, longitude first.
+name such as "UTM-32". Angles are decimal degrees, longitude first;
+projected coordinates are metres unless native_units=True asks for the
+system's own linear unit. Objects pickle, so they go to multiprocessing and
+Dask worker processes; threads may share one object, and close() waits for
+the calls under way.
 
 The library is found through load_library(path) called before first use,
-else $GXCART_LIBRARY, else libgxcart.so beside this package, else the
-dynamic loader's search path.
+else $GXCART_LIBRARY, else libgxcart.so beside this package, else the one
+installed together with this package by `cmake --install`, else the dynamic
+loader's search path, else /usr/local/lib.
 """
 
 import enum
+import numbers
 from ctypes import byref, c_double, c_int
 
 from . import _library as L
 from ._library import LibraryNotFoundError, load_library
+from ._numbers import real
 from ._objects import Cartography, ConversionType, DatumConverter, DatumShiftType, MapProjection
+from ._version import __version__
 
 __all__ = [
-    "Cartography", "ConversionType", "DatumConverter", "DatumShiftType", "LibraryNotFoundError",
-    "MapProjection", "TypeMask", "are_identical", "convert_to_proj4", "coord_sys_type",
+    "__version__", "Cartography", "ConversionType", "DatumConverter", "DatumShiftType",
+    "LibraryNotFoundError", "MapProjection", "TypeMask", "are_identical", "convert_to_proj4", "coord_sys_type",
     "google_map_projection_string", "has_datum", "is_geographical", "is_georeferenced",
     "is_local", "is_longlat", "is_type", "is_valid", "load_library", "longitude_to_utm_zone",
     "projection_origin", "projection_short_name",
@@ -68,7 +76,11 @@ def has_datum(s):
 
 def is_type(s, mask):
     """True when s is of one of the kinds in mask (TypeMask bits)."""
-    return bool(L.lib().S_ISTYPE(L.encode(s), int(mask)))
+    if isinstance(mask, bool) or not isinstance(mask, numbers.Integral):
+        raise TypeError(f"mask must be TypeMask bits or an int, not {type(mask).__name__}")
+    # Only the four TypeMask bits mean anything to the library; keeping to
+    # them lets any int through ctypes's C int.
+    return bool(L.lib().S_ISTYPE(L.encode(s), int(mask) & 0xF))
 
 
 def are_identical(s1, s2):
@@ -101,7 +113,7 @@ def projection_short_name(s):
 
 def longitude_to_utm_zone(lon):
     """"UTM-%d" of the zone holding longitude lon (degrees)."""
-    return L.read_text(L.lib().S_LONGITUDETOUTMZONE, float(lon))
+    return L.read_text(L.lib().S_LONGITUDETOUTMZONE, real(lon, "lon"))
 
 
 def google_map_projection_string():
@@ -114,7 +126,9 @@ def convert_to_proj4(s, towgs84=None):
     shift values, replaces the shift of the WKT."""
     values, count = None, 0
     if towgs84 is not None:
-        towgs84 = [float(v) for v in towgs84]
+        if isinstance(towgs84, (str, bytes)):
+            raise TypeError(f"towgs84 must be real numbers, not {type(towgs84).__name__}")
+        towgs84 = [real(v, "a towgs84 value") for v in towgs84]
         if len(towgs84) > 7:
             raise ValueError(f"towgs84 holds at most 7 values, not {len(towgs84)}")
         count = len(towgs84)

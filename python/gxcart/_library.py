@@ -46,6 +46,11 @@ _PROTOTYPES = {
     "C_GXMP_GETORIGIN": (None, [_H, _PD, _PD]),
     "C_GXMP_GETNAME": (None, [_H] + _TEXT),
     "C_GXMP_GETPROJECTIONSTRING": (None, [_H] + _TEXT),
+    "C_GXMP_GEO2XYZARRAY": (None, [_H, _A, _A, _A, _A, _A, _A, c_size_t]),
+    "C_GXMP_XYZ2GEOARRAY": (None, [_H, _A, _A, _A, _A, _A, _A, c_size_t]),
+    "C_GXMP_GETCONVERGENCEARRAY": (None, [_H, _A, _A, _A, c_size_t]),
+    "C_GXMP_GETUNITFACTOR": (c_int, [_H, c_int, _PD]),
+    "C_GXMP_GETUNITNAME": (None, [_H, c_int] + _TEXT),
     # local-grid cartography
     "C_GXC_CREATE": (None, [_S, _D, _D, _D, _PH, _PI]),
     "C_GXC_DESTROY": (None, [_PH, _PI]),
@@ -91,9 +96,35 @@ for _name in ("GEO2PROJ", "PROJ2GEO", "GEO2XY", "XY2GEO", "PROJ2XY", "XY2PROJ"):
     _PROTOTYPES["C_GXC_" + _name] = (None, [_H, _D, _D, _PD, _PD])
     _PROTOTYPES["C_GXC_" + _name + "ARRAY"] = (None, [_H, _A, _A, _A, _A, c_size_t])
 
+# Unit selectors of C_GXMP_GETUNITFACTOR and C_GXMP_GETUNITNAME.
+LINEAR_UNIT = 1
+ANGULAR_UNIT = 2
+
+# Where `cmake --install` puts the library when no prefix is given. Debian's
+# loader finds /usr/local/lib only after ldconfig has run, so the package
+# looks there itself.
+DEFAULT_PREFIX_LIBRARY = "/usr/local/lib/" + LIBRARY_NAME
+
+# A catalogue name every complete library resolves. The UTM zones name their
+# ellipsoid by identifier, which only the ellipsoid file the library reads
+# at load defines: a library separated from its catalogue files knows none
+# of them, and every catalogue name would be refused as unknown.
+CATALOGUE_PROBE = b"UTM-32"
+
 _lock = threading.Lock()
 _lib = None
 _lib_path = None
+
+
+def _installed_library(package_folder):
+    """The library that `cmake --install` installed together with this
+    package (gxcart/_installed.py, written at installation, holds its path
+    relative to the package folder), or None."""
+    try:
+        from . import _installed
+    except ImportError:
+        return None
+    return os.path.normpath(os.path.join(package_folder, _installed.LIBRARY))
 
 
 def _candidates(path):
@@ -103,11 +134,17 @@ def _candidates(path):
     from_environment = os.environ.get(ENVIRONMENT_VARIABLE)
     if from_environment:
         return [(from_environment, "$" + ENVIRONMENT_VARIABLE)]
-    beside = os.path.join(os.path.dirname(os.path.abspath(__file__)), LIBRARY_NAME)
+    package_folder = os.path.dirname(os.path.abspath(__file__))
     places = []
+    beside = os.path.join(package_folder, LIBRARY_NAME)
     if os.path.exists(beside):
         places.append((beside, "the gxcart package folder"))
+    installed = _installed_library(package_folder)
+    if installed is not None:
+        places.append((installed, "the library installed with this package"))
     places.append((LIBRARY_NAME, "the dynamic loader's search path"))
+    if os.path.exists(DEFAULT_PREFIX_LIBRARY):
+        places.append((DEFAULT_PREFIX_LIBRARY, "the default prefix of cmake --install"))
     return places
 
 
@@ -115,11 +152,17 @@ def load_library(path=None):
     """Load libgxcart.so and return the path it was loaded from.
 
     With *path* that file is loaded; otherwise $GXCART_LIBRARY when it is
-    set, else libgxcart.so beside this package, else the one the dynamic
-    loader finds. Call it before the first use of the package to choose the
-    library; afterwards it only tells which one is in use, and asking for a
-    different file raises RuntimeError (a process holds one library: its
-    catalogues are process-wide)."""
+    set, else libgxcart.so beside this package, else the library installed
+    together with this package by `cmake --install`, else the one the
+    dynamic loader finds, else /usr/local/lib/libgxcart.so. A library that
+    loads but finds none of its catalogue files (they belong beside it or in
+    ../share/gxcart/) is passed over: without them no catalogue name such as
+    "UTM-32" would resolve.
+
+    Call it before the first use of the package to choose the library;
+    afterwards it only tells which one is in use, and asking for a different
+    file raises RuntimeError (a process holds one library: its catalogues
+    are process-wide)."""
     global _lib, _lib_path
     with _lock:
         if _lib is not None:
@@ -132,10 +175,16 @@ def load_library(path=None):
         for candidate, reason in _candidates(path):
             try:
                 lib = ctypes.CDLL(candidate)
+                _declare(lib)
             except OSError as error:
                 failures.append(f"  {candidate} ({reason}): {error}")
                 continue
-            _declare(lib)
+            if not lib.S_ISVALID(CATALOGUE_PROBE):
+                failures.append(
+                    f"  {candidate} ({reason}): loaded, but it found no catalogue files "
+                    "(ellipsoid.zpf and the other .zpf files of the build's lib/ folder belong "
+                    "beside the library or in ../share/gxcart/ from its folder)")
+                continue
             _lib, _lib_path = lib, candidate
             return candidate
         raise LibraryNotFoundError(

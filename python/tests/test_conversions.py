@@ -104,6 +104,15 @@ class TestArraysMatchPoints:
             self.check(convert, lon, lat)
             self.check(convert, lon * 1e5, lat * 1e5)
 
+    def test_geocentric_with_heights_and_back(self, utm32):
+        lon, lat = self.points()
+        h = np.resize(HOSTILE, lon.size)
+        self.check(utm32.geo2xyz, lon, lat, h)
+        # Real points and the polar axis (X = Y = 0) among the hostile ones.
+        X, Y, Z = utm32.geo2xyz(lon, lat, h)
+        self.check(utm32.xyz2geo, X, Y, Z)
+        self.check(utm32.xyz2geo, lon * 1e5, lat * 1e5, h)
+
     def test_datum_converter(self, wgs84_to_ed50_utm32):
         lon, lat = self.points()
         h = np.resize([0.0, 120.0, np.nan, -1e300], lon.size)
@@ -127,9 +136,8 @@ class TestShapes:
         x, y = utm32.geo2proj(np.float64(9.5), np.array(48.25))
         assert type(x) is float and type(y) is float
         assert utm32.geo2proj(np.empty((0, 3)), 48.0)[0].shape == (0, 3)
-        for lon, lat in ((np.zeros(3), np.zeros(4)), (["a"], [1.0])):
-            with pytest.raises(ValueError):
-                utm32.geo2proj(lon, lat)
+        with pytest.raises(ValueError):
+            utm32.geo2proj(np.zeros(3), np.zeros(4))
 
     def test_datum_converter_leaves_the_callers_arrays(self, wgs84_to_ed50_utm32):
         lon, lat, h = np.array([9.5, 11.582]), np.array([48.25, 48.1351]), np.zeros(2)
@@ -156,9 +164,15 @@ class TestThreads:
         for convert, args, threads in ((utm32.geo2proj, (lon, lat), 2),
                                        (utm32.proj2geo, (lon, lat), 3),
                                        (utm32.geo2proj, (lon, lat), 16),
+                                       (utm32.geo2xyz, (lon, lat), 2),
+                                       (utm32.geo2xyz, (lon, lat, h), 3),
+                                       (utm32.xyz2geo, (lon * 1e5, lat * 1e5, h), 2),
+                                       (utm32.convergence, (lon, lat), 3),
                                        (dc.convert, (lon, lat, h), 4),
                                        (dc.inv_convert, (lon, lat), 4)):
             single, threaded = convert(*args), convert(*args, threads=threads)
+            if isinstance(single, np.ndarray):
+                single, threaded = (single,), (threaded,)
             assert all(a.tobytes() == b.tobytes() for a, b in zip(single, threaded))
 
     def test_bad_thread_counts(self, utm32):
@@ -166,3 +180,87 @@ class TestThreads:
                                (True, TypeError)):
             with pytest.raises(error):
                 utm32.geo2proj([9.5], [48.25], threads=threads)
+
+
+class TestNativeUnits:
+    """Metres by default, the system's own linear unit when asked: New York
+    Long Island in US survey feet. The references are PROJ's in feet
+    (+x_0 is metres in PROJ; 984250 US ft is 300000 m):
+      P="+proj=lcc +lat_0=40.1666666666667 +lon_0=-74 +lat_1=41.0333333333333
+         +lat_2=40.6666666666667 +x_0=300000 +y_0=0 +ellps=GRS80"
+      printf -- '-74 40.7 0 0\\n-73 40.8 0 0\\n-72 41.1 0 0\\n' | cct -d 6 $P +units=us-ft
+    and the metres of the same (tests/data/wkt/grid_points.txt)."""
+    GEO = [(-74.0, 40.7), (-73.0, 40.8), (-72.0, 41.1)]
+    FEET = [(984250.000000, 194305.338941), (1261108.896732, 232318.876987),
+            (1535436.335060, 346334.709654)]
+    METRES = [(300000.000000, 59224.385758), (384386.760497, 70810.935327),
+              (468001.930930, 105563.030629)]
+
+    @pytest.fixture
+    def feet(self):
+        with gxcart.MapProjection(prj("2263_gdal.prj")) as mp:
+            yield mp
+
+    def test_map_projection(self, feet):
+        lon, lat = np.transpose(self.GEO)
+        assert feet.linear_unit == ("US survey foot", 0.304800609601219)
+        np.testing.assert_allclose(np.column_stack(feet.geo2proj(lon, lat)), self.METRES,
+                                   atol=MILLIMETRE, rtol=0)
+        native = np.column_stack(feet.geo2proj(lon, lat, native_units=True))
+        np.testing.assert_allclose(native, self.FEET, atol=MILLIMETRE, rtol=0)
+        assert feet.geo2proj(*self.GEO[1], native_units=True) == tuple(native[1])
+        back = np.column_stack(feet.proj2geo(*native.T, native_units=True))
+        np.testing.assert_allclose(back, self.GEO, atol=ANGLE, rtol=0)
+        # A metre system, and one that states no linear unit, are left alone.
+        for mp in (gxcart.MapProjection("UTM-32"), gxcart.MapProjection("LONG/LAT")):
+            assert mp.geo2proj(9.5, 48.25, native_units=True) == mp.geo2proj(9.5, 48.25)
+        assert gxcart.MapProjection("LONG/LAT").linear_unit is None
+        with pytest.raises(TypeError):
+            feet.geo2proj(-73.0, 40.8, native_units="yes")
+
+    def test_grid_lengths_all_in_the_unit(self):
+        with gxcart.Cartography(prj("2263_gdal.prj"), -73.0, 40.8, 20.0) as grid:
+            f = grid.projection.linear_unit[1]
+            assert grid.geo2proj(-72.0, 41.1, native_units=True) == \
+                pytest.approx(self.FEET[2], abs=MILLIMETRE)
+            X, Y = grid.geo2xy(-72.0, 41.1)
+            Xf, Yf = grid.geo2xy(-72.0, 41.1, native_units=True)
+            assert (Xf, Yf) == pytest.approx((X / f, Y / f), rel=1e-14)
+            assert grid.proj2xy(*self.FEET[2], native_units=True) == \
+                pytest.approx((Xf, Yf), abs=MILLIMETRE)
+            assert grid.xy2proj(Xf, Yf, native_units=True) == \
+                pytest.approx(self.FEET[2], abs=MILLIMETRE)
+            assert grid.xy2geo(Xf, Yf, native_units=True) == pytest.approx(self.GEO[2],
+                                                                            abs=ANGLE)
+            assert grid.true_north(Xf, Yf, native_units=True) == \
+                pytest.approx(grid.true_north(X, Y), abs=1e-12)
+
+    def test_datum_converter_sides(self):
+        # The same grid in metres on one side and in feet on the other: each
+        # projected side in its own unit, in both directions and after the
+        # order is inverted; geographical sides and heights as they are.
+        feet_wkt = prj("2263_gdal.prj")
+        metres_wkt = feet_wkt.replace('"false_easting",984250', '"false_easting",300000').replace(
+            'UNIT["US survey foot",0.304800609601219,AUTHORITY["EPSG","9003"]]', 'UNIT["metre",1]')
+        assert "foot" not in metres_wkt and "300000" in metres_wkt
+        metres, feet, geo = (np.transpose(v) for v in (self.METRES, self.FEET, self.GEO))
+
+        def near(values, expected, tolerance=MILLIMETRE):
+            np.testing.assert_allclose(np.column_stack(values[:2]), np.transpose(expected),
+                                       atol=tolerance, rtol=0)
+
+        with gxcart.DatumConverter(metres_wkt, feet_wkt) as dc:
+            near(dc.convert(*metres), metres)
+            near(dc.convert(*metres, native_units=True), feet)
+            near(dc.inv_convert(*feet, native_units=True), metres)
+            dc.set_conversion_type(gxcart.ConversionType.GEO_TO_PROJ)
+            x, y, h = dc.convert(*geo, 100.0, native_units=True)
+            near((x, y), feet)
+            assert np.all(h == 100.0)
+            near(dc.inv_convert(x, y, native_units=True), geo, ANGLE)
+            dc.invert_order()  # feet to geographical now
+            near(dc.convert(*feet, native_units=True), geo, ANGLE)
+            dc.set_conversion_type(gxcart.ConversionType.PROJ_TO_PROJ)
+            near(dc.convert(*feet, native_units=True), metres)
+            assert dc.convert(*self.FEET[1], native_units=True) == \
+                pytest.approx(self.METRES[1], abs=MILLIMETRE)

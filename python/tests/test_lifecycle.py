@@ -1,10 +1,12 @@
-"""Handles: creation failures, release, use after release, and finding the
-library."""
+"""Handles: creation failures, release, use after release, copies, and
+finding the library and its catalogue."""
 
 import copy
 import gc
 import os
 import pickle
+import re
+import shutil
 import subprocess
 import sys
 
@@ -52,10 +54,21 @@ def test_close_and_use_after_close():
     dc.close()
     with pytest.raises(ValueError, match="closed"):
         dc.convert([1.0], [2.0])
-    with pytest.raises(TypeError):  # a copy would free the object twice
-        copy.copy(gxcart.MapProjection("UTM-32"))
-    with pytest.raises(TypeError):
-        pickle.dumps(gxcart.MapProjection("UTM-32"))
+    for closed in (mp, dc):
+        with pytest.raises(ValueError, match="closed"):
+            pickle.dumps(closed)
+
+
+def test_copies_are_objects_of_their_own():
+    # A copy is made again from the string, never a second owner of the
+    # same library object (which would be freed twice).
+    for original in (gxcart.MapProjection("UTM-32"), gxcart.Cartography("UTM", 9.5, 48.25),
+                     gxcart.DatumConverter("LONG/LAT", "UTM-32")):
+        for duplicate in (copy.copy(original), copy.deepcopy(original)):
+            assert duplicate._address != original._address
+            duplicate.close()
+            assert not original.closed
+        original.close()
 
 
 def test_forgotten_objects_are_released():
@@ -101,3 +114,27 @@ def test_finding_the_library():
     assert "LibraryNotFoundError" in missing.stderr and "/nonexistent" in missing.stderr
     found = run_python(probe, LD_LIBRARY_PATH=os.path.dirname(os.path.abspath(library)))
     assert found.stdout.strip() == "UTM-32", found.stderr
+
+
+def test_a_library_without_its_catalogue_is_refused(tmp_path):
+    # Copied alone, the library resolves no catalogue name ("UTM-32"): the
+    # package says so instead of loading it. Its catalogue files beside it
+    # make it whole.
+    library = os.path.realpath(gxcart.load_library())
+    alone = tmp_path / "alone"
+    alone.mkdir()
+    shutil.copy(library, alone / "libgxcart.so")
+    probe = "import gxcart; print(gxcart.is_valid('UTM-32'))"
+    refused = run_python(probe, GXCART_LIBRARY=str(alone / "libgxcart.so"))
+    assert "LibraryNotFoundError" in refused.stderr and "catalogue files" in refused.stderr
+    for data in os.listdir(os.path.dirname(library)):
+        if data.endswith(".zpf"):
+            shutil.copy(os.path.join(os.path.dirname(library), data), alone)
+    whole = run_python(probe, GXCART_LIBRARY=str(alone / "libgxcart.so"))
+    assert whole.stdout.strip() == "True", whole.stderr
+
+
+def test_version_follows_the_library():
+    with open(os.path.join(os.path.dirname(PACKAGE_ROOT), "CMakeLists.txt")) as f:
+        project = re.search(r"project\(GxCart VERSION ([0-9.]+)", f.read())
+    assert gxcart.__version__ == project.group(1)

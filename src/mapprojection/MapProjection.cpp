@@ -203,6 +203,17 @@ double CGxMapProjection::GetConvergence(double lon, double lat) const {
     return projection ? projection->GetConvergence(lon, lat) : 0.0;
 }
 
+void CGxMapProjection::GetConvergence(const double* lon, const double* lat, double* convergence,
+                                      std::size_t count) const {
+    if (!lon || !lat || !convergence) return;
+    const CGxProjection* const algorithm = projection;
+    for (std::size_t i = 0; i < count; ++i) {
+        const double pointLon = lon[i];
+        const double pointLat = lat[i];
+        convergence[i] = algorithm ? algorithm->GetConvergence(pointLon, pointLat) : 0.0;
+    }
+}
+
 void CGxMapProjection::GetOrigin(double* lon, double* lat) const {
     if (projection && lon && lat) projection->GetOrigin(lon, lat);
 }
@@ -268,62 +279,105 @@ void CGxMapProjection::GetDefaultArea(int width, int height, ESizeParam which, d
     *y1 = cy + halfHeight;
 }
 
-// Both use the algorithm's figure; an algorithm without one leaves the
-// default ellipsoid (a = 1, f = 1), so the results are then meaningless but
-// defined.
+// The geocentric conversions work on the algorithm's figure; an algorithm
+// without one leaves the default ellipsoid (a = 1, f = 1), so the results are
+// then meaningless but defined. The figure is read once per call, and the
+// single-point and array forms share the per-point steps, so that every point
+// of an array gets the bits of the single-point call.
+namespace {
+
+struct GeocentricFigure {
+    double a, b, f, e2, ep2;
+
+    explicit GeocentricFigure(const CGxProjection& algorithm) {
+        CGxEllipsoid ellipsoid;
+        algorithm.GetAnonymousEllipsoid(ellipsoid);
+        a = ellipsoid.GetMajor();
+        b = ellipsoid.GetMinor();
+        f = ellipsoid.GetFlatness();
+        const double e = ellipsoid.GetEccentricity();
+        e2 = e * e;
+        ep2 = (a * a - b * b) / (b * b);
+    }
+
+    void ToXYZ(double lon, double lat, double h, double* X, double* Y, double* Z) const {
+        const double phi = lat * kGxDegToRad;
+        const double lambda = lon * kGxDegToRad;
+        const double sinPhi = std::sin(phi);
+        const double cosPhi = std::cos(phi);
+        // Radius of curvature in the prime vertical.
+        const double N = a / std::sqrt(1.0 - e2 * sinPhi * sinPhi);
+        *X = (N + h) * cosPhi * std::cos(lambda);
+        *Y = (N + h) * cosPhi * std::sin(lambda);
+        *Z = ((1.0 - e2) * N + h) * sinPhi;
+    }
+
+    // Bowring's closed form (B. R. Bowring, "Transformation from spatial to
+    // geographical coordinates", Survey Review 23(181), 1976), with the
+    // parametric latitude u taken from the ellipsoid's flattening and the
+    // point's distance from the centre: better than a millimetre for heights
+    // within a few thousand kilometres of the surface, without iteration.
+    void ToGeo(double X, double Y, double Z, double* lon, double* lat, double* h) const {
+        const double p = std::sqrt(X * X + Y * Y);
+        *lon = std::atan2(Y, X) * kGxRadToDeg;
+        if (p == 0.0) {
+            // On the polar axis the formula divides by p; the point lies
+            // above or below a pole.
+            *lat = Z < 0.0 ? -90.0 : 90.0;
+            *h = std::fabs(Z) - b;
+            return;
+        }
+        const double r = std::sqrt(Z * Z + p * p);
+        const double u = std::atan((1.0 - f + e2 * a / r) * Z / p);
+        const double sinU = std::sin(u);
+        const double cosU = std::cos(u);
+        const double phi =
+            std::atan((Z + ep2 * b * sinU * sinU * sinU) / (p - e2 * a * cosU * cosU * cosU));
+        const double sinPhi = std::sin(phi);
+        *lat = phi * kGxRadToDeg;
+        *h = p / std::cos(phi) - a / std::sqrt(1.0 - e2 * sinPhi * sinPhi);
+    }
+};
+
+}  // namespace
+
 void CGxMapProjection::Geo2XYZ(double lon, double lat, double h, double* X, double* Y,
                                double* Z) const {
     if (!projection || !X || !Y || !Z) return;
-    CGxEllipsoid ellipsoid;
-    projection->GetAnonymousEllipsoid(ellipsoid);
-    const double a = ellipsoid.GetMajor();
-    const double e = ellipsoid.GetEccentricity();
-    const double e2 = e * e;
-    const double phi = lat * kGxDegToRad;
-    const double lambda = lon * kGxDegToRad;
-    const double sinPhi = std::sin(phi);
-    const double cosPhi = std::cos(phi);
-    // Radius of curvature in the prime vertical.
-    const double N = a / std::sqrt(1.0 - e2 * sinPhi * sinPhi);
-    *X = (N + h) * cosPhi * std::cos(lambda);
-    *Y = (N + h) * cosPhi * std::sin(lambda);
-    *Z = ((1.0 - e2) * N + h) * sinPhi;
+    GeocentricFigure(*projection).ToXYZ(lon, lat, h, X, Y, Z);
 }
 
-// Bowring's closed form (B. R. Bowring, "Transformation from spatial to
-// geographical coordinates", Survey Review 23(181), 1976), with the
-// parametric latitude u taken from the ellipsoid's flattening and the point's
-// distance from the centre: better than a millimetre for heights within a few
-// thousand kilometres of the surface, without iteration.
 void CGxMapProjection::XYZ2Geo(double X, double Y, double Z, double* lon, double* lat,
                                double* h) const {
     if (!projection || !lon || !lat || !h) return;
-    CGxEllipsoid ellipsoid;
-    projection->GetAnonymousEllipsoid(ellipsoid);
-    const double a = ellipsoid.GetMajor();
-    const double b = ellipsoid.GetMinor();
-    const double f = ellipsoid.GetFlatness();
-    const double e = ellipsoid.GetEccentricity();
-    const double e2 = e * e;
-    const double ep2 = (a * a - b * b) / (b * b);
-    const double p = std::sqrt(X * X + Y * Y);
-    *lon = std::atan2(Y, X) * kGxRadToDeg;
-    if (p == 0.0) {
-        // On the polar axis the formula divides by p; the point lies above
-        // or below a pole.
-        *lat = Z < 0.0 ? -90.0 : 90.0;
-        *h = std::fabs(Z) - b;
-        return;
+    GeocentricFigure(*projection).ToGeo(X, Y, Z, lon, lat, h);
+}
+
+// The three inputs of a point are read before its outputs are written, so
+// that outputs may be the input arrays.
+void CGxMapProjection::Geo2XYZ(const double* lon, const double* lat, const double* h, double* X,
+                               double* Y, double* Z, std::size_t count) const {
+    if (!projection || !lon || !lat || !X || !Y || !Z) return;
+    const GeocentricFigure figure(*projection);
+    for (std::size_t i = 0; i < count; ++i) {
+        const double pointLon = lon[i];
+        const double pointLat = lat[i];
+        const double pointH = h ? h[i] : 0.0;
+        figure.ToXYZ(pointLon, pointLat, pointH, X + i, Y + i, Z + i);
     }
-    const double r = std::sqrt(Z * Z + p * p);
-    const double u = std::atan((1.0 - f + e2 * a / r) * Z / p);
-    const double sinU = std::sin(u);
-    const double cosU = std::cos(u);
-    const double phi = std::atan((Z + ep2 * b * sinU * sinU * sinU) /
-                                 (p - e2 * a * cosU * cosU * cosU));
-    const double sinPhi = std::sin(phi);
-    *lat = phi * kGxRadToDeg;
-    *h = p / std::cos(phi) - a / std::sqrt(1.0 - e2 * sinPhi * sinPhi);
+}
+
+void CGxMapProjection::XYZ2Geo(const double* X, const double* Y, const double* Z, double* lon,
+                               double* lat, double* h, std::size_t count) const {
+    if (!projection || !X || !Y || !Z || !lon || !lat) return;
+    const GeocentricFigure figure(*projection);
+    double unusedHeight;
+    for (std::size_t i = 0; i < count; ++i) {
+        const double pointX = X[i];
+        const double pointY = Y[i];
+        const double pointZ = Z[i];
+        figure.ToGeo(pointX, pointY, pointZ, lon + i, lat + i, h ? h + i : &unusedHeight);
+    }
 }
 
 namespace {

@@ -110,6 +110,10 @@ public:
                   std::size_t count) const;
     // Grid convergence in degrees; 0 without algorithm.
     double GetConvergence(double lon, double lat) const;
+    // The same over count points into convergence[i] (which may be either
+    // input array); the array rules of Geo2Proj above.
+    void GetConvergence(const double* lon, const double* lat, double* convergence,
+                        std::size_t count) const;
     // Longitude and latitude of the projection origin.
     void GetOrigin(double* lon, double* lat) const;
 
@@ -147,6 +151,13 @@ public:
     // back. Nothing is written without algorithm.
     void Geo2XYZ(double lon, double lat, double h, double* X, double* Y, double* Z) const;
     void XYZ2Geo(double X, double Y, double Z, double* lon, double* lat, double* h) const;
+    // The same over count points, with the array rules of Geo2Proj above.
+    // A null h puts every point at height 0 going to X, Y, Z and leaves the
+    // heights out coming back; a null array otherwise does nothing.
+    void Geo2XYZ(const double* lon, const double* lat, const double* h, double* X, double* Y,
+                 double* Z, std::size_t count) const;
+    void XYZ2Geo(const double* X, const double* Y, const double* Z, double* lon, double* lat,
+                 double* h, std::size_t count) const;
 
     // Ellipsoidal distance (metres) and the forward azimuths at both ends
     // (degrees clockwise from north). Identical points give 0 at once, even

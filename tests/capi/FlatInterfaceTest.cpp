@@ -57,6 +57,11 @@ const char* const kExportedNames[] = {
     "C_GXMP_GETORIGIN",
     "C_GXMP_GETNAME",
     "C_GXMP_GETPROJECTIONSTRING",
+    "C_GXMP_GEO2XYZARRAY",
+    "C_GXMP_XYZ2GEOARRAY",
+    "C_GXMP_GETCONVERGENCEARRAY",
+    "C_GXMP_GETUNITFACTOR",
+    "C_GXMP_GETUNITNAME",
     "C_GXDC_CREATE",
     "C_GXDC_DESTROY",
     "C_GXDC_CONVERTXY",
@@ -240,7 +245,69 @@ TEST(FlatInterface, ArrayFunctionsReachTheirMembers) {
     C_GXMP_PROJ2GEOARRAY(mp, b, a, x1, y1, 4);
     mp->Proj2Geo(b, a, x2, y2, 4);
     EXPECT_TRUE(same(x1, x2) && same(y1, y2));
+    double z1[4] = {}, z2[4] = {};
+    C_GXMP_GEO2XYZARRAY(mp, a, b, nullptr, x1, y1, z1, 4);
+    mp->Geo2XYZ(a, b, nullptr, x2, y2, z2, 4);
+    EXPECT_TRUE(same(x1, x2) && same(y1, y2) && same(z1, z2));
+    C_GXMP_XYZ2GEOARRAY(mp, x2, y2, b, x1, y1, z1, 4);
+    mp->XYZ2Geo(x2, y2, b, x2, y2, z2, 4);
+    EXPECT_TRUE(same(x1, x2) && same(y1, y2) && same(z1, z2));
+    C_GXMP_GETCONVERGENCEARRAY(mp, a, b, x1, 4);
+    mp->GetConvergence(a, b, x2, 4);
+    EXPECT_TRUE(same(x1, x2));
+    C_GXMP_GETCONVERGENCEARRAY(nullptr, b, a, x1, 4);
+    C_GXMP_GEO2XYZARRAY(nullptr, b, a, a, x1, y1, z1, 4);
+    EXPECT_TRUE(same(x1, x2) && same(y1, y2) && same(z1, z2));
     C_GXMP_DESTROY(&mp, &status);
+}
+
+// The units a system states, as the class reports them: the linear unit of
+// a US-foot system and its angular unit, metres for a catalogue zone (whose
+// WKT the library writes), none for the special strings; an unknown selector
+// or a null handle answers nothing.
+TEST(FlatInterface, UnitsOfASystem) {
+    const std::string feet = ReadFirstLine(std::string(GXCART_TEST_DATA) + "/wkt/2263_gdal.prj");
+    struct Case {
+        std::string system;
+        int unit;
+        int answer;
+        double factor;
+        const char* name;
+    };
+    const Case cases[] = {
+        {feet, GXCART_LINEAR_UNIT, 1, 0.304800609601219, "US survey foot"},
+        {feet, GXCART_ANGULAR_UNIT, 1, 0.0174532925199433, "degree"},
+        {"UTM-32", GXCART_LINEAR_UNIT, 1, 1.0, nullptr},
+        {"LONG/LAT", GXCART_LINEAR_UNIT, 0, -5.0, ""},
+        {"NON-UTM", GXCART_LINEAR_UNIT, 0, -5.0, ""},
+        {feet, 0, 0, -5.0, ""},
+        {feet, 3, 0, -5.0, ""},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.system.substr(0, 40) + " unit " + std::to_string(c.unit));
+        GxMapProjectionHandle mp = nullptr;
+        int status = 99;
+        C_GXMP_CREATE(c.system.c_str(), &mp, &status);
+        ASSERT_NE(mp, nullptr);
+        double factor = -5.0;
+        EXPECT_EQ(C_GXMP_GETUNITFACTOR(mp, c.unit, &factor), c.answer);
+        EXPECT_EQ(factor, c.factor);
+        EXPECT_EQ(C_GXMP_GETUNITFACTOR(mp, c.unit, nullptr), c.answer);
+        char name[64];
+        std::memset(name, '#', sizeof name);
+        C_GXMP_GETUNITNAME(mp, c.unit, name, static_cast<int>(sizeof name) - 1, &status);
+        EXPECT_EQ(status, GXCART_OK);
+        if (c.name) {
+            EXPECT_STREQ(name, c.name);
+        }
+        C_GXMP_DESTROY(&mp, &status);
+    }
+    double factor = -5.0;
+    int status = 99;
+    EXPECT_EQ(C_GXMP_GETUNITFACTOR(nullptr, GXCART_LINEAR_UNIT, &factor), 0);
+    EXPECT_EQ(factor, -5.0);
+    C_GXMP_GETUNITNAME(nullptr, GXCART_LINEAR_UNIT, nullptr, 0, &status);
+    EXPECT_EQ(status, GXCART_NULL_HANDLE);
 }
 
 // The caller owns the algorithm: it converts on its own and is deleted here.

@@ -1,8 +1,11 @@
 # Installs the build tree into a fresh prefix, builds the consumer programs
 # against it (with find_package, and the C one also with pkg-config), runs
 # them and the installed tool, and checks what they print. Run by CTest:
+# With PYTHON (an interpreter with numpy) it also imports the installed
+# Python package, which must find the installed library by itself.
 #   cmake -DBUILD_DIR=... -DWORK_DIR=... -DCONSUMER_DIR=... -DGENERATOR=...
-#         -DC_COMPILER=... -DCXX_COMPILER=... -DTEST_HOME=... -P RunInstallTest.cmake
+#         -DC_COMPILER=... -DCXX_COMPILER=... -DTEST_HOME=... [-DPYTHON=...
+#         -DPYTHON_DIR=...] -P RunInstallTest.cmake
 
 # UTM-32 of longitude 9.5, latitude 48.25 on WGS 84, to the centimetre:
 #   echo 9.5 48.25 0 0 | cct -d 6 +proj=utm +zone=32 +ellps=WGS84
@@ -86,3 +89,19 @@ file(WRITE ${WORK_DIR}/point.txt "9.5 48.25\n")
 run_checked(COMMAND ${prefix}/bin/gxcart convert --from LONG/LAT --to UTM-32 --precision 2
   ${WORK_DIR}/point.txt OUTPUT_VARIABLE tool_out)
 expect_output("installed gxcart convert" "${tool_out}" "${expected_point}")
+
+if(PYTHON AND NOT IS_ABSOLUTE "${PYTHON_DIR}")
+  # Only the import path is given (the temporary prefix is on no default
+  # one); the library is found from the package, not from a variable. (No
+  # semicolons in the program: CMake would split it there.)
+  set(probe "import gxcart\nprint(gxcart.load_library())\nprint('%.2f %.2f' % gxcart.MapProjection('UTM-32').geo2proj(9.5, 48.25))")
+  run_checked(COMMAND ${CMAKE_COMMAND} -E env --unset=GXCART_LIBRARY --unset=LD_LIBRARY_PATH
+    PYTHONPATH=${prefix}/${PYTHON_DIR} ${PYTHON} -c ${probe} OUTPUT_VARIABLE python_out)
+  string(REPLACE "\n" ";" python_lines "${python_out}")
+  list(GET python_lines 0 python_library)
+  list(GET python_lines 1 python_point)
+  expect_output("installed Python package finds" "${python_library}" "${prefix}/lib/libgxcart.so")
+  expect_output("installed Python package" "${python_point}" "${expected_point}")
+else()
+  message(STATUS "no python3 with numpy, or the package not installed: not checked")
+endif()

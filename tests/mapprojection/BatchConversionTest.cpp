@@ -198,5 +198,69 @@ TEST(BatchConversion, NullArraysAndZeroCountWriteNothing) {
     converter.Convert(x, nullptr, y, 2);
     converter.InvConvert(nullptr, x, nullptr, 2);
     converter.Convert(x, y, nullptr, 0);
+    utm.Geo2XYZ(in, nullptr, nullptr, x, y, y, 2);
+    utm.Geo2XYZ(in, in, in, x, nullptr, y, 2);
+    utm.XYZ2Geo(in, in, nullptr, x, y, y, 2);
+    utm.XYZ2Geo(in, in, in, x, nullptr, nullptr, 2);
+    utm.GetConvergence(in, in, nullptr, 2);
+    nothing.GetConvergence(in, nullptr, x, 2);
+    utm.Geo2XYZ(in, in, in, x, x, y, 0);
     EXPECT_TRUE(x[0] == 1.0 && x[1] == 2.0 && y[0] == 3.0 && y[1] == 4.0);
+}
+
+// Earth-centred coordinates and convergences: separate outputs and in place,
+// with heights and without (a null height array is height 0 going and no
+// heights coming back), over systems with and without an ellipsoid of their
+// own. The hostile points include the polar axis (X = Y = 0) for XYZ2Geo.
+TEST(BatchConversion, GeocentricAndConvergenceArraysMatchPointCalls) {
+    Values a, b;
+    HostilePoints(a, b);
+    const Values c(a.rbegin(), a.rend());
+    const std::size_t n = a.size();
+    for (const std::string& s : Systems()) {
+        SCOPED_TRACE(s.substr(0, 50));
+        const CGxMapProjection system(s);
+        for (bool heights : {true, false}) {
+            SCOPED_TRACE(heights ? "with heights" : "without heights");
+            Values e1(n, 7.25), e2(n, 7.25), e3(n, 7.25);
+            for (std::size_t i = 0; i < n; ++i)
+                system.Geo2XYZ(a[i], b[i], heights ? c[i] : 0.0, &e1[i], &e2[i], &e3[i]);
+            Values g1(n, 7.25), g2(n, 7.25), g3(n, 7.25);
+            system.Geo2XYZ(a.data(), b.data(), heights ? c.data() : nullptr, g1.data(), g2.data(),
+                           g3.data(), n);
+            EXPECT_TRUE(SameBits(e1, g1) && SameBits(e2, g2) && SameBits(e3, g3)) << "Geo2XYZ";
+
+            Values u1(n, 7.25), u2(n, 7.25), u3(n, 7.25);
+            for (std::size_t i = 0; i < n; ++i)
+                system.XYZ2Geo(a[i], b[i], c[i], &u1[i], &u2[i], &u3[i]);
+            if (!heights) u3.assign(n, 7.25);
+            Values v1(n, 7.25), v2(n, 7.25), v3(n, 7.25);
+            system.XYZ2Geo(a.data(), b.data(), c.data(), v1.data(), v2.data(),
+                           heights ? v3.data() : nullptr, n);
+            EXPECT_TRUE(SameBits(u1, v1) && SameBits(u2, v2) && SameBits(u3, v3)) << "XYZ2Geo";
+        }
+
+        // In place, both directions: each point's three inputs are read
+        // before any of its outputs is written.
+        Values e1 = a, e2 = b, e3 = c;
+        for (std::size_t i = 0; i < n; ++i)
+            system.Geo2XYZ(a[i], b[i], c[i], &e1[i], &e2[i], &e3[i]);
+        Values g1 = a, g2 = b, g3 = c;
+        system.Geo2XYZ(g1.data(), g2.data(), g3.data(), g1.data(), g2.data(), g3.data(), n);
+        EXPECT_TRUE(SameBits(e1, g1) && SameBits(e2, g2) && SameBits(e3, g3)) << "Geo2XYZ in place";
+        for (std::size_t i = 0; i < n; ++i)
+            system.XYZ2Geo(a[i], b[i], c[i], &e1[i], &e2[i], &e3[i]);
+        g1 = a, g2 = b, g3 = c;
+        system.XYZ2Geo(g1.data(), g2.data(), g3.data(), g1.data(), g2.data(), g3.data(), n);
+        EXPECT_TRUE(SameBits(e1, g1) && SameBits(e2, g2) && SameBits(e3, g3)) << "XYZ2Geo in place";
+
+        Values expected(n);
+        for (std::size_t i = 0; i < n; ++i) expected[i] = system.GetConvergence(a[i], b[i]);
+        Values got(n, 7.25);
+        system.GetConvergence(a.data(), b.data(), got.data(), n);
+        EXPECT_TRUE(SameBits(expected, got)) << "convergence";
+        got = b;
+        system.GetConvergence(a.data(), got.data(), got.data(), n);
+        EXPECT_TRUE(SameBits(expected, got)) << "convergence in place";
+    }
 }
