@@ -7,10 +7,12 @@
 // a NUL and the rest (the input file of convert, or numbers for the others;
 // it may hold NULs itself).
 
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <vector>

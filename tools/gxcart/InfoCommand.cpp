@@ -41,8 +41,8 @@ const char* const kHelp =
 // catalogue holds hardly more than LONG/LAT and NON-UTM.
 const char* const kSystemFiles[] = {"ellipsoid.zpf", "map_projection.zpf", "state_plane_nad83.zpf",
                                     "state_plane_nad27.zpf"};
-// Read when present, and only when a caller enumerates projections for the
-// last three.
+// Read only when a caller enumerates projections; the catalogue works
+// without them. The user's files are all of this kind, or custom entries.
 const char* const kOptionalSystemFiles[] = {"OpenGISProjections/", "SystemDefinedProjection.setup"};
 const char* const kUserFiles[] = {"custom_ellipsoid.zpf", "custom_projection.zpf",
                                   "OpenGISProjections/", "UserDefinedProjection.setup",
