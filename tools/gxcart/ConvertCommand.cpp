@@ -142,7 +142,8 @@ int ParseOptions(const GxIo& io, const GxArgs& args, Options* options) {
 }
 
 // Lines of a stream without their line feed; a read error is told apart
-// from the end of the input.
+// from the end of the input. Each line is taken as soon as it is complete,
+// so that a user typing points at a terminal sees each answer at once.
 class LineReader {
 public:
     enum EResult { eLine, eEnd, eError };
@@ -155,46 +156,27 @@ public:
         line->clear();
         *tooLong = false;
         bool any = false;
-        for (;;) {
-            if (pos == length) {
-                if (atEnd) return any ? eLine : eEnd;
-                length = std::fread(buffer, 1, sizeof buffer, in);
-                pos = 0;
-                if (std::ferror(in)) {
-                    error = errno;
-                    return eError;
-                }
-                if (length == 0) {
-                    atEnd = true;
-                    return any ? eLine : eEnd;
-                }
-            }
+        int c;
+        while ((c = getc_unlocked(in)) != EOF) {
             any = true;
-            const char* start = buffer + pos;
-            const auto* feed = static_cast<const char*>(std::memchr(start, '\n', length - pos));
-            const std::size_t n = feed ? static_cast<std::size_t>(feed - start) : length - pos;
-            consumed += n + (feed ? 1 : 0);
-            if (line->size() + n <= kMaxLineBytes)
-                line->append(start, n);
-            else {
-                line->append(start, kMaxLineBytes - line->size());
+            ++consumed;
+            if (c == '\n') return eLine;
+            if (line->size() < kMaxLineBytes)
+                line->push_back(static_cast<char>(c));
+            else
                 *tooLong = true;
-            }
-            pos += n;
-            if (feed) {
-                ++pos;
-                return eLine;
-            }
         }
+        if (std::ferror(in)) {
+            error = errno;
+            return eError;
+        }
+        return any ? eLine : eEnd;
     }
     int Error() const { return error; }
     std::uintmax_t Consumed() const { return consumed; }
 
 private:
     std::FILE* in;
-    char buffer[1 << 16];
-    std::size_t pos = 0, length = 0;
-    bool atEnd = false;
     int error = 0;
     std::uintmax_t consumed = 0;
 };
