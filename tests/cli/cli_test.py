@@ -484,6 +484,21 @@ class Output(Scratch):
         self.assertEqual(run.returncode, 3)
         self.assertIn("cannot write /dev/full", run.stderr)
 
+    def test_picture_replaces_the_file_whole(self):
+        # Written beside the old file and renamed over it: no temporary file
+        # stays, the mode is kept, and a link still points at the picture.
+        old = self.write("map.svg", "<svg/>")
+        os.chmod(old, 0o640)
+        link = os.path.join(self.folder.name, "link.svg")
+        os.symlink("map.svg", link)
+        run = gxcart("graticule", "UTM-32", "-o", link)
+        self.assertEqual(run.returncode, 0, run.stderr)
+        self.assertTrue(os.path.islink(link))
+        self.assertEqual(sorted(os.listdir(self.folder.name)), ["link.svg", "map.svg"])
+        self.assertEqual(os.stat(old).st_mode & 0o777, 0o640)
+        with open(old) as f:
+            self.assertTrue(f.read().startswith("<?xml"))
+
     def test_failed_picture_keeps_the_old_file(self):
         # Writing into a folder the tool cannot create files in fails without
         # touching the picture already there.

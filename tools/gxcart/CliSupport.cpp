@@ -8,6 +8,7 @@
 #include <cctype>
 #include <cerrno>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <stdexcept>
 
@@ -263,9 +264,18 @@ bool GxWriteFile(const std::string& path, const std::string& text, std::string* 
         if (!ok) *problem = "cannot write " + path + ": " + GxErrnoText(error);
         return ok;
     }
-    const std::size_t slash = path.rfind('/');
-    const std::string folder = slash == std::string::npos ? "" : path.substr(0, slash + 1);
-    const std::string name = slash == std::string::npos ? path : path.substr(slash + 1);
+    // A link is written through: the file it points at is replaced, the link
+    // stays.
+    std::string target = path;
+    if (exists) {
+        if (char* resolved = realpath(path.c_str(), nullptr)) {
+            target = resolved;
+            std::free(resolved);
+        }
+    }
+    const std::size_t slash = target.rfind('/');
+    const std::string folder = slash == std::string::npos ? "" : target.substr(0, slash + 1);
+    const std::string name = slash == std::string::npos ? target : target.substr(slash + 1);
     std::string temporary = folder + "." + name + ".XXXXXX";
     const int fd = mkstemp(&temporary[0]);
     if (fd < 0) {
@@ -296,7 +306,7 @@ bool GxWriteFile(const std::string& path, const std::string& text, std::string* 
     if (error == 0 && fchmod(fd, mode) != 0) error = errno;
     if (error == 0 && fsync(fd) != 0) error = errno;
     if (::close(fd) != 0 && error == 0) error = errno;
-    if (error == 0 && std::rename(temporary.c_str(), path.c_str()) != 0) error = errno;
+    if (error == 0 && std::rename(temporary.c_str(), target.c_str()) != 0) error = errno;
     if (error != 0) {
         ::unlink(temporary.c_str());
         *problem = "cannot write " + path + ": " + GxErrnoText(error);
