@@ -11,9 +11,13 @@
  * it is a pointer to the class itself, so C++ code may use either interface
  * on the same object.
  *
- * Units: angles are decimal degrees, longitude before latitude; projected
- * coordinates are in the system's linear unit (normally metres); heights and
- * Earth-centred coordinates are metres.
+ * Units: angles are decimal degrees, longitude before latitude. Projected
+ * coordinates (easting/northing, and the X/Y of a local grid) are metres
+ * whatever linear unit the system's WKT declares: a US-foot state plane
+ * system takes and gives metres too. For the system's own unit divide by
+ * (or, on input, multiply by) the metres per unit of its PROJCS UNIT clause,
+ * 0.3048006096012192 for the US survey foot. Heights and Earth-centred
+ * coordinates are metres.
  *
  * Lifetime. A *_CREATE function writes the new handle through its handle
  * argument and sets *status to GXCART_OK. When the object could not be made

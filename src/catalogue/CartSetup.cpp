@@ -17,8 +17,9 @@ CGxCartSetup::CGxCartSetup() = default;
 
 CGxCartSetup::~CGxCartSetup() { WriteModified(); }
 
-void CGxCartSetup::ReadData(const std::string& dataPath, const std::string& userPath_) {
+void CGxCartSetup::ReadData(const std::string& dataPath_, const std::string& userPath_) {
     userPath = userPath_;
+    dataPath = dataPath_;
     // An empty folder means it could not be determined: nothing is read from
     // the working directory instead.
     if (!dataPath.empty()) ellipsoids.ReadEllipsoids(dataPath + kSystemEllipsoids, false);

@@ -23,6 +23,8 @@ public:
     CGxEllipsoidList& GetEllipsoidList() { return ellipsoids; }
     CGxMapProjectionList& GetMapProjectionList() { return projections; }
     std::string GetUserPath() const { return userPath; }
+    // The folder the system files were read from (as given to ReadData).
+    std::string GetDataPath() const { return dataPath; }
     // Callers that add, edit or delete custom entries mark the list, so the
     // unload writes it back.
     void SetEllipsoidListModified() { ellipsoidListModified = true; }
@@ -45,4 +47,5 @@ private:
     std::atomic<bool> ellipsoidListModified{false};
     std::atomic<bool> projectionListModified{false};
     std::string userPath;
+    std::string dataPath;
 };

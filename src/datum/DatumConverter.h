@@ -20,7 +20,7 @@ class CGxMapProjection;
 // unchanged.
 //
 // Longitudes and latitudes are decimal degrees, heights and projected
-// coordinates metres (the systems' own linear units for the latter). A local
+// coordinates metres (also for a system that declares feet). A local
 // grid on either side makes every conversion a no-operation; nothing is ever
 // reported or thrown by a conversion.
 class GXCART_API CGxDatumConverter {

@@ -11,9 +11,10 @@ class CGxPRJParser;
 // this order. An algorithm copies everything it needs when it is built and is
 // immutable afterwards, so many threads may convert through one object.
 //
-// Angles are decimal degrees, longitude first; lengths are in the projection's
-// linear unit. Conversions never fail and never throw: impossible input gives
-// whatever the formulas give (NaN or infinity).
+// Angles are decimal degrees, longitude first; lengths are metres (a WKT's
+// linear unit is converted when the algorithm is built). Conversions never
+// fail and never throw: impossible input gives whatever the formulas give
+// (NaN or infinity).
 class GXCART_API CGxProjection {
 public:
     // The coordinate-system string the algorithm was built from.

@@ -11,10 +11,11 @@ class CGxMapProjection;
 // orientation angle. Host programs go between longitude/latitude, projected
 // easting/northing and grid coordinates (X, Y) through it.
 //
-// Angles are degrees; projected and grid coordinates are in the system's
-// linear unit. The rotation is taken once, at the origin: the grid is a
-// plane rotation and shift of the projected coordinates, so away from the
-// origin its axes follow projection north, not true north.
+// Angles are degrees; projected and grid coordinates are metres, whatever
+// linear unit the system declares. The rotation is taken once, at the
+// origin: the grid is a plane rotation and shift of the projected
+// coordinates, so away from the origin its axes follow projection north, not
+// true north.
 class GXCART_API CGxCartography {
 public:
     // A copy of the given system, with the grid origin (lon, lat) and its

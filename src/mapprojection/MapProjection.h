@@ -26,8 +26,13 @@ class CGxProjReadNotifier;
 // system and a normalised copy of the string: the text itself for WKT and the
 // special strings, the WKT written from the algorithm for a catalogue name.
 //
-// Angles are decimal degrees, longitude first; projected coordinates are in
-// the system's linear unit, in the axis order and signs the system states.
+// Angles are decimal degrees, longitude first; projected coordinates
+// (easting/northing) are metres, in the axis order and signs the system
+// states. A system that declares another linear unit (US survey feet, say)
+// still converts in metres: the unit is converted to metres when the system
+// is built, and GetUnit(eProjectedUnit, ...) gives the metres per unit for
+// callers who want the system's own unit.
+//
 // Conversions never throw; a string that resolves to nothing gives an object
 // without algorithm whose conversions leave their outputs alone. The one
 // exception is the bare string "UTM", which names no zone: constructing from
@@ -141,7 +146,7 @@ public:
     void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const;
     // An area of a window's proportions (width x height pixels) centred on
     // the projected origin, size being its width (eWidth) or height
-    // (eHeight) in projected units. A window smaller than one pixel gives
+    // (eHeight) in metres. A window smaller than one pixel gives
     // the natural area; another selector writes nothing.
     void GetDefaultArea(int width, int height, ESizeParam which, double size, double* x0,
                         double* y0, double* x1, double* y1) const;

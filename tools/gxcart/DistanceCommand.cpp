@@ -39,34 +39,31 @@ bool Reaches(const CGxMapProjection& system, const std::vector<double>& v, doubl
 
 }  // namespace
 
-int GxRunDistance(const GxArgs& args) {
+int GxRunDistance(const GxArgs& args, const GxIo& io) {
     std::string systemName = "LONG/LAT";
     std::vector<double> values;
     for (std::size_t i = 0; i < args.size(); ++i) {
-        if (GxIsHelp(args[i])) {
-            std::fputs(kHelp, stdout);
-            return kExitOk;
-        }
+        if (GxIsHelp(args[i])) return GxWrite(io.out, kHelp) ? kExitOk : kExitIo;
         if (args[i] == "--system") {
-            if (!GxOptionValue(args, i, &systemName)) return kExitUsage;
+            if (!GxOptionValue(io, args, i, &systemName)) return kExitUsage;
             continue;
         }
         double v = 0.0;
         if (!GxReadNumber(args[i], &v)) {
-            GxError("distance: not a number: " + args[i]);
+            GxError(io, "distance: not a number: " + GxPrintable(args[i]));
             return kExitUsage;
         }
         values.push_back(v);
     }
     if (values.size() != 4) {
-        GxError("distance takes LON1 LAT1 LON2 LAT2 (see gxcart distance --help)");
+        GxError(io, "distance takes LON1 LAT1 LON2 LAT2 (see gxcart distance --help)");
         return kExitUsage;
     }
     if (values[1] < -90 || values[1] > 90 || values[3] < -90 || values[3] > 90) {
-        GxError("distance: latitudes lie between -90 and 90");
+        GxError(io, "distance: latitudes lie between -90 and 90");
         return kExitUsage;
     }
-    const std::unique_ptr<CGxMapProjection> system = GxOpenSystem(systemName);
+    const std::unique_ptr<CGxMapProjection> system = GxOpenSystem(io, systemName);
     if (!system) return kExitUsage;
 
     double distance = 0.0, azimuth1 = 0.0, azimuth2 = 0.0;
@@ -75,18 +72,19 @@ int GxRunDistance(const GxArgs& args) {
         measured = system->GetDistance(values[0], values[1], values[2], values[3], distance,
                                        azimuth1, azimuth2);
     } catch (const std::exception&) {
-        GxError("distance: no geodesic found (the points are nearly antipodal)");
+        GxError(io, "distance: no geodesic found (the points are nearly antipodal)");
         return kExitPartial;
     }
     if (measured && !Reaches(*system, values, distance, azimuth1)) {
-        GxError("distance: no geodesic found (the points are nearly antipodal)");
+        GxError(io, "distance: no geodesic found (the points are nearly antipodal)");
         return kExitPartial;
     }
     if (!measured) {
-        GxError("distance: " + systemName + " has no ellipsoid to measure on");
+        GxError(io, "distance: " + GxPrintable(systemName) + " has no ellipsoid to measure on");
         return kExitPartial;
     }
-    std::printf("distance  %s m\nazimuth1  %s\nazimuth2  %s\n", GxFixed(distance, 4).c_str(),
-                GxFixed(azimuth1, 9).c_str(), GxFixed(azimuth2, 9).c_str());
+    std::fprintf(io.out, "distance  %s m\nazimuth1  %s\nazimuth2  %s\n",
+                 GxFixed(distance, 4).c_str(), GxFixed(azimuth1, 9).c_str(),
+                 GxFixed(azimuth2, 9).c_str());
     return kExitOk;
 }

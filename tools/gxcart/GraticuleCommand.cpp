@@ -4,14 +4,13 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
-#include <fstream>
-#include <iostream>
 #include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "Commands.h"
+#include "foundation/NumberText.h"
 #include "foundation/Projection.h"
 #include "foundation/ProjectionInfo.h"
 #include "mapprojection/MapProjection.h"
@@ -27,13 +26,24 @@ const char* const kHelp =
     "output. The spacing of the meridians and of the parallels is chosen from\n"
     "the area unless --step gives one for both. Each line is one <path> of\n"
     "class 'meridian' or 'parallel' whose data-degrees attribute holds its\n"
-    "longitude or latitude.\n";
+    "longitude or latitude.\n"
+    "\n"
+    "At most 1000 meridians and 1000 parallels are drawn: a step that would give\n"
+    "more is refused, and so is a system whose area reaches longitudes beyond\n"
+    "+-720 degrees (no real system does).\n";
 
 // Graticule spacings to choose from, degrees, and how many lines the larger
 // extent should get at most.
 constexpr double kNiceSteps[] = {0.01, 0.02, 0.05, 0.1, 0.2, 0.25, 0.5, 1,
                                  2,    5,    10,   15,  30,  45,   90};
 constexpr double kMaxLinesPerDirection = 12;
+// Bounds on what --step and a strange system can ask for: lines in each
+// direction, the smallest step (about 0.1 m), the longitudes an area may
+// reach, the shape of the area and the size of the picture.
+constexpr double kMaxLines = 1000;
+constexpr double kMinStep = 1e-6;
+constexpr double kMaxAspect = 1e4;
+constexpr std::size_t kMaxOutputBytes = 16u << 20;
 // Points sampled along a line and across the area to find its extent.
 constexpr int kLineSamples = 240;
 constexpr int kAreaSamples = 64;
@@ -212,7 +222,10 @@ std::vector<double> Ticks(double lo, double hi) {
             break;
         }
     std::vector<double> ticks;
-    for (double k = std::ceil(lo / step); k * step <= hi; ++k) ticks.push_back(k * step);
+    // About six ticks; the bound also ends the loop where k * step no longer
+    // grows (an area far from the origin for its size).
+    const double first = std::ceil(lo / step);
+    for (int i = 0; i < 20 && (first + i) * step <= hi; ++i) ticks.push_back((first + i) * step);
     return ticks;
 }
 
@@ -228,40 +241,62 @@ std::string Degrees(double v) {
     return buffer;
 }
 
+// The lines of one direction: k0 * step, (k0 + 1) * step, ... up to last.
+struct Lines {
+    double k0 = 0;
+    long count = 0;
+    bool tooMany = false;
+};
+
+Lines LinesBetween(double from, double last, double step) {
+    Lines lines;
+    lines.k0 = std::ceil(from / step - 1e-9);
+    const double count = std::floor(last / step) - lines.k0 + 1;
+    lines.tooMany = !(count <= kMaxLines);
+    if (!lines.tooMany && count > 0) lines.count = static_cast<long>(count);
+    return lines;
+}
+
+std::string TooMany(const char* what, double span, double step) {
+    return std::string("graticule: a step of ") + Degrees(step) + " degrees gives more than " +
+           Degrees(kMaxLines) + " " + what + " over " + Degrees(span) +
+           " degrees: give a larger --step";
+}
+
 }  // namespace
 
-int GxRunGraticule(const GxArgs& args) {
+int GxRunGraticule(const GxArgs& args, const GxIo& io) {
     std::string systemName, output;
     double step = 0.0;
     for (std::size_t i = 0; i < args.size(); ++i) {
         const std::string& arg = args[i];
         std::string value;
         if (GxIsHelp(arg)) {
-            std::fputs(kHelp, stdout);
-            return kExitOk;
+            return GxWrite(io.out, kHelp) ? kExitOk : kExitIo;
         } else if (arg == "-o" || arg == "--output") {
-            if (!GxOptionValue(args, i, &output)) return kExitUsage;
+            if (!GxOptionValue(io, args, i, &output)) return kExitUsage;
         } else if (arg == "--step") {
-            if (!GxOptionValue(args, i, &value)) return kExitUsage;
-            if (!GxReadNumber(value, &step) || step <= 0 || step > 90) {
-                GxError("--step takes degrees above 0 and at most 90, not " + value);
+            if (!GxOptionValue(io, args, i, &value)) return kExitUsage;
+            if (!GxReadNumber(value, &step) || step < kMinStep || step > 90) {
+                GxError(io, "--step takes degrees from 0.000001 to 90, not " + GxPrintable(value));
                 return kExitUsage;
             }
         } else if (systemName.empty()) {
             systemName = arg;
         } else {
-            GxError("graticule takes one coordinate system (see gxcart graticule --help)");
+            GxError(io, "graticule takes one coordinate system (see gxcart graticule --help)");
             return kExitUsage;
         }
     }
     if (systemName.empty()) {
-        GxError("graticule needs a coordinate system (see gxcart graticule --help)");
+        GxError(io, "graticule needs a coordinate system (see gxcart graticule --help)");
         return kExitUsage;
     }
-    const std::unique_ptr<CGxMapProjection> system = GxOpenSystem(systemName);
+    const std::unique_ptr<CGxMapProjection> system = GxOpenSystem(io, systemName);
     if (!system) return kExitUsage;
+    const std::string shownName = GxPrintable(systemName);
     if (system->IsLocal()) {
-        GxError("graticule: " + systemName + " is a plane grid without longitude and latitude");
+        GxError(io, "graticule: " + shownName + " is a plane grid without longitude and latitude");
         return kExitPartial;
     }
     const CGxProjection& projection = *system->GetProjection();
@@ -270,14 +305,27 @@ int GxRunGraticule(const GxArgs& args) {
     // northing, the terms the default area is given in.
     Box box{0, 0, 0, 0};
     projection.GetDefaultArea(&box.x0, &box.y0, &box.x1, &box.y1);
+    const double aspect = (box.y1 - box.y0) / (box.x1 - box.x0);
     if (!(box.x1 > box.x0) || !(box.y1 > box.y0) || !std::isfinite(box.x1 - box.x0) ||
-        !std::isfinite(box.y1 - box.y0)) {
-        GxError("graticule: " + systemName + " has no area to draw");
+        !std::isfinite(box.y1 - box.y0) || !(aspect <= kMaxAspect && aspect >= 1 / kMaxAspect)) {
+        GxError(io, "graticule: " + shownName + " has no area to draw");
         return kExitPartial;
     }
     const Extent extent = AreaExtent(projection, box);
     if (!extent.Valid()) {
-        GxError("graticule: no point of the area of " + systemName + " has a longitude/latitude");
+        GxError(io,
+                "graticule: no point of the area of " + shownName + " has a longitude/latitude");
+        return kExitPartial;
+    }
+    // An absurd prime meridian or origin puts the whole area at longitudes
+    // like 1e308, where no step could count the lines.
+    if (!(std::fabs(extent.lonMin) <= kGxLongitudeLimit &&
+          std::fabs(extent.lonMax) <= kGxLongitudeLimit)) {
+        const double far =
+            std::fabs(extent.lonMin) > std::fabs(extent.lonMax) ? extent.lonMin : extent.lonMax;
+        GxError(io, "graticule: the area of " + shownName + " reaches longitude " +
+                        GxFormatNumber(far) +
+                        ", beyond +-720 degrees: the system's longitudes cannot be drawn");
         return kExitPartial;
     }
     // Meridians and parallels are spaced on their own unless --step says:
@@ -285,6 +333,29 @@ int GxRunGraticule(const GxArgs& args) {
     // only a few degrees.
     const double lonStep = step > 0.0 ? step : ChooseStep(extent.lonMax - extent.lonMin);
     const double latStep = step > 0.0 ? step : ChooseStep(extent.latMax - extent.latMin);
+
+    // Where -180 and 180 are one meridian (around a pole, unlike on a plate
+    // carree) it is drawn once.
+    const double latMid = (extent.latMin + extent.latMax) / 2;
+    double wx = NAN, wy = NAN, ex = NAN, ey = NAN;
+    projection.Geo2Proj(extent.lonMin, latMid, &wx, &wy);
+    projection.Geo2Proj(extent.lonMin + 360.0, latMid, &ex, &ey);
+    const bool wraps =
+        extent.lonMax - extent.lonMin > kFullCircle &&
+        std::hypot(ex - wx, ey - wy) <= 1e-9 * std::hypot(box.x1 - box.x0, box.y1 - box.y0);
+    const double lonEnd =
+        wraps ? extent.lonMin + 360.0 - 1e-9 * lonStep : extent.lonMax + 1e-9 * lonStep;
+    const Lines meridianLines = LinesBetween(extent.lonMin, lonEnd, lonStep);
+    const Lines parallelLines =
+        LinesBetween(extent.latMin, extent.latMax + 1e-9 * latStep, latStep);
+    if (meridianLines.tooMany) {
+        GxError(io, TooMany("meridians", extent.lonMax - extent.lonMin, lonStep));
+        return kExitUsage;
+    }
+    if (parallelLines.tooMany) {
+        GxError(io, TooMany("parallels", extent.latMax - extent.latMin, latStep));
+        return kExitUsage;
+    }
 
     const Canvas canvas(box);
     const double pictureWidth = kLeft + canvas.Width() + kRight;
@@ -317,20 +388,8 @@ int GxRunGraticule(const GxArgs& args) {
     // parallels from its western to its eastern edge.
     svg << "<g fill=\"none\" stroke=\"#4a78b5\" stroke-width=\"1\">\n";
     int meridians = 0, parallels = 0;
-    // Where -180 and 180 are one meridian (around a pole, unlike on a plate
-    // carree) it is drawn once.
-    const double latMid = (extent.latMin + extent.latMax) / 2;
-    double wx = NAN, wy = NAN, ex = NAN, ey = NAN;
-    projection.Geo2Proj(extent.lonMin, latMid, &wx, &wy);
-    projection.Geo2Proj(extent.lonMin + 360.0, latMid, &ex, &ey);
-    const bool wraps =
-        extent.lonMax - extent.lonMin > kFullCircle &&
-        std::hypot(ex - wx, ey - wy) <= 1e-9 * std::hypot(box.x1 - box.x0, box.y1 - box.y0);
-    const double lonEnd =
-        wraps ? extent.lonMin + 360.0 - 1e-9 * lonStep : extent.lonMax + 1e-9 * lonStep;
-    for (long k = static_cast<long>(std::ceil(extent.lonMin / lonStep - 1e-9));
-         k * lonStep <= lonEnd; ++k) {
-        const double lon = k * lonStep;
+    for (long i = 0; i < meridianLines.count; ++i) {
+        const double lon = (meridianLines.k0 + static_cast<double>(i)) * lonStep;
         const std::string d = LinePath(box, canvas, [&](double t, double* x, double* y) {
             projection.Geo2Proj(lon, extent.latMin + t * (extent.latMax - extent.latMin), x, y);
         });
@@ -338,10 +397,10 @@ int GxRunGraticule(const GxArgs& args) {
         ++meridians;
         svg << "<path class=\"meridian\" data-degrees=\"" << Degrees(lon) << "\" d=\"" << d
             << "\"/>\n";
+        if (static_cast<std::size_t>(svg.tellp()) > kMaxOutputBytes) break;
     }
-    for (long k = static_cast<long>(std::ceil(extent.latMin / latStep - 1e-9));
-         k * latStep <= extent.latMax + 1e-9 * latStep; ++k) {
-        const double lat = k * latStep;
+    for (long i = 0; i < parallelLines.count; ++i) {
+        const double lat = (parallelLines.k0 + static_cast<double>(i)) * latStep;
         const std::string d = LinePath(box, canvas, [&](double t, double* x, double* y) {
             projection.Geo2Proj(extent.lonMin + t * (extent.lonMax - extent.lonMin), lat, x, y);
         });
@@ -349,6 +408,11 @@ int GxRunGraticule(const GxArgs& args) {
         ++parallels;
         svg << "<path class=\"parallel\" data-degrees=\"" << Degrees(lat) << "\" d=\"" << d
             << "\"/>\n";
+        if (static_cast<std::size_t>(svg.tellp()) > kMaxOutputBytes) break;
+    }
+    if (static_cast<std::size_t>(svg.tellp()) > kMaxOutputBytes) {
+        GxError(io, "graticule: the picture would be larger than 16 MiB: give a larger --step");
+        return kExitUsage;
     }
     svg << "</g>\n";
 
@@ -394,14 +458,16 @@ int GxRunGraticule(const GxArgs& args) {
 
     const std::string text = svg.str();
     if (output.empty()) {
-        std::fwrite(text.data(), 1, text.size(), stdout);
+        if (!GxWrite(io.out, text) || std::fflush(io.out) != 0) {
+            GxError(io, "cannot write the picture: " + GxErrnoText(errno));
+            return kExitIo;
+        }
         return kExitOk;
     }
-    std::ofstream file(output, std::ios::binary | std::ios::trunc);
-    file << text;
-    if (!file.flush()) {
-        GxError("cannot write " + output);
-        return kExitPartial;
+    std::string problem;
+    if (!GxWriteFile(output, text, &problem)) {
+        GxError(io, GxPrintable(problem));
+        return kExitIo;
     }
     return kExitOk;
 }

@@ -29,7 +29,7 @@ const char* const kHelp =
     "catalogue's ellipsoids with identifier, semi-major axis and inverse\n"
     "flattening.\n";
 
-int ListSystems(int mask) {
+int ListSystems(const GxIo& io, int mask) {
     CGxMapProjectionList& catalogue = CGxCartSetup::Instance().GetMapProjectionList();
     // Branches in the order the catalogue first names them; systems in
     // catalogue order within each.
@@ -50,40 +50,39 @@ int ListSystems(int mask) {
         found->second.push_back(code.empty() ? name : name + " [" + code + "]");
     }
     for (const std::string& branch : order) {
-        std::printf("%s\n", branch.c_str());
-        for (const std::string& name : branches[branch]) std::printf("  %s\n", name.c_str());
+        std::fprintf(io.out, "%s\n", branch.c_str());
+        for (const std::string& name : branches[branch])
+            std::fprintf(io.out, "  %s\n", name.c_str());
     }
     return kExitOk;
 }
 
-int ListEllipsoids() {
+int ListEllipsoids(const GxIo& io) {
     CGxEllipsoidList& catalogue = CGxCartSetup::Instance().GetEllipsoidList();
     for (auto it = catalogue.GetIteratorBegin(CGxEllipsoidList::eAllEllipsoids);
          it != catalogue.GetIteratorEnd(CGxEllipsoidList::eAllEllipsoids); ++it) {
         const CGxEllipsoid* e = *it;
-        std::printf("%-8s %-40s a = %s m, 1/f = %s\n", e->GetID().c_str(), e->GetName().c_str(),
-                    GxFormatNumber(e->GetMajor()).c_str(),
-                    GxFormatNumber(e->GetInvFlatness()).c_str());
+        std::fprintf(io.out, "%-8s %-40s a = %s m, 1/f = %s\n", e->GetID().c_str(),
+                     e->GetName().c_str(), GxFormatNumber(e->GetMajor()).c_str(),
+                     GxFormatNumber(e->GetInvFlatness()).c_str());
     }
     return kExitOk;
 }
 
 }  // namespace
 
-int GxRunList(const GxArgs& args) {
+int GxRunList(const GxArgs& args, const GxIo& io) {
     const std::string what = args.empty() ? "all" : args[0];
-    if (GxIsHelp(what)) {
-        std::fputs(kHelp, stdout);
-        return kExitOk;
-    }
+    if (GxIsHelp(what)) return GxWrite(io.out, kHelp) ? kExitOk : kExitIo;
     if (args.size() > 1) {
-        GxError("list takes at most one word (see gxcart list --help)");
+        GxError(io, "list takes at most one word (see gxcart list --help)");
         return kExitUsage;
     }
-    if (what == "projected") return ListSystems(CGxMapProjection::eProjectedSystems);
-    if (what == "geographical") return ListSystems(CGxMapProjection::eGeographicSystems);
-    if (what == "all") return ListSystems(CGxMapProjection::eAllSystems);
-    if (what == "ellipsoids") return ListEllipsoids();
-    GxError("list: unknown word " + what + " (projected, geographical, all or ellipsoids)");
+    if (what == "projected") return ListSystems(io, CGxMapProjection::eProjectedSystems);
+    if (what == "geographical") return ListSystems(io, CGxMapProjection::eGeographicSystems);
+    if (what == "all") return ListSystems(io, CGxMapProjection::eAllSystems);
+    if (what == "ellipsoids") return ListEllipsoids(io);
+    GxError(io, "list: unknown word " + GxPrintable(what) +
+                    " (projected, geographical, all or ellipsoids)");
     return kExitUsage;
 }
