@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <limits>
 #include <utility>
 
 #include "foundation/NumberText.h"
@@ -22,54 +23,106 @@ constexpr const char kNameDelimiters[] = "[]\"";
 constexpr const char kValueDelimiters[] = "],";
 constexpr const char kListDelimiters[] = ",";
 
+// Axis scales and plane rotation (degrees) that turn the Krovak cone's
+// southing and westing into easting and northing.
+constexpr double kKrovakNorthXScale = -1.0;
+constexpr double kKrovakNorthYScale = 1.0;
+constexpr double kKrovakNorthRotation = 90.0;
+
 // Deepest indentation of the readable form. Real texts nest a handful of
 // levels; the cap keeps the output of a hostile, deeply nested text linear in
 // its length instead of quadratic.
 constexpr int kMaxIndentLevels = 16;
 
-// WKT projection names that GIS software writes for the types the library
-// has, lower-case. The south-orientated and "complex" Transverse Mercator
-// names are read as the plain projection: the south orientation is a matter
-// of axis signs, which the text's AXIS elements carry. Plain "Mercator" is
-// the form with a standard parallel; plain "Lambert_Conformal_Conic" starts
-// as the two-parallel form and becomes the one-parallel form when its
-// parameters say so.
+// The WKT projection names the reader accepts: the spellings that GIS
+// software writes for the types the library has, each with where it comes
+// from. Names are compared without regard to case and with blanks read as
+// underscores, so "Transverse Mercator" (MapInfo-style writers, GeoTools)
+// finds "Transverse_Mercator" and "Oblique Stereographic" (the EPSG name)
+// finds "Oblique_Stereographic". docs/wkt-dialects.md lists this table.
+//
+// The south-orientated and "complex" Transverse Mercator names are read as
+// the plain projection: the south orientation is a matter of axis signs,
+// which the text's AXIS elements carry. Plain "Mercator" is the form with a
+// standard parallel; plain "Lambert_Conformal_Conic" starts as the
+// two-parallel form and becomes the one-parallel form when its parameters say
+// so. A dialect other than plain fixes what the name implies beyond its type.
 struct GxProjectionNameEntry {
     const char* name;
     EType type;
+    CGxPRJParser::EDialect dialect;
 };
+using M = CGxMapProjData;
+using D = CGxPRJParser::EDialect;
 constexpr GxProjectionNameEntry kProjectionNames[] = {
-    {"transverse_mercator", CGxMapProjData::eTransverseMercator},
-    {"transverse_mercator_complex", CGxMapProjData::eTransverseMercator},
-    {"transverse_mercator_south_orientated", CGxMapProjData::eTransverseMercator},
-    {"gauss_kruger", CGxMapProjData::eTransverseMercator},
-    {"lambert_conformal_conic", CGxMapProjData::eLambert2SP},
-    {"lambert_conformal_conic_2sp", CGxMapProjData::eLambert2SP},
-    {"lambert_conformal_conic_1sp", CGxMapProjData::eLambert1SP},
-    {"stereographic", CGxMapProjData::eStereographic},
-    {"double_stereographic", CGxMapProjData::eStereographic},
-    {"oblique_stereographic", CGxMapProjData::eStereographic},
-    {"new_zealand_map_grid", CGxMapProjData::eNewZealandMapGrid},
-    {"hotine_oblique_mercator_azimuth_natural_origin", CGxMapProjData::eHotineObliqueMercator},
-    {"hotine_oblique_mercator", CGxMapProjData::eHotineObliqueMercator},
-    {"hotine_oblique_mercator_azimuth_center", CGxMapProjData::eObliqueMercator},
-    {"rectified_skew_orthomorphic_natural_origin", CGxMapProjData::eRectifiedSkewOrthomorphic},
-    {"rotated_longitude_latitude", CGxMapProjData::eRotatedLongitudeLatitude},
-    {"mercator", CGxMapProjData::eMercator2SP},
-    {"mercator_2sp", CGxMapProjData::eMercator2SP},
-    {"mercator_1sp", CGxMapProjData::eMercator1SP},
-    {"stereographic_north_pole", CGxMapProjData::eStereographicNorthPole},
-    {"stereographic_south_pole", CGxMapProjData::eStereographicSouthPole},
-    {"geographical", CGxMapProjData::eGeographical},
-    {"krovak", CGxMapProjData::eKrovak},
-    {"albers", CGxMapProjData::eAlbersEqualArea},
-    {"albers_conic_equal_area", CGxMapProjData::eAlbersEqualArea},
-    {"lambert_azimuthal_equal_area", CGxMapProjData::eLambertAzimuthalEqualArea},
-    {"cassini", CGxMapProjData::eCassiniSoldner},
-    {"cassini_soldner", CGxMapProjData::eCassiniSoldner},
-    {"equidistant_conic", CGxMapProjData::eEquidistantConic},
-    {"polar_stereographic", CGxMapProjData::ePolarStereographic},
-    {"non_projected", CGxMapProjData::eNonProjected},
+    // Transverse Mercator: OGC 01-009, ESRI and GDAL; ESRI's "complex" form
+    // and Gauss-Kruger; GDAL's south-orientated form (EPSG method 9808).
+    {"Transverse_Mercator", M::eTransverseMercator, D::kPlain},
+    {"Transverse_Mercator_Complex", M::eTransverseMercator, D::kPlain},
+    {"Transverse_Mercator_South_Orientated", M::eTransverseMercator, D::kPlain},
+    {"Gauss_Kruger", M::eTransverseMercator, D::kPlain},
+    // Lambert conic: ESRI's one name for both forms, OGC/GDAL's and EPSG's
+    // (methods 9802 and 9801) names of each.
+    {"Lambert_Conformal_Conic", M::eLambert2SP, D::kPlain},
+    {"Lambert_Conformal_Conic_2SP", M::eLambert2SP, D::kPlain},
+    {"Lambert Conic Conformal (2SP)", M::eLambert2SP, D::kPlain},
+    {"Lambert_Conformal_Conic_1SP", M::eLambert1SP, D::kPlain},
+    {"Lambert Conic Conformal (1SP)", M::eLambert1SP, D::kPlain},
+    // Stereographic: ESRI's plain and double names; GDAL's oblique name,
+    // which with blanks is EPSG's (method 9809).
+    {"Stereographic", M::eStereographic, D::kPlain},
+    {"Double_Stereographic", M::eStereographic, D::kPlain},
+    {"Oblique_Stereographic", M::eStereographic, D::kPlain},
+    // OGC 01-009, ESRI and GDAL; with blanks EPSG's (method 9811).
+    {"New_Zealand_Map_Grid", M::eNewZealandMapGrid, D::kPlain},
+    // Hotine, from the natural origin: ESRI, OGC/GDAL, EPSG method 9812;
+    // from the centre: ESRI and GDAL, EPSG method 9815; the rectified skew
+    // orthomorphic grid from the natural origin: ESRI.
+    {"Hotine_Oblique_Mercator_Azimuth_Natural_Origin", M::eHotineObliqueMercator, D::kPlain},
+    {"Hotine_Oblique_Mercator", M::eHotineObliqueMercator, D::kPlain},
+    {"Hotine Oblique Mercator (variant A)", M::eHotineObliqueMercator, D::kPlain},
+    {"Hotine_Oblique_Mercator_Azimuth_Center", M::eObliqueMercator, D::kPlain},
+    {"Hotine Oblique Mercator (variant B)", M::eObliqueMercator, D::kHotineCentre},
+    {"Rectified_Skew_Orthomorphic_Natural_Origin", M::eRectifiedSkewOrthomorphic, D::kPlain},
+    // The library's own writer.
+    {"Rotated_Longitude_Latitude", M::eRotatedLongitudeLatitude, D::kPlain},
+    // Mercator with a standard parallel: ESRI, OGC/GDAL, EPSG method 9805;
+    // the web Mercator of ESRI and of EPSG (method 1024, as GeoTools writes
+    // it). With a scale factor: OGC/GDAL, EPSG method 9804.
+    {"Mercator", M::eMercator2SP, D::kPlain},
+    {"Mercator_2SP", M::eMercator2SP, D::kPlain},
+    {"Mercator (variant B)", M::eMercator2SP, D::kPlain},
+    {"Mercator_Auxiliary_Sphere", M::eMercator2SP, D::kEsriWebMercator},
+    {"Popular Visualisation Pseudo Mercator", M::eMercator2SP, D::kEpsgWebMercator},
+    {"Mercator_1SP", M::eMercator1SP, D::kPlain},
+    {"Mercator (variant A)", M::eMercator1SP, D::kPlain},
+    // Polar stereographic with a standard parallel: ESRI; EPSG method 9829,
+    // whose pole is the parallel's.
+    {"Stereographic_North_Pole", M::eStereographicNorthPole, D::kPlain},
+    {"Stereographic_South_Pole", M::eStereographicSouthPole, D::kPlain},
+    {"Polar Stereographic (variant B)", M::eStereographicNorthPole, D::kPolarStereographicB},
+    // The library's own writer.
+    {"Geographical", M::eGeographical, D::kPlain},
+    // Krovak: ESRI and GDAL; the east-north form, EPSG method 1041.
+    {"Krovak", M::eKrovak, D::kPlain},
+    {"Krovak (North Orientated)", M::eKrovak, D::kKrovakNorth},
+    // Albers: ESRI, OGC/GDAL, EPSG method 9822 (also MapInfo-style writers).
+    {"Albers", M::eAlbersEqualArea, D::kPlain},
+    {"Albers_Conic_Equal_Area", M::eAlbersEqualArea, D::kPlain},
+    {"Albers Equal Area", M::eAlbersEqualArea, D::kPlain},
+    // ESRI and GDAL; with blanks EPSG's (method 9820).
+    {"Lambert_Azimuthal_Equal_Area", M::eLambertAzimuthalEqualArea, D::kPlain},
+    // Cassini-Soldner: ESRI, OGC/GDAL, EPSG method 9806.
+    {"Cassini", M::eCassiniSoldner, D::kPlain},
+    {"Cassini_Soldner", M::eCassiniSoldner, D::kPlain},
+    {"Cassini-Soldner", M::eCassiniSoldner, D::kPlain},
+    // ESRI and GDAL; with blanks EPSG's (method 1028).
+    {"Equidistant_Conic", M::eEquidistantConic, D::kPlain},
+    // Polar stereographic by its origin: GDAL; EPSG method 9810.
+    {"Polar_Stereographic", M::ePolarStereographic, D::kPlain},
+    {"Polar Stereographic (variant A)", M::ePolarStereographic, D::kPlain},
+    // The library's own writer.
+    {"Non_Projected", M::eNonProjected, D::kPlain},
 };
 
 // ASCII lower case, the same in every locale.
@@ -78,6 +131,37 @@ std::string _Lower(std::string s) {
         if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
     }
     return s;
+}
+
+// The key of a projection name in the name table: lower case, and blanks
+// read as underscores, so that "Transverse Mercator" and "transverse_mercator"
+// are one name. Other characters (hyphens, parentheses) are kept.
+std::string _NameKey(const std::string& name) {
+    std::string key = _Lower(name);
+    std::replace(key.begin(), key.end(), ' ', '_');
+    return key;
+}
+
+bool _IsLayout(char c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
+
+// The text without the blanks, tabs and line ends that stand outside quoted
+// names. Writers that lay a text out over several lines or put a blank after
+// a keyword or a comma ("UNIT ["Meter", 1.0]", "AXIS["Northing", NORTH]")
+// then read as the one-line form: the token cutter takes a name after the
+// bracket and a direction word after the comma as they stand, and a blank
+// there would make the name empty and the direction unknown. Quoted names
+// keep their blanks; a text without such layout is unchanged.
+std::string _WithoutLayout(const std::string& text) {
+    std::string out;
+    out.reserve(text.size());
+    bool quoted = false;
+    for (char c : text) {
+        if (c == '"') quoted = !quoted;
+        if (quoted || !_IsLayout(c)) out += c;
+    }
+    return out;
 }
 
 // Where the quoted, case-insensitive parameter name stands in text, or npos.
@@ -105,6 +189,57 @@ std::string _NameValue(const std::string& text, const std::string& keyword, std:
     return tokens.Rest();
 }
 
+// The PROJ.4 string of an EXTENSION["PROJ4","..."] element (GDAL writes one
+// where WKT cannot state the grid, such as the web Mercator); empty when the
+// text has none. EXTENSION["PROJ4_GRIDS",...] is another element.
+std::string _Proj4Extension(const std::string& wkt) {
+    const std::string key = "EXTENSION[\"PROJ4\",\"";
+    const std::size_t at = wkt.find(key);
+    if (at == std::string::npos) return std::string();
+    const std::size_t from = at + key.size();
+    const std::size_t to = wkt.find('"', from);
+    return to == std::string::npos ? std::string() : wkt.substr(from, to - from);
+}
+
+// The number of "+key=number" in a PROJ.4 string, or fallback when the key is
+// not there. A key without a number reads as NaN, which agrees with nothing.
+double _Proj4Number(const std::string& proj4, const std::string& key, double fallback) {
+    const std::string wanted = "+" + key + "=";
+    std::size_t at = 0;
+    while ((at = proj4.find(wanted, at)) != std::string::npos) {
+        if (at == 0 || _IsLayout(proj4[at - 1])) {
+            std::size_t used = 0;
+            const double v = GxParseNumber(proj4.c_str() + at + wanted.size(), &used);
+            return used ? v : std::numeric_limits<double>::quiet_NaN();
+        }
+        at += wanted.size();
+    }
+    return fallback;
+}
+
+// Whether two values written in different texts state the same number (the
+// texts round differently in the last digits).
+bool _SameWritten(double a, double b) {
+    return std::fabs(a - b) <= 1e-9 * std::max({1.0, std::fabs(a), std::fabs(b)});
+}
+
+// Whether a projected system's name says it is the web Mercator of EPSG
+// ("WGS 84 / Pseudo-Mercator", "WGS_84_Pseudo_Mercator", "WGS_1984_Web_Mercator"
+// and the like): compared as PROJ compares it, by its letters and digits
+// without regard to case, "1984" and "84" alike.
+bool _NamesWebMercator(const std::string& name) {
+    std::string key;
+    for (char c : _Lower(name)) {
+        if ((c >= 'a' && c <= 'z') || (c >= '0' && c <= '9')) key += c;
+    }
+    const std::string wgs1984 = "wgs1984";
+    if (key.compare(0, wgs1984.size(), wgs1984) == 0) key = "wgs84" + key.substr(wgs1984.size());
+    return key == "wgs84pseudomercator" || key == "wgs84webmercator";
+}
+
+// Semi-major axis of the web Mercator's sphere (WGS 84).
+constexpr double kWebMercatorRadius = 6378137.0;
+
 bool _IsPresent(double v) {
     return !GxIsUnset(v);
 }
@@ -130,7 +265,8 @@ CGxPRJParser::~CGxPRJParser() = default;
 
 void CGxPRJParser::_initialize() {
     nameTable.clear();
-    for (const GxProjectionNameEntry& e : kProjectionNames) nameTable.emplace(e.name, e.type);
+    for (const GxProjectionNameEntry& e : kProjectionNames)
+        nameTable.emplace(_NameKey(e.name), GxNameEntry{e.type, e.dialect});
     projCSname.clear();
     geoCSname.clear();
     datumName.clear();
@@ -254,15 +390,16 @@ std::string CGxPRJParser::ShortName(const std::string& text) {
 
 bool CGxPRJParser::Parse(bool sortParallels) {
     if (!IsPRJ(text)) return false;
+    const std::string wkt = _WithoutLayout(text);
 
-    projCSname = ShortName(text);
-    geoCSname = GetName(text, "GEOGCS");
-    datumName = GetName(text, "DATUM");
+    projCSname = ShortName(wkt);
+    geoCSname = GetName(wkt, "GEOGCS");
+    datumName = GetName(wkt, "DATUM");
     if (projCSname.empty()) projCSname = geoCSname;
 
-    std::size_t at = text.find("SPHEROID");
+    std::size_t at = wkt.find("SPHEROID");
     if (at != std::string::npos) {
-        CGxWktTokenizer tokens(text, at);
+        CGxWktTokenizer tokens(wkt, at);
         tokens.Next(kNameDelimiters);
         spheroidName = tokens.Next(kNameDelimiters);
         semiMajorAxis = GxParseNumber(tokens.Next(kListDelimiters));
@@ -271,27 +408,27 @@ bool CGxPRJParser::Parse(bool sortParallels) {
 
     // Always seven comma-separated fields, as the seven-parameter form has:
     // a three-value element lends its last places from the text after it.
-    at = text.find("TOWGS84");
+    at = wkt.find("TOWGS84");
     if (at != std::string::npos) {
-        CGxWktTokenizer tokens(text, at);
+        CGxWktTokenizer tokens(wkt, at);
         tokens.Next(kNameDelimiters);
         double values[CGxDatumShift::kParameterCount];
         for (double& v : values) v = GxParseNumber(tokens.Next(kListDelimiters));
         datumShift.SetParameters(values);
     }
 
-    GetNameParam(text, "PRIMEM", primeMeridianName, primeMeridian);
+    GetNameParam(wkt, "PRIMEM", primeMeridianName, primeMeridian);
 
     // The first UNIT belongs to the geographic system; the linear unit of a
     // projected system is the next one after it.
     const std::string afterAngularUnit =
-        GetNameParam(text, "UNIT", angularUnitName, angularUnitFactor);
+        GetNameParam(wkt, "UNIT", angularUnitName, angularUnitFactor);
     if (GxIsUnset(angularUnitFactor)) {
         projectionType = CGxMapProjData::eInvalidProjection;
         return false;
     }
 
-    at = text.find("PROJECTION");
+    at = wkt.find("PROJECTION");
     if (at == std::string::npos) {
         projectionType = CGxMapProjData::eGeographical;
         projectionTypeName = "Geographical";
@@ -300,21 +437,24 @@ bool CGxPRJParser::Parse(bool sortParallels) {
         return true;
     }
 
-    const std::string projectionText = text.substr(at);
+    const std::string projectionText = wkt.substr(at);
     CGxWktTokenizer tokens(projectionText);
     tokens.Next(kNameDelimiters);
     const std::string name = tokens.Next(kNameDelimiters);
-    const auto entry = nameTable.find(_Lower(name));
+    const auto entry = nameTable.find(_NameKey(name));
     if (entry == nameTable.end()) {
         projectionType = CGxMapProjData::eInvalidProjection;
         return false;
     }
-    projectionType = entry->second;
+    projectionType = entry->second.type;
     projectionTypeName = name;
 
     // A missing parameter fails the text, but the units and axes are still
     // read so that a caller sees as much of the system as the text gives.
-    if (!_ReadParameters(projectionText)) projectionType = CGxMapProjData::eInvalidProjection;
+    // So does a text that contradicts what its names say.
+    const EDialect dialect = entry->second.dialect;
+    if (!_ReadParameters(projectionText, dialect))
+        projectionType = CGxMapProjData::eInvalidProjection;
 
     const bool conic = projectionType == CGxMapProjData::eLambert2SP ||
                        projectionType == CGxMapProjData::eAlbersEqualArea ||
@@ -328,6 +468,7 @@ bool CGxPRJParser::Parse(bool sortParallels) {
         projectionType = CGxMapProjData::eInvalidProjection;
         return false;
     }
+    if (!_ReadWebMercator(wkt, dialect)) projectionType = CGxMapProjData::eInvalidProjection;
 
     const std::string afterAxis1 = GetNameParam(projectionText, "AXIS", axis1Name, axis1Direction);
     GetNameParam(afterAxis1, "AXIS", axis2Name, axis2Direction);
@@ -340,7 +481,7 @@ bool CGxPRJParser::Parse(bool sortParallels) {
     return projectionType != CGxMapProjData::eInvalidProjection;
 }
 
-bool CGxPRJParser::_ReadParameters(const std::string& projectionText) {
+bool CGxPRJParser::_ReadParameters(const std::string& projectionText, EDialect dialect) {
     // One parameter of a type: its slot, the WKT name and an alternative name
     // tried after it, the value taken when neither is in the text, and
     // whether its absence fails the text.
@@ -435,6 +576,28 @@ bool CGxPRJParser::_ReadParameters(const std::string& projectionText) {
         {kXScale, "X_Scale", nullptr, 1.0, true},
         {kYScale, "Y_Scale", nullptr, 1.0, true},
     };
+    // The east-north Krovak: its name fixes the axis scales and the plane
+    // rotation that turn the cone's southing and westing into easting and
+    // northing.
+    static constexpr Rule kKrovakNorth[] = {
+        {kFalseEasting, "False_Easting", nullptr, kNone, true},
+        {kFalseNorthing, "False_Northing", nullptr, kNone, true},
+        {kLongitudeOfCenter, "Longitude_Of_Center", nullptr, kNone, true},
+        {kLatitudeOfCenter, "Latitude_Of_Center", nullptr, kNone, true},
+        {kAzimuth, "Azimuth", nullptr, kNone, true},
+        {kXYPlaneRotation, "XY_Plane_Rotation", nullptr, kKrovakNorthRotation, true},
+        {kScaleFactor, "Scale_Factor", nullptr, kNone, true},
+        {kPseudoParallel, "Pseudo_Standard_Parallel_1", nullptr, kNone, true},
+        {kXScale, "X_Scale", nullptr, kKrovakNorthXScale, true},
+        {kYScale, "Y_Scale", nullptr, kKrovakNorthYScale, true},
+    };
+    // The web Mercator as EPSG defines it has no latitude of true scale and
+    // no scale factor; they are checked below.
+    static constexpr Rule kWebMercator[] = {
+        {kFalseEasting, "False_Easting", nullptr, kNone, true},
+        {kFalseNorthing, "False_Northing", nullptr, kNone, true},
+        {kCentralMeridian, "Central_Meridian", nullptr, kNone, true},
+    };
     // Albers and equidistant conic: ESRI names the origin by its meridian and
     // latitude of origin, other writers by the centre.
     static constexpr Rule kConic[] = {
@@ -491,6 +654,12 @@ bool CGxPRJParser::_ReadParameters(const std::string& projectionText) {
             use(kRotatedPole);
             break;
         case CGxMapProjData::eMercator2SP:
+            if (dialect == EDialect::kEpsgWebMercator) {
+                use(kWebMercator);
+            } else {
+                use(kStandardParallel);
+            }
+            break;
         case CGxMapProjData::eStereographicNorthPole:
         case CGxMapProjData::eStereographicSouthPole:
             use(kStandardParallel);
@@ -499,7 +668,11 @@ bool CGxPRJParser::_ReadParameters(const std::string& projectionText) {
             use(kMercatorScale);
             break;
         case CGxMapProjData::eKrovak:
-            use(kKrovak);
+            if (dialect == EDialect::kKrovakNorth) {
+                use(kKrovakNorth);
+            } else {
+                use(kKrovak);
+            }
             break;
         case CGxMapProjData::eAlbersEqualArea:
         case CGxMapProjData::eEquidistantConic:
@@ -515,11 +688,65 @@ bool CGxPRJParser::_ReadParameters(const std::string& projectionText) {
             break;  // geographical: no parameters
     }
 
-    bool complete = true;
     for (const Rule* r = begin; r != end; ++r) {
         std::list<std::string> names{r->name};
         if (r->alias) names.emplace_back(r->alias);
         parameters[r->slot] = GetParam(projectionText, names, r->fallback);
+    }
+
+    // What the name or the dialect adds to the type's own rules; false when
+    // the text contradicts its name.
+    bool consistent = true;
+    const auto written = [&projectionText](const char* name) {
+        return GetParam(projectionText, name, kGxUnset);
+    };
+    // A value the text may leave out but, when it writes it, must give as
+    // the name implies.
+    const auto absentOr = [&written](const char* name, double implied) {
+        const double v = written(name);
+        return GxIsUnset(v) || v == implied;
+    };
+    switch (dialect) {
+        case EDialect::kEpsgWebMercator:
+            // The method is true to scale on the equator; a text that gives
+            // another scale or parallel is read differently by different
+            // software and is refused rather than guessed.
+            consistent = absentOr("Standard_Parallel_1", 0.0) &&
+                         absentOr("Latitude_Of_Origin", 0.0) && absentOr("Scale_Factor", 1.0);
+            parameters[kStandardParallel1] = 0.0;
+            break;
+        case EDialect::kEsriWebMercator:
+            // Auxiliary sphere type 0 is the sphere of the semi-major axis,
+            // the only one PROJ and GDAL read; 1 to 3 (semi-minor axis,
+            // authalic radius, authalic latitudes) are refused.
+            consistent =
+                parameters[kStandardParallel1] == 0.0 && absentOr("Auxiliary_Sphere_Type", 0.0);
+            break;
+        case EDialect::kKrovakNorth:
+            consistent = parameters[kXScale] == kKrovakNorthXScale &&
+                         parameters[kYScale] == kKrovakNorthYScale &&
+                         parameters[kXYPlaneRotation] == kKrovakNorthRotation;
+            break;
+        case EDialect::kPolarStereographicB:
+            // The standard parallel's hemisphere is the pole's.
+            if (parameters[kStandardParallel1] < 0.0)
+                projectionType = CGxMapProjData::eStereographicSouthPole;
+            break;
+        default:
+            break;
+    }
+    // The two-parallel Mercator names its scale by a standard parallel. A
+    // text that gives instead a scale of exactly 1 states the same grid
+    // (true to scale on the equator, parallel 0), as some writers do under
+    // ESRI's plain "Mercator"; any other scale is read differently by
+    // different software and stays a missing parallel.
+    if (projectionType == CGxMapProjData::eMercator2SP && dialect == EDialect::kPlain &&
+        !_IsPresent(parameters[kStandardParallel1]) && written("Scale_Factor") == 1.0) {
+        parameters[kStandardParallel1] = 0.0;
+    }
+
+    bool complete = consistent;
+    for (const Rule* r = begin; r != end; ++r) {
         if (r->required && !_IsPresent(parameters[r->slot])) complete = false;
     }
 
@@ -547,17 +774,80 @@ bool CGxPRJParser::_ReadParameters(const std::string& projectionText) {
             // Without a rectified grid angle the grid is aligned with the
             // initial line. A grid angle that differs from the azimuth turns
             // the grid against the initial line: the rectified skew
-            // orthomorphic form with its own plane rotation.
+            // orthomorphic form with its own plane rotation, which counts
+            // from the natural origin. EPSG's name of the centre form says
+            // that its grid counts from the centre, which that form cannot
+            // do: such a text is refused. (ESRI's and GDAL's centre name is
+            // read as the skew form all the same.)
             parameters[kXYPlaneRotation] =
                 GetParam(projectionText, "Rectified_Grid_Angle", parameters[kAzimuth]);
             if (complete && _AnglesDiffer(parameters[kAzimuth], parameters[kXYPlaneRotation])) {
-                projectionType = CGxMapProjData::eRectifiedSkewOrthomorphic;
+                if (dialect == EDialect::kHotineCentre) {
+                    complete = false;
+                } else {
+                    projectionType = CGxMapProjData::eRectifiedSkewOrthomorphic;
+                }
             }
             break;
         default:
             break;
     }
     return complete;
+}
+
+bool CGxPRJParser::_ReadWebMercator(const std::string& wkt, EDialect dialect) {
+    const bool oneParallel = projectionType == CGxMapProjData::eMercator1SP;
+    if (projectionType != CGxMapProjData::eMercator2SP && !oneParallel) return true;
+
+    // The web Mercator is the spherical Mercator on a sphere of the datum's
+    // semi-major axis, while longitudes and latitudes stay those of the
+    // datum's ellipsoid. The projection works on the sphere alone, so the
+    // sphere takes the spheroid's place in the record.
+    double radius = semiMajorAxis;
+    if (dialect == EDialect::kPlain) {
+        // Values as PROJ.4 strings state them: degrees, metres.
+        const double r =
+            (GxIsUnset(angularUnitFactor) ? kGxDegToRad : angularUnitFactor) / kGxDegToRad;
+        const double u = GxIsUnset(projUnitFactor) ? 1.0 : projUnitFactor;
+        const std::string proj4 = _Proj4Extension(wkt);
+        if (!proj4.empty()) {
+            // GDAL writes the PROJ.4 form next to a WKT that cannot say it,
+            // and PROJ and GDAL read the grid from it. It is taken here for
+            // its sphere only, and must agree with the WKT on everything else.
+            if (proj4.find("+proj=merc") == std::string::npos) return false;
+            const double a = _Proj4Number(proj4, "a", kGxUnset);
+            const double b = _Proj4Number(proj4, "b", kGxUnset);
+            radius = _Proj4Number(proj4, "R", kGxUnset);
+            if (GxIsUnset(radius) && !GxIsUnset(a) && a == b) radius = a;
+            if (GxIsUnset(radius)) return true;  // an ellipsoid: the WKT says it
+            const double k = _Proj4Number(proj4, "k", _Proj4Number(proj4, "k_0", 1.0));
+            const bool agrees =
+                _SameWritten(parameters[kCentralMeridian] * r, _Proj4Number(proj4, "lon_0", 0.0)) &&
+                _SameWritten(parameters[kFalseEasting] * u, _Proj4Number(proj4, "x_0", 0.0)) &&
+                _SameWritten(parameters[kFalseNorthing] * u, _Proj4Number(proj4, "y_0", 0.0)) &&
+                (oneParallel ? _SameWritten(parameters[kScaleFactor], k)
+                             : _SameWritten(parameters[kStandardParallel1] * r,
+                                            _Proj4Number(proj4, "lat_ts", 0.0)) &&
+                                   _SameWritten(k, 1.0));
+            if (!agrees) return false;
+        } else if (_NamesWebMercator(GetName(wkt, "PROJCS"))) {
+            // PROJ reads a system so named as the web Mercator whatever its
+            // figure and parameters say. Only a text whose numbers are the
+            // web Mercator's is read so; any other contradicts its name.
+            const bool standard = parameters[kFalseEasting] == 0.0 &&
+                                  parameters[kFalseNorthing] == 0.0 &&
+                                  parameters[kCentralMeridian] == 0.0 &&
+                                  (oneParallel ? parameters[kScaleFactor] == 1.0
+                                               : parameters[kStandardParallel1] == 0.0) &&
+                                  semiMajorAxis == kWebMercatorRadius;
+            if (!standard) return false;
+        } else {
+            return true;
+        }
+    }
+    semiMajorAxis = radius;
+    inverseFlattening = 0.0;
+    return true;
 }
 
 // ---------------------------------------------------------------- readable form

@@ -27,6 +27,18 @@ class CGxProjection;
 // marker -1e-35; a NaN read from the text counts as present.
 class GXCART_API CGxPRJParser {
 public:
+    // How a projection name is read beyond its type: the names that fix some
+    // of the type's parameters or its figure (the name table in
+    // PRJParser.cpp; docs/wkt-dialects.md).
+    enum class EDialect : int {
+        kPlain,
+        kEsriWebMercator,      // Mercator on the sphere of the semi-major axis
+        kEpsgWebMercator,      // the same, with the EPSG method's parameters
+        kKrovakNorth,          // east-north Krovak: fixed axis scales and rotation
+        kPolarStereographicB,  // pole chosen by the standard parallel's sign
+        kHotineCentre,         // centre origin, grid along the initial line
+    };
+
     // Selects one of the two AXIS entries.
     enum EAxisType : int {
         eFirstAxis = 1,
@@ -214,16 +226,26 @@ private:
         kParameterCount
     };
 
+    struct GxNameEntry {
+        CGxMapProjData::EProjectionType type;
+        EDialect dialect;
+    };
+
     // Fills the name table and gives every member its initial value.
     void _initialize();
     // Step of Parse: reads the parameters of the current type from the text
     // after PROJECTION and applies the type's decisions (Lambert one or two
     // parallels, Hotine or rectified skew orthomorphic); false when a
-    // required parameter is missing.
-    bool _ReadParameters(const std::string& projectionText);
+    // required parameter is missing or the text contradicts its name.
+    bool _ReadParameters(const std::string& projectionText, EDialect dialect);
+    // Step of Parse for the Mercator types, once the units are read: whether
+    // the text states the web Mercator, whose figure is a sphere, and then
+    // puts that sphere in place of the spheroid. False when the text names it
+    // but contradicts it.
+    bool _ReadWebMercator(const std::string& text, EDialect dialect);
 
-    // Lower-case WKT projection name to type.
-    std::map<std::string, CGxMapProjData::EProjectionType> nameTable;
+    // Projection name, lower-cased with blanks read as underscores, to type.
+    std::map<std::string, GxNameEntry> nameTable;
     std::string text;
     std::string projCSname;
     std::string geoCSname;

@@ -235,7 +235,10 @@ std::string CGxProjTranslator::Convert2Proj4(const std::string& projectionString
     out.reserve(256);
     if (const GxProj4Layout* layout = _LayoutOf(type)) {
         const std::string name = parser.GetProjectionTypeName();
-        const bool oblique = name == "Double_Stereographic" || name == "Oblique_Stereographic";
+        // The double (oblique) stereographic by its ESRI, GDAL and EPSG
+        // names; PROJ's sterea is that projection.
+        const bool oblique = name == "Double_Stereographic" || name == "Oblique_Stereographic" ||
+                             name == "Oblique Stereographic";
         out += type == CGxMapProjData::eStereographic && oblique ? "+proj=sterea " : layout->proj;
         for (int i = 0; i < layout->count; ++i) {
             const GxProj4Item& item = layout->items[i];

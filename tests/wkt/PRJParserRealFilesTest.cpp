@@ -104,7 +104,7 @@ TEST(PRJParserRealFiles, TypeParametersAndUnit) {
                 << getter.first;
         }
     }
-    EXPECT_EQ(rows, 61);
+    EXPECT_EQ(rows, 82);
 }
 
 // The names and numbers of the geographic part, from both flavours of the

@@ -142,6 +142,16 @@ std::vector<GridCase> GridCases() {
          "+x_0=155000 +y_0=463000 +a=6377397.155 +b=6356078.962818188 +units=m "
          "+no_defs  no_defs <>",
          1.0, {{4, 51, 57605.9460, 335312.6622}, {7, 53.5, 261980.0913, 613721.9733}}},
+        {"Oblique stereographic, EPSG's name", Projcs(kBessel, "Oblique Stereographic", RdNew()),
+         "+proj=sterea +lat_0=52.15616055555555 +lon_0=5.38763888888889 +k=0.9999079 "
+         "+x_0=155000 +y_0=463000 +a=6377397.155 +b=6356078.962818188 +units=m "
+         "+no_defs  no_defs <>",
+         1.0, {{4, 51, 57605.9460, 335312.6622}, {7, 53.5, 261980.0913, 613721.9733}}},
+        // The web Mercator's sphere takes the place of the datum's spheroid.
+        {"Web Mercator, ESRI's auxiliary sphere", ReadPrj("3857_esri.prj"),
+         "+proj=merc +lat_ts=0 +lon_0=0 +k=1 +x_0=0 +y_0=0 +a=6378137 +b=6378137 +units=m "
+         "+no_defs  no_defs <>",
+         1.0, {{45, 30, 5009377.0857, 3503549.8435}, {-120, -60, -13358338.8952, -8399737.8898}}},
         {"New Zealand map grid", Projcs(kHayford, "New_Zealand_Map_Grid",
                 {{"False_Easting", 2510000}, {"False_Northing", 6023150},
                  {"Longitude_Of_Origin", 173}, {"Latitude_Of_Origin", -41}}),

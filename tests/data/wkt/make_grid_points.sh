@@ -151,10 +151,18 @@ block 6 "29873_gdal.prj" $(crs 29873 | sed 's/+proj=omerc/+proj=omerc +no_uoff/'
 114.95 4.9
 EOF
 
-echo "# GDAL writes the web Mercator as a plain Mercator_1SP on the WGS 84"
-echo "# ellipsoid, which the library projects as such: 3857_gdal.prj gives the"
-echo "# ellipsoidal World Mercator, not PROJ's spherical EPSG:3857."
-block 6 "3395_esri.prj 3395_gdal.prj 3857_gdal.prj" $(crs 3395) <<EOF
+block 6 "3395_esri.prj 3395_gdal.prj" $(crs 3395) <<EOF
+0 0
+-120 -60
+45 30
+170 80
+EOF
+
+echo "# The web Mercator, on the sphere of WGS 84's semi-major axis: ESRI's"
+echo "# Mercator_Auxiliary_Sphere, GDAL's Mercator_1SP with the sphere in its PROJ4"
+echo "# extension, GeoTools' EPSG method name, and an ellipsoidal Mercator whose"
+echo "# system is named the pseudo-Mercator (read as PROJ reads it)."
+block 6 "3857_esri.prj 3857_gdal.prj dialects/web_mercator_geotools.prj dialects/web_mercator_named.prj dialects/web_mercator_named_1sp.prj" $(crs 3857) <<EOF
 0 0
 -120 -60
 45 30
@@ -264,5 +272,117 @@ block 9 "4807_esri.prj 4807_gdal.prj" +proj=longlat +ellps=clrk80ign +pm=2.33722
 2.33722917 48.8
 -4.5 48.4
 7.7 43.3
+EOF
+
+echo "# Dialects: texts written by hand in the spellings other writers use (see"
+echo "# dialects/README.md); the references are the PROJ definitions they state."
+block 6 "dialects/tm_blanks.prj" +proj=tmerc +lat_0=0 +lon_0=15 +k=1 +x_0=150000 +y_0=0 +ellps=GRS80 +units=m <<EOF
+15 60
+13.5 56
+16.7 67
+EOF
+
+block 6 "dialects/albers_blanks.prj" +proj=aea +lat_0=0 +lon_0=132 +lat_1=-18 +lat_2=-36 +x_0=0 +y_0=0 +ellps=GRS80 +units=m <<EOF
+132 -25
+115 -32
+150 -12
+EOF
+
+block 6 "dialects/lcc_blanks.prj" +proj=lcc +lat_0=46.5 +lon_0=3 +lat_1=49 +lat_2=44 +x_0=700000 +y_0=6600000 +ellps=GRS80 +units=m <<EOF
+2.35 48.85
+-4.5 48.4
+7.7 43.7
+EOF
+
+block 6 "dialects/lcc_epsg_2sp.prj" +proj=lcc +lat_0=50.797815 +lon_0=4.35921583333333 +lat_1=49.8333333333333 +lat_2=51.1666666666667 +x_0=649328 +y_0=665262 +ellps=GRS80 +units=m <<EOF
+4.35 50.85
+2.6 51.1
+6.3 49.6
+EOF
+
+block 6 "dialects/lcc_epsg_1sp.prj" +proj=lcc +lat_1=18 +lat_0=18 +lon_0=-77 +k_0=1 +x_0=750000 +y_0=650000 +ellps=WGS84 +units=m <<EOF
+-76.8 18
+-78.3 18.4
+-76.2 17.7
+EOF
+
+block 6 "dialects/oblique_stereographic_epsg.prj" +proj=sterea +lat_0=52.1561605555556 +lon_0=5.38763888888889 +k=0.9999079 +x_0=155000 +y_0=463000 +ellps=bessel +units=m <<EOF
+4.9 52.37
+3.5 51.4
+7 53.4
+EOF
+
+block 6 "dialects/polar_stereographic_a.prj" +proj=stere +lat_0=90 +lon_0=0 +k=0.994 +x_0=2000000 +y_0=2000000 +ellps=WGS84 +units=m <<EOF
+0 90
+-150 85
+45 70
+EOF
+
+block 6 "dialects/polar_stereographic_b_south.prj" +proj=stere +lat_0=-90 +lat_ts=-71 +lon_0=0 +x_0=0 +y_0=0 +ellps=WGS84 +units=m <<EOF
+0 -90
+120 -75
+-60 -65
+EOF
+
+block 6 "dialects/polar_stereographic_b_north.prj" +proj=stere +lat_0=90 +lat_ts=70 +lon_0=-45 +x_0=0 +y_0=0 +ellps=WGS84 +units=m <<EOF
+-45 80
+100 65
+-170 75
+EOF
+
+block 6 "dialects/hotine_variant_a.prj" +proj=omerc +no_uoff +lat_0=4 +lonc=115 +alpha=53.3158204722222 +gamma=53.1301023611111 +k=0.99984 +x_0=0 +y_0=0 +ellps=GRS80 +units=m <<EOF
+116.07 5.98
+110.35 1.55
+118.1 5.85
+EOF
+
+block 6 "dialects/hotine_variant_b.prj" +proj=omerc +lat_0=45.3091666666667 +lonc=-86 +alpha=337.25556 +gamma=337.25556 +k=0.9996 +x_0=2546731.496 +y_0=-4354009.816 +ellps=GRS80 +units=m <<EOF
+-84.5 42.7
+-88 47
+-83 45
+EOF
+
+block 6 "dialects/laea_blanks.prj" +proj=laea +lat_0=52 +lon_0=10 +x_0=4321000 +y_0=3210000 +ellps=GRS80 +units=m <<EOF
+10 52
+-9 38.7
+25 65
+EOF
+
+block 6 "dialects/cassini_epsg.prj" +proj=cass +lat_0=52.4186482777778 +lon_0=13.6272036666667 +x_0=40000 +y_0=10000 +ellps=bessel +units=m <<EOF
+13.4 52.52
+13.1 52.35
+13.75 52.64
+EOF
+
+block 6 "dialects/equidistant_conic_blanks.prj" +proj=eqdc +lat_0=40 +lon_0=-96 +lat_1=20 +lat_2=60 +x_0=0 +y_0=0 +ellps=GRS80 +units=m <<EOF
+-96 40
+-120 35
+-75 45
+EOF
+
+echo "# PROJ's Krovak is the east-north form; this text gives EPSG's azimuth."
+block 6 "dialects/krovak_north.prj" +proj=krovak +lat_0=49.5 +lon_0=24.8333333333333 +alpha=30.2881397527778 +k=0.9999 +x_0=0 +y_0=0 +ellps=bessel +units=m <<EOF
+14.42 50.09
+17.1 48.15
+21.26 48.72
+EOF
+
+block 6 "dialects/mercator_variant_a.prj" +proj=merc +lon_0=110 +k=0.997 +x_0=3900000 +y_0=900000 +ellps=bessel +units=m <<EOF
+110 0
+118 -4
+127 2
+EOF
+
+block 6 "dialects/mercator_variant_b.prj" +proj=merc +lat_ts=-41 +lon_0=100 +x_0=0 +y_0=0 +ellps=WGS84 +units=m <<EOF
+160 -35
+175 -41
+156 -28
+EOF
+
+echo "# A plain Mercator with a scale of 1 on the equator instead of a parallel."
+block 6 "dialects/mercator_scale_one.prj" +proj=merc +lat_ts=0 +lon_0=0 +x_0=0 +y_0=0 +ellps=WGS84 +units=m <<EOF
+0 0
+-120 -60
+45 30
 EOF
 } > "$out"
