@@ -133,16 +133,16 @@ double CGxVincenty::PolyB(double u2) {
 void CGxVincenty::GetDistance(double lon1, double lat1, double lon2, double lat2, double& distance,
                               double& azimuth1, double& azimuth2) const {
     const double nan = std::numeric_limits<double>::quiet_NaN();
-    // Latitudes beyond a pole name no point, and a non-finite number no line.
-    if (!(std::fabs(lat1) <= 90.0 && std::fabs(lat2) <= 90.0 && std::isfinite(lon1) &&
-          std::isfinite(lon2))) {
+    // Latitudes beyond a pole name no point, and a non-finite number (or a
+    // longitude difference beyond the range of doubles) no line.
+    double dLon = lon2 - lon1;
+    if (!(std::fabs(lat1) <= 90.0 && std::fabs(lat2) <= 90.0 && std::isfinite(dLon))) {
         distance = azimuth1 = azimuth2 = nan;
         return;
     }
     // Vincenty's equation takes the longitude difference as it comes within a
     // full turn either way (its root is sought within +-2 pi); beyond that it
     // is reduced by whole turns (remainder is exact).
-    double dLon = lon2 - lon1;
     if (std::fabs(dLon) > 360.0) dLon = std::remainder(dLon, 360.0);
     if (std::remainder(dLon, 360.0) == 0.0 && lat1 == lat2) {
         // The same point: no length and no direction.

@@ -17,11 +17,11 @@
 // eps = (sqrt(1 + k^2) - 1) / (sqrt(1 + k^2) + 1), which is below e'^2/4 (1/600
 // on the Earth), and for I3 also in the third flattening n = f / (2 - f),
 // following C. F. F. Karney, "Algorithms for geodesics", J. Geod. 87 (2013),
-// section 3. The coefficients were expanded here (sqrt(1 + k^2 sin^2 t) =
-// |1 - eps exp(2it)| / (1 - eps), binomial series and collection of the
-// Fourier terms): I1 and I2 to sixth order in eps, I3 to fifth order in eps
-// and n together. What is left out is below 1e-18 of the line on terrestrial
-// figures.
+// section 3. The coefficients are our own expansion (tools/derive_series.py
+// derives and prints them: sqrt(1 + k^2 sin^2 t) = |1 - eps exp(2it)| / (1 - eps),
+// binomial series, Fourier terms collected): I1 and I2 to sixth order in eps,
+// I3 to fifth order in eps and n together. What is left out is below 1e-18 of
+// the line on terrestrial figures.
 
 // eps from k^2 = e'^2 cos^2(alpha0).
 inline double GxGeodesicEps(double k2) {

@@ -13,8 +13,9 @@
 // inverse is phi = mu + sum_k d_k sin 2k mu. All are series in the third
 // flattening n = (a - b)/(a + b) (Helmert's expansion; the integrand
 // (1 - e^2 sin^2 phi)^(-3/2) is (1 + n)^3 |1 + n exp(2 i phi)|^(-3)),
-// taken to sixth order: what is left out is of order n^7, below 1e-18 of the
-// arc (a nanometre is 1.6e-16 of a quadrant) on terrestrial figures.
+// taken to sixth order (tools/derive_series.py derives and prints the
+// coefficients): what is left out is of order n^7, below 1e-18 of the arc (a
+// nanometre is 1.6e-16 of a quadrant) on terrestrial figures.
 struct GxMeridian {
     double scale;  // A: the arc per radian of rectifying latitude, units of a
     double h[6];   // rectifying from geodetic latitude

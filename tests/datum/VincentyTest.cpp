@@ -290,10 +290,13 @@ TEST(VincentyLimits, LongitudeDifferenceBeyondAFullTurnIsReduced) {
 TEST(VincentyLimits, BadInputGivesNaN) {
     CGxVincenty v(kWgs84);
     const double inf = std::numeric_limits<double>::infinity();
-    for (const auto& [lon2, lat2] :
-         {std::make_pair(kNaN, 10.0), std::make_pair(10.0, inf), std::make_pair(-inf, 0.0),
-          std::make_pair(10.0, 90.5), std::make_pair(10.0, -1e300)}) {
-        const Inverse r = Solve(v, 0, 0, lon2, lat2);
+    for (const auto& [lon1, lon2, lat2] : {std::array<double, 3>{0, kNaN, 10.0},
+                                           {0, 10.0, inf},
+                                           {0, -inf, 0.0},
+                                           {0, 10.0, 90.5},
+                                           {0, 10.0, -1e300},
+                                           {1.5e308, -1.5e308, 0.0}}) {
+        const Inverse r = Solve(v, lon1, 0, lon2, lat2);
         EXPECT_TRUE(std::isnan(r.distance) && std::isnan(r.azimuth1) && std::isnan(r.azimuth2));
     }
     double lon = 0, lat = 0, azimuth = 0;
