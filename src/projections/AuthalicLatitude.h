@@ -38,11 +38,24 @@ inline double GxAuthalicQFromPole(double sinPhi, double cosPhi, double e, double
 // taken from the pole, (qP - q(phi)) - qP cos^2(beta) / (1 + sin beta), two
 // small and accurate terms, so that the latitude stays exact up to the pole
 // when cos(beta) is (and likewise towards the south pole).
+//
+// Only one arc tangent and one atanh are evaluated: the multiple angles of
+// beta come from its sine and cosine, and sin and cos of the start value
+// phi0 = beta + d from those of beta and Taylor series of sin d and cos d
+// (|d| < e^2 / 2, so the sixth powers left out are below 1e-18).
 inline double GxLatitudeFromAuthalic(double sinBeta, double cosBeta, const double* c, double e,
                                      double e2, double qP) {
-    const double phi0 = GxLatitudeFromConformal(std::atan2(sinBeta, cosBeta), c);
+    const double s2 = 2 * sinBeta * cosBeta, c2 = (cosBeta - sinBeta) * (cosBeta + sinBeta);
+    const double s4 = 2 * s2 * c2, c4 = c2 * c2 - s2 * s2;
+    const double s6 = s4 * c2 + c4 * s2;
+    const double d = c[0] * s2 + c[1] * s4 + c[2] * s6 + c[3] * (2 * s4 * c4);
+    const double phi0 = std::atan2(sinBeta, cosBeta) + d;
     if (cosBeta == 0) return phi0;
-    const double s = std::sin(phi0), cphi = std::cos(phi0);
+    const double d2 = d * d;
+    const double sinD = d * (1 - d2 / 6 * (1 - d2 / 20));
+    const double cosD = 1 - d2 / 2 * (1 - d2 / 12);
+    const double s = sinBeta * cosD + cosBeta * sinD;
+    const double cphi = cosBeta * cosD - sinBeta * sinD;
     double residual;
     if (s > 0.5) {
         residual = GxAuthalicQFromPole(s, cphi, e, e2) - qP * cosBeta * cosBeta / (1 + sinBeta);
