@@ -1,10 +1,18 @@
 #include <benchmark/benchmark.h>
 
 #include <array>
+#include <cmath>
 #include <cstddef>
+#include <random>
+#include <vector>
 
+#include "BenchSupport.h"
 #include "datum/Vincenty.h"
 #include "foundation/Ellipsoid.h"
+
+#ifdef GXCART_BENCH_GEOGRAPHICLIB
+#include <GeographicLib/Geodesic.hpp>
+#endif
 
 namespace {
 
@@ -21,9 +29,45 @@ constexpr std::array<std::array<double, 4>, 8> kPairs = {{
     {0.0, 0.0, 100.0, 0.0},
 }};
 
+constexpr double kWgs84Major = 6378137.0;
+constexpr double kWgs84InverseFlattening = 298.257223563;
+
 const CGxVincenty& Wgs84() {
-    static const CGxVincenty v(CGxEllipsoid("WGS 84", "WE", 6378137.0, 298.257223563));
+    static const CGxVincenty v(CGxEllipsoid("WGS 84", "WE", kWgs84Major, kWgs84InverseFlattening));
     return v;
+}
+
+// Pairs of points spread evenly over the sphere (uniform in longitude and in
+// the sine of the latitude), drawn once with a fixed seed: lon1, lat1, lon2,
+// lat2. About one pair in 500 is within 5 degrees of the antipode.
+const std::vector<std::array<double, 4>>& RandomPairs() {
+    static const std::vector<std::array<double, 4>> pairs = [] {
+        std::mt19937_64 rng(20250301);
+        std::uniform_real_distribution<double> unit(-1.0, 1.0);
+        const double toDeg = 180.0 / 3.141592653589793;
+        std::vector<std::array<double, 4>> p(4096);
+        for (auto& q : p)
+            q = {180.0 * unit(rng), std::asin(unit(rng)) * toDeg, 180.0 * unit(rng),
+                 std::asin(unit(rng)) * toDeg};
+        return p;
+    }();
+    return pairs;
+}
+
+// Pairs within 2 degrees of each other's antipode, where the inverse is solved
+// for the azimuth.
+const std::vector<std::array<double, 4>>& NearAntipodalPairs() {
+    static const std::vector<std::array<double, 4>> pairs = [] {
+        std::mt19937_64 rng(20250302);
+        std::uniform_real_distribution<double> unit(-1.0, 1.0);
+        std::vector<std::array<double, 4>> p(1024);
+        for (auto& q : p) {
+            const double lat1 = 80.0 * unit(rng);
+            q = {0.0, lat1, 180.0 + 2.0 * unit(rng), -lat1 + 2.0 * unit(rng)};
+        }
+        return p;
+    }();
+    return pairs;
 }
 
 void BM_GeodesicInverse(benchmark::State& state) {
@@ -38,6 +82,59 @@ void BM_GeodesicInverse(benchmark::State& state) {
     }
 }
 BENCHMARK(BM_GeodesicInverse);
+
+// One pass over the random pairs; per_point is the time of one inverse.
+template <class Solve>
+void InverseOverPairs(benchmark::State& state, const std::vector<std::array<double, 4>>& pairs,
+                      Solve solve) {
+    for (auto _ : state) {
+        for (const auto& p : pairs) {
+            double s = 0, a1 = 0, a2 = 0;
+            solve(p, s, a1, a2);
+            benchmark::DoNotOptimize(s);
+            benchmark::DoNotOptimize(a1);
+            benchmark::DoNotOptimize(a2);
+        }
+    }
+    GxBenchCountPoints(state, pairs.size());
+}
+
+void BM_GeodesicInverseRandomPairs(benchmark::State& state) {
+    const CGxVincenty& v = Wgs84();
+    InverseOverPairs(state, RandomPairs(), [&](const auto& p, double& s, double& a1, double& a2) {
+        v.GetDistance(p[0], p[1], p[2], p[3], s, a1, a2);
+    });
+}
+BENCHMARK(BM_GeodesicInverseRandomPairs);
+
+void BM_GeodesicInverseNearAntipode(benchmark::State& state) {
+    const CGxVincenty& v = Wgs84();
+    InverseOverPairs(state, NearAntipodalPairs(),
+                     [&](const auto& p, double& s, double& a1, double& a2) {
+                         v.GetDistance(p[0], p[1], p[2], p[3], s, a1, a2);
+                     });
+}
+BENCHMARK(BM_GeodesicInverseNearAntipode);
+
+#ifdef GXCART_BENCH_GEOGRAPHICLIB
+// The yardstick: GeographicLib's inverse on the same pairs (latitude first).
+void BM_GeographicLibInverseRandomPairs(benchmark::State& state) {
+    const GeographicLib::Geodesic g(kWgs84Major, 1 / kWgs84InverseFlattening);
+    InverseOverPairs(state, RandomPairs(), [&](const auto& p, double& s, double& a1, double& a2) {
+        g.Inverse(p[1], p[0], p[3], p[2], s, a1, a2);
+    });
+}
+BENCHMARK(BM_GeographicLibInverseRandomPairs);
+
+void BM_GeographicLibInverseNearAntipode(benchmark::State& state) {
+    const GeographicLib::Geodesic g(kWgs84Major, 1 / kWgs84InverseFlattening);
+    InverseOverPairs(state, NearAntipodalPairs(),
+                     [&](const auto& p, double& s, double& a1, double& a2) {
+                         g.Inverse(p[1], p[0], p[3], p[2], s, a1, a2);
+                     });
+}
+BENCHMARK(BM_GeographicLibInverseNearAntipode);
+#endif
 
 void BM_GeodesicDirect(benchmark::State& state) {
     const CGxVincenty& v = Wgs84();

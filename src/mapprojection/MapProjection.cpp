@@ -404,14 +404,15 @@ bool CGxMapProjection::GetDistance(double lon1, double lat1, double lon2, double
     }
     CGxEllipsoid ellipsoid;
     if (!GeodesicEllipsoid(projection, ellipsoid)) return false;
-    try {
-        CGxVincenty(ellipsoid).GetDistance(lon1, lat1, lon2, lat2, distance, azimuth1, azimuth2);
-    } catch (const std::exception&) {
-        // The root search of the inverse problem can fail for nearly
-        // antipodal points. The answer is still true, as it always has been
-        // once a figure was found, and the outputs keep what the caller put
-        // in them: the routine writes nothing before its search succeeds.
-    }
+    // The geodesic routine answers every pair of points on the ellipsoid; a
+    // NaN length means there was no line to measure (a latitude beyond a
+    // pole, a non-finite number), and then the caller hears so.
+    double s = 0.0, az1 = 0.0, az2 = 0.0;
+    CGxVincenty(ellipsoid).GetDistance(lon1, lat1, lon2, lat2, s, az1, az2);
+    if (std::isnan(s)) return false;
+    distance = s;
+    azimuth1 = az1;
+    azimuth2 = az2;
     return true;
 }
 
@@ -421,10 +422,16 @@ bool CGxMapProjection::GetDistance(double lon1, double lat1, double lon2, double
     return GetDistance(lon1, lat1, lon2, lat2, distance, azimuth1, azimuth2);
 }
 
-bool CGxMapProjection::GetPoint(double lon, double lat, double azimuth, double distance,
+bool CGxMapProjection::GetPoint(double lonStart, double latStart, double azimuth, double distance,
                                 double& lon2, double& lat2, double& azimuth2) const {
     CGxEllipsoid ellipsoid;
     if (!GeodesicEllipsoid(projection, ellipsoid)) return false;
-    CGxVincenty(ellipsoid).GetPoint(lon, lat, azimuth, distance, lon2, lat2, azimuth2);
+    double lon = 0.0, lat = 0.0, az = 0.0;
+    CGxVincenty(ellipsoid).GetPoint(lonStart, latStart, azimuth, distance, lon, lat, az);
+    // No point for a start beyond a pole or non-finite numbers.
+    if (std::isnan(lon) || std::isnan(lat)) return false;
+    lon2 = lon;
+    lat2 = lat;
+    azimuth2 = az;
     return true;
 }

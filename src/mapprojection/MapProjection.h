@@ -167,12 +167,17 @@ public:
     // Ellipsoidal distance (metres) and the forward azimuths at both ends
     // (degrees clockwise from north). Identical points give 0 at once, even
     // without algorithm. A geographical system without ellipsoid measures on
-    // WGS 84; otherwise false without algorithm or ellipsoid.
+    // WGS 84; otherwise false without algorithm or ellipsoid. Also false,
+    // with the outputs untouched, when there is no line to measure (a
+    // latitude beyond +-90, a non-finite number). The same point under
+    // another name (longitudes whole turns apart) gives 0 and NaN azimuths.
     bool GetDistance(double lon1, double lat1, double lon2, double lat2, double& distance,
                      double& azimuth1, double& azimuth2) const;
     bool GetDistance(double lon1, double lat1, double lon2, double lat2, double& distance) const;
     // The point reached from (lon, lat) along azimuth over distance metres,
-    // with the forward azimuth there; the ellipsoid rule of GetDistance.
+    // with the forward azimuth there; the ellipsoid rule of GetDistance, and
+    // false with the outputs untouched when no point results (a start
+    // latitude beyond +-90, non-finite numbers).
     bool GetPoint(double lon, double lat, double azimuth, double distance, double& lon2,
                   double& lat2, double& azimuth2) const;
 

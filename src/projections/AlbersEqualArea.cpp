@@ -1,11 +1,14 @@
 // Albers equal-area conic: ellipsoidal and spherical formulas after Snyder,
 // Map Projections: A Working Manual (USGS Professional Paper 1395), chapter 14.
 // Southern cones (both parallels south, n < 0) keep positive radii in the
-// inverse by turning both coordinate differences round.
+// inverse by turning both coordinate differences round. The ellipsoidal
+// inverse reaches the latitude from q exactly (series start and a Newton step,
+// AuthalicLatitude.h); radii within rounding of the pole's give the pole.
 
 #include "projections/AlbersEqualArea.h"
 
 #include <cmath>
+#include <limits>
 #include <tuple>
 
 #include "definitions/AlbersEqualAreaProjection.h"
@@ -13,6 +16,7 @@
 #include "foundation/Tolerance.h"
 #include "projections/AuthalicLatitude.h"
 #include "projections/ConeApexOffsets.h"
+#include "projections/ConeLongitude.h"
 #include "projections/FourierCoefficients.h"
 #include "projections/ParallelRadius.h"
 #include "projections/ProjWrapperTransfer.h"
@@ -20,6 +24,12 @@
 namespace {
 
 constexpr int kAlbersType = 16;
+// The inverse's q comes from the radius through (C - rho^2 n^2 / a^2) / n,
+// with a rounding error of a few units of 1e-16 relative to the terms. Within
+// that of the polar value the point is the pole: q cannot tell closer points
+// apart (near the pole q departs from qP only with the square of the
+// distance), and the rounding must not push a projected pole beyond it.
+constexpr double kPoleRounding = 8 * 2.220446049250313e-16;
 
 }  // namespace
 
@@ -50,7 +60,7 @@ CGxAlbersEqualAreaEllipsoid::CGxAlbersEqualAreaEllipsoid(double parallel1, doubl
 void CGxAlbersEqualAreaEllipsoid::Geo2Proj(double lon, double lat, double* x, double* y) const {
     const double q = GxAuthalicQ(std::sin(lat * kGxDegToRad), e, e2);
     const double rho = a * std::sqrt(C - n * q) / n;
-    const double theta = n * (lon * kGxDegToRad - lon0);
+    const double theta = n * GxConeLongitudeDifference(lon * kGxDegToRad, lon0);
     *x = falseEasting + rho * std::sin(theta);
     *y = falseNorthing + rho0 - rho * std::cos(theta);
 }
@@ -59,10 +69,22 @@ void CGxAlbersEqualAreaEllipsoid::Proj2Geo(double x, double y, double* lon, doub
     double dx, dy;
     GxConeApexOffsets(x, y, falseEasting, falseNorthing, rho0, n, &dx, &dy);
     const double rho = std::sqrt(dx * dx + dy * dy);
-    const double q = (C - rho * rho * n * n / (a * a)) / n;
-    const double beta = std::asin(q / qPole);
-    *lat = GxLatitudeFromAuthalic(beta, c) * kGxRadToDeg;
+    const double cone = rho * rho * n * n / (a * a);
+    const double q = (C - cone) / n;
     *lon = (std::atan2(dx, dy) / n + lon0) * kGxRadToDeg;
+    const double beyondPole = std::fabs(q) - qPole;
+    const double rounding = kPoleRounding * (std::fabs(C) + cone) / std::fabs(n);
+    if (beyondPole >= -rounding) {
+        // Within rounding of the pole's radius the pole; farther inside its
+        // circle no point of the ellipsoid (NaN, as asin(q / qP) would give).
+        *lat = beyondPole <= rounding ? std::copysign(90.0, q)
+                                      : std::numeric_limits<double>::quiet_NaN();
+        return;
+    }
+    // sin and cos of the authalic latitude, cos^2 = (qP - q)(qP + q) / qP^2.
+    const double sinBeta = q / qPole;
+    const double cosBeta = std::sqrt((qPole - q) * (qPole + q)) / qPole;
+    *lat = GxLatitudeFromAuthalic(sinBeta, cosBeta, c, e, e2, qPole) * kGxRadToDeg;
 }
 
 // ------------------------------------------------------------------- sphere
@@ -84,7 +106,7 @@ CGxAlbersEqualAreaSphere::CGxAlbersEqualAreaSphere(double parallel1, double para
 
 void CGxAlbersEqualAreaSphere::Geo2Proj(double lon, double lat, double* x, double* y) const {
     const double rho = a * std::sqrt(C - 2 * n * std::sin(lat * kGxDegToRad)) / n;
-    const double theta = n * (lon * kGxDegToRad - lon0);
+    const double theta = n * GxConeLongitudeDifference(lon * kGxDegToRad, lon0);
     *x = falseEasting + rho * std::sin(theta);
     *y = falseNorthing + rho0 - rho * std::cos(theta);
 }
@@ -93,7 +115,14 @@ void CGxAlbersEqualAreaSphere::Proj2Geo(double x, double y, double* lon, double*
     double dx, dy;
     GxConeApexOffsets(x, y, falseEasting, falseNorthing, rho0, n, &dx, &dy);
     const double rho = std::sqrt(dx * dx + dy * dy) * n / a;
-    *lat = std::asin((C - rho * rho) / (2 * n)) * kGxRadToDeg;
+    const double sinPhi = (C - rho * rho) / (2 * n);
+    // As on the ellipsoid, a radius within rounding of the pole's is the pole.
+    const double beyondPole = std::fabs(sinPhi) - 1;
+    if (std::fabs(beyondPole) <= kPoleRounding * (std::fabs(C) + rho * rho) / std::fabs(2 * n)) {
+        *lat = std::copysign(90.0, sinPhi);
+    } else {
+        *lat = std::asin(sinPhi) * kGxRadToDeg;
+    }
     *lon = (std::atan2(dx, dy) / n + lon0) * kGxRadToDeg;
 }
 

@@ -14,10 +14,12 @@ class CGxAlbersEqualAreaProjection;
 // origin.
 
 // Ellipsoidal formulas. The inverse reaches the latitude through the authalic
-// latitude and its series in e^2 to third order, which stays within 1.5e-8
-// degrees (under 2 mm) of the exact inverse. Equal standard parallels make
-// the cone constant 0/0 and every result NaN: the tangent cone needs the
-// spherical form or two distinct parallels.
+// latitude: its series in e^2 to third order, then a Newton step on q, exact
+// to rounding. A point whose radius is within rounding of the pole's returns
+// the pole (latitude +-90). Equal standard parallels make the cone constant
+// 0/0 and every result NaN: the tangent cone needs the spherical form or two
+// distinct parallels. Both forms take the longitude difference from the
+// central meridian the shorter way round (ConeLongitude.h).
 class GXCART_API CGxAlbersEqualAreaEllipsoid : public CGxInnerFormOf<CGxAlbersEqualAreaEllipsoid> {
 public:
     CGxAlbersEqualAreaEllipsoid(double parallel1, double parallel2, double centralMeridian,

@@ -1,7 +1,9 @@
 // Cassini-Soldner: ellipsoidal and spherical formulas after Snyder, Map
 // Projections: A Working Manual (USGS Professional Paper 1395), chapter 13.
 // Northings measure the meridian arc from the origin latitude; the inverse
-// starts from the footpoint latitude of that arc.
+// starts from the footpoint latitude of that arc. Arc and footpoint are the
+// series in the third flattening to sixth order (MeridianArc.h); the series
+// in the longitude difference are Snyder's.
 
 #include "projections/CassiniSoldner.h"
 
@@ -11,15 +13,8 @@
 #include "definitions/CassiniSoldnerProjection.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
-#include "projections/FourierCoefficients.h"
 #include "projections/MeridianArc.h"
 #include "projections/ProjWrapperTransfer.h"
-
-namespace {
-
-constexpr int kCassiniType = 18;
-
-}  // namespace
 
 // ---------------------------------------------------------------- ellipsoid
 
@@ -28,11 +23,9 @@ CGxCassiniSoldnerEllipsoid::CGxCassiniSoldnerEllipsoid(double centralMeridian,
                                                        double falseNorthing,
                                                        const CGxEllipsoid& ellipsoid)
     : CGxInnerFormOf(ellipsoid, eGxInnerEllipsoid, centralMeridian, originLatitude, falseEasting,
-                     falseNorthing) {
-    GxComputeFourierCoefficients(kCassiniType, true, e2, M);
-    GxComputeFourierCoefficients(kCassiniType, false, e2, F);
-    M0 = a * GxMeridianArc(lat0, M);
-}
+                     falseNorthing),
+      meridian(GxMeridianSeries(e2)),
+      M0(a * GxMeridianArc(lat0, meridian)) {}
 
 void CGxCassiniSoldnerEllipsoid::Geo2Proj(double lon, double lat, double* x, double* y) const {
     const double phi = lat * kGxDegToRad;
@@ -44,13 +37,13 @@ void CGxCassiniSoldnerEllipsoid::Geo2Proj(double lon, double lat, double* x, dou
     const double A = (lon * kGxDegToRad - lon0) * cosPhi;
     const double A2 = A * A;
     *x = falseEasting + nu * A * (1 - T * A2 / 6 - (8 - T + 8 * C) * T * A2 * A2 / 120);
-    *y = falseNorthing + a * GxMeridianArc(phi, M) - M0 +
+    *y = falseNorthing + a * GxMeridianArc(phi, meridian) - M0 +
          nu * tanPhi * A2 * (0.5 + (5 - T + 6 * C) * A2 / 24);
 }
 
 void CGxCassiniSoldnerEllipsoid::Proj2Geo(double x, double y, double* lon, double* lat) const {
-    const double mu = (M0 + (y - falseNorthing)) / (a * M[0]);
-    const double phi1 = GxFootpointLatitude(mu, F);
+    const double mu = (M0 + (y - falseNorthing)) / (a * meridian.scale);
+    const double phi1 = GxFootpointLatitude(mu, meridian);
     const double sinPhi1 = std::sin(phi1), cosPhi1 = std::cos(phi1);
     const double tanPhi1 = sinPhi1 / cosPhi1;
     const double w = 1 - e2 * sinPhi1 * sinPhi1;

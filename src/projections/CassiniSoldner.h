@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/GxExport.h"
+#include "projections/MeridianArc.h"
 #include "projections/ProjInterface.h"
 
 class CGxEllipsoid;
@@ -13,8 +14,8 @@ class CGxCassiniSoldnerProjection;
 // The default area is the ten-degree box around the origin.
 
 // Ellipsoidal formulas: power series in the longitude difference, fifth order
-// across and fourth order along the meridian, with the meridian arc in e^2 to
-// third order and the footpoint latitude in e1 to fourth order. They suit a
+// across and fourth order along the meridian, with the meridian arc and the
+// footpoint latitude exact (series in n to sixth order). They suit a
 // strip a few degrees wide: the inverse series is not the exact inverse of
 // the forward one, and at 50 degrees of latitude the two part by 0.5 mm
 // within one degree of the central meridian, 3 mm at two degrees, 2 cm at
@@ -27,9 +28,8 @@ public:
     void Proj2Geo(double x, double y, double* lon, double* lat) const override;
 
 private:
-    double M[4];  // meridian-arc coefficients M1..M4
-    double F[4];  // footpoint-latitude coefficients F1..F4
-    double M0;    // meridian arc to the origin latitude
+    GxMeridian meridian;  // meridian arc and its inverse
+    double M0;            // meridian arc to the origin latitude
 };
 
 // Spherical formulas, closed in both directions at any distance from the

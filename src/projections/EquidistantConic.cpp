@@ -1,8 +1,11 @@
 // Equidistant conic: ellipsoidal and spherical formulas after Snyder, Map
 // Projections: A Working Manual (USGS Professional Paper 1395), chapter 16.
 // The radius of a parallel falls by the meridian arc, so northing differences
-// along the central meridian are true lengths. Southern cones (n < 0) keep
-// positive radii in the inverse by turning both coordinate differences round.
+// along the central meridian are true lengths; the arc and its inverse are the
+// series in the third flattening to sixth order (MeridianArc.h), exact to well
+// below a nanometre. Southern cones (n < 0) keep positive radii in the inverse
+// by turning both coordinate differences round. Longitudes are taken the
+// shorter way round from the central meridian (ConeLongitude.h).
 
 #include "projections/EquidistantConic.h"
 
@@ -13,14 +16,12 @@
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
 #include "projections/ConeApexOffsets.h"
-#include "projections/FourierCoefficients.h"
+#include "projections/ConeLongitude.h"
 #include "projections/MeridianArc.h"
 #include "projections/ParallelRadius.h"
 #include "projections/ProjWrapperTransfer.h"
 
 namespace {
-
-constexpr int kEquidistantConicType = 19;
 
 // The polar angle theta and the signed radius rho of (x, y): the radii of a
 // southern cone are negative.
@@ -43,23 +44,22 @@ CGxEquidistantConicEllipsoid::CGxEquidistantConicEllipsoid(
     : CGxInnerFormOf(ellipsoid, eGxInnerEllipsoid, centralMeridian, originLatitude, falseEasting,
                      falseNorthing),
       lat1(parallel1 * kGxDegToRad),
-      lat2(parallel2 * kGxDegToRad) {
-    GxComputeFourierCoefficients(kEquidistantConicType, true, e2, M);
-    GxComputeFourierCoefficients(kEquidistantConicType, false, e2, F);
+      lat2(parallel2 * kGxDegToRad),
+      meridian(GxMeridianSeries(e2)) {
     const double m1 = GxParallelRadius(lat1, e2);
-    const double Mt1 = GxMeridianArc(lat1, M);
+    const double Mt1 = GxMeridianArc(lat1, meridian);
     // The tangent cone is the limit of the secant formula: -dm/dM = sin phi.
     if (lat1 == lat2)
         n = std::sin(lat1);
     else
-        n = (m1 - GxParallelRadius(lat2, e2)) * a / (a * GxMeridianArc(lat2, M) - a * Mt1);
+        n = (m1 - GxParallelRadius(lat2, e2)) * a / (a * GxMeridianArc(lat2, meridian) - a * Mt1);
     G = m1 / n + Mt1;
-    rho0 = a * G - a * GxMeridianArc(lat0, M);
+    rho0 = a * G - a * GxMeridianArc(lat0, meridian);
 }
 
 void CGxEquidistantConicEllipsoid::Geo2Proj(double lon, double lat, double* x, double* y) const {
-    const double rho = a * G - a * GxMeridianArc(lat * kGxDegToRad, M);
-    const double theta = n * (lon * kGxDegToRad - lon0);
+    const double rho = a * G - a * GxMeridianArc(lat * kGxDegToRad, meridian);
+    const double theta = n * GxConeLongitudeDifference(lon * kGxDegToRad, lon0);
     *x = falseEasting + rho * std::sin(theta);
     *y = falseNorthing + rho0 - rho * std::cos(theta);
 }
@@ -67,8 +67,8 @@ void CGxEquidistantConicEllipsoid::Geo2Proj(double lon, double lat, double* x, d
 void CGxEquidistantConicEllipsoid::Proj2Geo(double x, double y, double* lon, double* lat) const {
     double rho, theta;
     ConeRadiusAndAngle(x, y, falseEasting, falseNorthing, rho0, n, &rho, &theta);
-    const double mu = (a * G - rho) / (a * M[0]);
-    *lat = GxFootpointLatitude(mu, F) * kGxRadToDeg;
+    const double mu = (a * G - rho) / (a * meridian.scale);
+    *lat = GxFootpointLatitude(mu, meridian) * kGxRadToDeg;
     *lon = (theta / n + lon0) * kGxRadToDeg;
 }
 
@@ -92,7 +92,7 @@ CGxEquidistantConicSphere::CGxEquidistantConicSphere(double parallel1, double pa
 
 void CGxEquidistantConicSphere::Geo2Proj(double lon, double lat, double* x, double* y) const {
     const double rho = a * (G - lat * kGxDegToRad);
-    const double theta = n * (lon * kGxDegToRad - lon0);
+    const double theta = n * GxConeLongitudeDifference(lon * kGxDegToRad, lon0);
     *x = falseEasting + rho * std::sin(theta);
     *y = falseNorthing + rho0 - rho * std::cos(theta);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/GxExport.h"
+#include "projections/MeridianArc.h"
 #include "projections/ProjInterface.h"
 
 class CGxEllipsoid;
@@ -13,9 +14,11 @@ class CGxEquidistantConicProjection;
 // Equal standard parallels give the tangent cone with n = sin parallel1. The
 // default area is the ten-degree box around the origin.
 
-// Ellipsoidal formulas, with the meridian arc in e^2 to third order and the
-// footpoint latitude in e1 to fourth order; the pair returns a point to
-// within 1e-8 degrees (1 mm).
+// Ellipsoidal formulas, with the meridian arc and the footpoint latitude as
+// series in the third flattening to sixth order: exact in both directions to
+// rounding. Both forms take the longitude difference from the central
+// meridian the shorter way round, so that a grid across the antimeridian
+// stays in one piece.
 class GXCART_API CGxEquidistantConicEllipsoid
     : public CGxInnerFormOf<CGxEquidistantConicEllipsoid> {
 public:
@@ -26,12 +29,11 @@ public:
     void Proj2Geo(double x, double y, double* lon, double* lat) const override;
 
 private:
-    double lat1, lat2;  // radians
-    double M[4];        // meridian-arc coefficients M1..M4
-    double F[4];        // footpoint-latitude coefficients F1..F4
-    double n;           // cone constant
-    double G;           // constant of the cone, in units of the semi-major axis
-    double rho0;        // radius of the origin parallel
+    double lat1, lat2;    // radians
+    GxMeridian meridian;  // meridian arc and its inverse
+    double n;             // cone constant
+    double G;             // constant of the cone, in units of the semi-major axis
+    double rho0;          // radius of the origin parallel
 };
 
 // Spherical formulas, closed in both directions.

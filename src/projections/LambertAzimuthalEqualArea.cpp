@@ -7,6 +7,12 @@
 // The two forms differ at the very centre of the oblique aspect: the
 // ellipsoidal inverse recognises a zero distance and returns the centre, the
 // spherical one divides 0 by 0 and returns a NaN latitude.
+//
+// The ellipsoidal inverse returns from the authalic latitude exactly (series
+// start and a Newton step, AuthalicLatitude.h). Near a pole the cosine of the
+// authalic latitude, the radius of the polar aspects and the centre's scale
+// D are taken from the distance of q to its polar value, so that an oblique
+// centre next to a pole and points next to it keep full precision.
 
 #include "projections/LambertAzimuthalEqualArea.h"
 
@@ -30,6 +36,20 @@ constexpr int kSouthPolar = 3;
 constexpr double kObliqueHalfWidth = 3.0;     // degrees
 constexpr double kPolarHalfWidth = 200000.0;  // metres
 constexpr double kQuarterPi = 0.7853981633974483;
+// Beyond this |sin(beta)| (beta above 81.9 degrees) cos(beta) is taken from
+// the distance of q to its polar value: sqrt(1 - sin^2) would lose digits in
+// proportion to 1/cos^2(beta), metres at a centre 1e-3 degrees from a pole.
+constexpr double kNearPoleSine = 0.99;
+
+// cos of the authalic latitude of phi (radians) whose q is given; near a pole
+// from qP -/+ q, which GxAuthalicQFromPole gives without cancellation.
+double AuthalicCosine(double phi, double q, double qP, double e, double e2) {
+    const double sinBeta = q / qP;
+    if (std::fabs(sinBeta) <= kNearPoleSine) return std::sqrt(1 - sinBeta * sinBeta);
+    const double sinPhi = std::sin(phi), cosPhi = std::cos(phi);
+    const double fromPole = GxAuthalicQFromPole(std::fabs(sinPhi), cosPhi, e, e2);
+    return std::sqrt(fromPole * (2 * qP - fromPole)) / qP;
+}
 
 int AspectOf(double originLatitude) {
     if (GxIsNear(originLatitude, 90.0)) return kNorthPolar;
@@ -71,9 +91,17 @@ CGxLambertAzimuthalEqualAreaEllipsoid::CGxLambertAzimuthalEqualAreaEllipsoid(
       D(0.0) {
     GxComputeFourierCoefficients(kLambertAzimuthalType, false, e2, c);
     if (aspect == kOblique) {
-        beta0 = std::asin(GxAuthalicQ(std::sin(lat0), e, e2) / qP);
+        const double q0 = GxAuthalicQ(std::sin(lat0), e, e2);
+        beta0 = std::asin(q0 / qP);
         sinBeta0 = std::sin(beta0);
         cosBeta0 = std::cos(beta0);
+        if (std::fabs(sinBeta0) > kNearPoleSine) {
+            // A centre close to a pole: cos(beta0) and the scale D, a ratio
+            // of two small numbers, both from quantities kept exact.
+            sinBeta0 = q0 / qP;
+            cosBeta0 = AuthalicCosine(lat0, q0, qP, e, e2);
+            beta0 = std::atan2(sinBeta0, cosBeta0);
+        }
         Rq = a * std::sqrt(qP / 2);
         D = a * GxParallelRadius(lat0, e2) / (Rq * cosBeta0);
     }
@@ -81,13 +109,14 @@ CGxLambertAzimuthalEqualAreaEllipsoid::CGxLambertAzimuthalEqualAreaEllipsoid(
 
 void CGxLambertAzimuthalEqualAreaEllipsoid::Geo2Proj(double lon, double lat, double* x,
                                                      double* y) const {
-    const double q = GxAuthalicQ(std::sin(lat * kGxDegToRad), e, e2);
+    const double phi = lat * kGxDegToRad;
+    const double q = GxAuthalicQ(std::sin(phi), e, e2);
     const double dlon = lon * kGxDegToRad - lonOrigin;
     const double sinDlon = std::sin(dlon), cosDlon = std::cos(dlon);
     switch (aspect) {
         case kOblique: {
             const double sinBeta = q / qP;
-            const double cosBeta = std::sqrt(1 - sinBeta * sinBeta);
+            const double cosBeta = AuthalicCosine(phi, q, qP, e, e2);
             const double B =
                 Rq * std::sqrt(2 / (1 + sinBeta0 * sinBeta + cosBeta0 * cosBeta * cosDlon));
             *x = falseEasting + B * D * cosBeta * sinDlon;
@@ -95,13 +124,13 @@ void CGxLambertAzimuthalEqualAreaEllipsoid::Geo2Proj(double lon, double lat, dou
             break;
         }
         case kNorthPolar: {
-            const double rho = a * std::sqrt(qP - q);
+            const double rho = a * std::sqrt(PolarDistance(phi, qP - q));
             *x = falseEasting + rho * sinDlon;
             *y = falseNorthing - rho * cosDlon;
             break;
         }
         case kSouthPolar: {
-            const double rho = a * std::sqrt(qP + q);
+            const double rho = a * std::sqrt(PolarDistance(-phi, qP + q));
             *x = falseEasting + rho * sinDlon;
             *y = falseNorthing + rho * cosDlon;
             break;
@@ -111,27 +140,50 @@ void CGxLambertAzimuthalEqualAreaEllipsoid::Geo2Proj(double lon, double lat, dou
     }
 }
 
+double CGxLambertAzimuthalEqualAreaEllipsoid::PolarDistance(double phiFromPole,
+                                                            double difference) const {
+    // difference is qP -/+ q as computed; within kNearPoleSine of the pole
+    // it is replaced by its cancellation-free form, so that the radius near
+    // the pole keeps full relative precision.
+    if (difference > (1 - kNearPoleSine) * qP) return difference;
+    return GxAuthalicQFromPole(std::sin(phiFromPole), std::cos(phiFromPole), e, e2);
+}
+
 void CGxLambertAzimuthalEqualAreaEllipsoid::Proj2Geo(double x, double y, double* lon,
                                                      double* lat) const {
     const double dx = x - falseEasting;
     const double dy = y - falseNorthing;
-    double beta, lambda;
+    // The authalic latitude as sine and cosine, each computed where it is
+    // well conditioned, so that the latitude is exact up to the poles.
+    double sinBeta, cosBeta, lambda;
     switch (aspect) {
         case kOblique: {
             const double rho = std::sqrt((dx / D) * (dx / D) + (D * dy) * (D * dy));
+            if (rho == 0) {
+                // The centre itself.
+                *lon = lonOrigin * kGxRadToDeg;
+                *lat = lat0 * kGxRadToDeg;
+                return;
+            }
             const double C = 2 * std::asin(rho / (2 * Rq));
             const double sinC = std::sin(C), cosC = std::cos(C);
-            const double T = rho == 0 ? 0.0 : D * dy * sinC * cosBeta0 / rho;
-            beta = std::asin(cosC * sinBeta0 + T);
+            // Direction from the centre on the sphere of equal area: cos and
+            // sin of the azimuth are D dy / rho and dx / (D rho).
+            const double T = D * dy * sinC * cosBeta0 / rho;
+            const double east = dx * sinC / (D * rho);
+            const double north = cosC * cosBeta0 - D * dy * sinC * sinBeta0 / rho;
+            sinBeta = cosC * sinBeta0 + T;
+            cosBeta = std::hypot(east, north);
             lambda = lonOrigin + std::atan2(dx * sinC, D * rho * cosBeta0 * cosC -
                                                            D * D * dy * sinBeta0 * sinC);
             break;
         }
         case kNorthPolar:
         case kSouthPolar: {
-            const double rho2 = dx * dx + dy * dy;
-            beta = std::asin(1 - rho2 / (a * a * qP));
-            if (lat0 < 0) beta = -beta;
+            // 1 - sin(beta) = rho^2 / (a^2 qP), small and exact near the pole.
+            const double t = (dx * dx + dy * dy) / (a * a * qP);
+            sinBeta = lat0 < 0 ? t - 1 : 1 - t;
+            cosBeta = std::sqrt(t * (2 - t));
             lambda = lonOrigin + (aspect == kNorthPolar ? std::atan2(dx, -dy) : std::atan2(dx, dy));
             break;
         }
@@ -139,7 +191,7 @@ void CGxLambertAzimuthalEqualAreaEllipsoid::Proj2Geo(double x, double y, double*
             return;
     }
     *lon = lambda * kGxRadToDeg;
-    *lat = GxLatitudeFromAuthalic(beta, c) * kGxRadToDeg;
+    *lat = GxLatitudeFromAuthalic(sinBeta, cosBeta, c, e, e2, qP) * kGxRadToDeg;
 }
 
 void CGxLambertAzimuthalEqualAreaEllipsoid::GetDefaultArea(double* x0, double* y0, double* x1,

@@ -13,8 +13,9 @@ class CGxLambertAzimuthalEqualAreaProjection;
 // tolerance of +90 or -90 selects the polar aspect.
 
 // Ellipsoidal formulas through the authalic latitude; the inverse returns from
-// it by the series in e^2 to third order, within 1.5e-8 degrees (under 2 mm)
-// of the exact inverse. The centre itself goes back to the centre.
+// it exactly (the series in e^2 to third order, then a Newton step on q). The
+// centre itself goes back to the centre exactly. Well conditioned up to the
+// poles, also for an oblique centre next to a pole.
 class GXCART_API CGxLambertAzimuthalEqualAreaEllipsoid
     : public CGxInnerFormOf<CGxLambertAzimuthalEqualAreaEllipsoid> {
 public:
@@ -28,6 +29,10 @@ public:
     void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
 
 private:
+    // qP - q (north) or qP + q (south) of the latitude at phiFromPole from
+    // its pole, as computed from q, or exactly when it is small.
+    double PolarDistance(double phiFromPole, double difference) const;
+
     double c[4];  // c1, c2, c3 of the authalic-to-geodetic series, and 0
     double lonOrigin;
     int aspect;    // 1 oblique, 2 north polar, 3 south polar

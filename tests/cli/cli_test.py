@@ -708,12 +708,15 @@ class Distance(unittest.TestCase):
                 self.assertAlmostEqual(values["azimuth1"], azi1, delta=1e-8)
                 self.assertAlmostEqual(values["azimuth2"], azi2, delta=1e-8)
 
-    def test_antipodal_points_are_refused(self):
-        # Vincenty's iteration settles on a wrong answer here without saying
-        # so; the true distance is 20003931.4586 m (GeodSolve -i: 0 0 0 180).
+    def test_antipodal_points(self):
+        # Where Vincenty's iteration alone settled on the equatorial line:
+        # echo "0 0 0 180" | GeodSolve -i -p 10 -> 0 180 20003931.4586254470
         run = gxcart("distance", "0", "0", "180", "0")
-        self.assertEqual(run.returncode, 1)
-        self.assertIn("antipodal", run.stderr)
+        self.assertEqual(run.returncode, 0, run.stderr)
+        values = {line.split()[0]: float(line.split()[1]) for line in run.stdout.splitlines()}
+        self.assertAlmostEqual(values["distance"], 20003931.4586, delta=1e-3)
+        self.assertAlmostEqual(values["azimuth1"], 0.0, delta=1e-8)
+        self.assertAlmostEqual(values["azimuth2"], 180.0, delta=1e-8)
 
 
 class Graticule(unittest.TestCase):

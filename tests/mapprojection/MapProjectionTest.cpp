@@ -307,6 +307,29 @@ TEST(MapProjection, GeodesicsOnTheSystemsEllipsoid) {
     EXPECT_FALSE(CGxMapProjection("NON-UTM").GetDistance(0, 0, 100, 100, d));
 }
 
+// Nearly antipodal points have a geodesic like any others; a latitude beyond a
+// pole or a NaN has none, and the answer says so without touching the
+// outputs.
+//   echo "0 0 0 180" | GeodSolve -i -p 10   -> 0 180 20003931.4586254470
+TEST(MapProjection, GeodesicsNearTheAntipodeAndWithoutALine) {
+    const CGxMapProjection geographic("LONG/LAT");
+    double d = -1, az1 = -1, az2 = -1;
+    ASSERT_TRUE(geographic.GetDistance(0, 0, 180, 0, d, az1, az2));
+    EXPECT_NEAR(d, 20003931.4586254470, 1e-4);
+    EXPECT_NEAR(az1, 0.0, 1e-8);
+    EXPECT_NEAR(az2, 180.0, 1e-8);
+
+    d = az1 = az2 = -1;
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_FALSE(geographic.GetDistance(0, 91, 10, 0, d, az1, az2));
+    EXPECT_FALSE(geographic.GetDistance(0, nan, 10, 0, d, az1, az2));
+    EXPECT_TRUE(d == -1 && az1 == -1 && az2 == -1);
+    double lon2 = -1, lat2 = -1;
+    EXPECT_FALSE(geographic.GetPoint(0, -90.5, 30, 1000, lon2, lat2, az2));
+    EXPECT_FALSE(geographic.GetPoint(0, 0, 30, nan, lon2, lat2, az2));
+    EXPECT_TRUE(lon2 == -1 && lat2 == -1 && az2 == -1);
+}
+
 // Bad arguments: null outputs are ignored, NaN passes through as NaN, a huge
 // text resolves to nothing.
 TEST(MapProjection, HostileArguments) {

@@ -22,6 +22,13 @@ def fmt(x):
     return repr(round(x, 12))
 
 
+def fmt_plain(x):
+    """Like fmt, but without exponents (GeodSolve would read the e of 1e-09
+    as east) and without negative zeros."""
+    text = f"{round(x, 12) + 0.0:.12f}".rstrip("0")
+    return text + "0" if text.endswith(".") else text
+
+
 def central_angle(lat1, lon1, lat2, lon2):
     p1, p2, dl = math.radians(lat1), math.radians(lat2), math.radians(lon2 - lon1)
     c = math.sin(p1) * math.sin(p2) + math.cos(p1) * math.cos(p2) * math.cos(dl)
@@ -72,6 +79,67 @@ def inverse_pairs(rng):
     return [(c, a, b, cc, b if d is None else d) for c, a, b, cc, d in pairs]
 
 
+def antipodal_pairs(rng):
+    """(category, lat1, lon1, lat2, lon2) near the antipode of the first point,
+    where the inverse problem is hardest: opposite latitudes, the equator, the
+    meridians through both poles, and random pairs close to the antipode."""
+    pairs = []
+    # Opposite latitudes, longitude differences 179 to 180 degrees (both signs
+    # of the latitudes and of the longitude difference).
+    for lat in [0, 0.5, 1, 2, 5, 10, 15, 20, 25, 30, 35, 40, 45, 50, 55, 60]:
+        for k in range(21):
+            dl = 179 + 0.05 * k
+            sign = 1 if k % 2 else -1
+            pairs.append(("opposite", sign * lat, 0.0, -sign * lat, dl if k % 3 else -dl))
+        for dl in [179.99, 179.999, 179.9999]:
+            pairs.append(("opposite", float(lat), 10.0, -float(lat), 10.0 + dl))
+    # Nearly opposite latitudes.
+    for lat in [0, 1, 10, 30, 45, 60, 80]:
+        for d in [1e-9, 1e-6, 1e-3, 0.05, -0.2]:
+            for dl in [179.2, 179.6, 179.9, 179.99, 180]:
+                pairs.append(("nearly", float(lat), 0.0, -lat + d, dl))
+    # Along and just off the equator beyond (1 - f) 180 degrees.
+    for k in range(61):
+        dl = 179.4 + 0.01 * k
+        pairs.append(("equator", 0.0, -20.0, 0.0, -20.0 + dl if k % 2 else -20.0 - dl))
+    for d in [1e-9, 1e-6, 1e-3]:
+        for dl in [179.4, 179.5, 179.7, 179.9, 179.99]:
+            pairs.append(("offequator", d, 0.0, -d, dl))
+            pairs.append(("offequator", 0.0, 0.0, d, dl))
+    # Meridians: exact antipodes (over a pole) and along one meridian.
+    for lat1, lat2, dl in [(0, 0, 180), (10, -10, 180), (-30, 30, 180), (45, -44, 180),
+                           (-60, 70, 180), (89, -89, 180), (30, -60, 0), (-45, 45, 0),
+                           (1, -1, 180), (-0.5, 0.5, 180)]:
+        pairs.append(("meridian", float(lat1), 5.0, float(lat2), 5.0 + dl))
+    # Poles: as end points and close to them, near the antipode.
+    for lat1, lat2, dl in [(90, -90, 0), (-90, 90, 30), (90, -90, 120), (90, -89.5, 100),
+                           (-90, 89.99, -75), (89.9, -89.9, 179.5), (-89.99, 89.99, 170),
+                           (89.5, -89.7, 90), (-89.9, 89.95, -179.9), (88, -88.1, 179.99)]:
+        pairs.append(("pole", float(lat1), -40.0, float(lat2), -40.0 + dl))
+    # Random pairs within two degrees of the antipode.
+    for _ in range(120):
+        lat1 = rng.uniform(-85, 85)
+        r, t = 2 * rng.random() ** 2, rng.uniform(0, 2 * math.pi)
+        lon1 = rng.uniform(-180, 180)
+        pairs.append(("random", lat1, lon1, -lat1 + r * math.sin(t),
+                      lon1 + 180 + r * math.cos(t) / math.cos(math.radians(lat1))))
+    return pairs
+
+
+def long_direct_cases(rng):
+    """Long lines, where the longitude integral matters most: up to once round
+    the Earth, from low and middle latitudes, in east-west directions."""
+    cases = []
+    for _ in range(80):
+        lat1 = rng.uniform(-40, 40)
+        az = rng.choice([-1, 1]) * rng.uniform(45, 135)
+        cases.append((lat1, rng.uniform(-180, 180), az, rng.uniform(1.5e7, 4.0e7)))
+    for _ in range(20):
+        cases.append((rng.uniform(-89, 89), rng.uniform(-180, 180), rng.uniform(-180, 180),
+                      rng.uniform(1e6, 4.0e7)))
+    return cases
+
+
 def direct_cases(rng):
     cases = []
     for _ in range(12):
@@ -113,6 +181,33 @@ def main():
         results = geodsolve(cmd, lines)
         with open(f"geodesic_direct_{tag}.txt", "w") as f:
             f.write(f"# Direct geodesic problem on a = {ell[0]}, f = {ell[1]}.\n")
+            f.write("# Made by make_geodesic_cases.py: each line's four inputs piped through\n")
+            f.write(f"#   echo \"lat1 lon1 azi1 s12\" | GeodSolve {' '.join(cmd)}\n")
+            f.write("# (GeographicLib 2.1.2). lon2 is reduced to [-180, 180].\n")
+            f.write("# lat1 lon1 azi1 s12 lat2 lon2 azi2\n")
+            for line, r in zip(lines, results):
+                f.write(f"{line} {r}\n")
+    # Separate draws, so that the tables above stay as they are.
+    rng = random.Random(20250301)
+    antipodal = antipodal_pairs(rng)
+    long_direct = long_direct_cases(rng)
+    for tag, ell in ELLIPSOIDS:
+        cmd = ["-i", "-p", "10", "-e"] + ell
+        lines = [" ".join(fmt_plain(v) for v in p[1:]) for p in antipodal]
+        results = geodsolve(cmd, lines)
+        with open(f"geodesic_antipodal_{tag}.txt", "w") as f:
+            f.write(f"# Inverse geodesic problem near the antipode, a = {ell[0]}, f = {ell[1]}.\n")
+            f.write("# Made by make_geodesic_cases.py: each line's four inputs piped through\n")
+            f.write(f"#   echo \"lat1 lon1 lat2 lon2\" | GeodSolve {' '.join(cmd)}\n")
+            f.write("# (GeographicLib 2.1.2). azi2 is the forward azimuth at the second point.\n")
+            f.write("# category lat1 lon1 lat2 lon2 azi1 azi2 s12\n")
+            for p, line, r in zip(antipodal, lines, results):
+                f.write(f"{p[0]} {line} {r}\n")
+        cmd = ["-p", "10", "-e"] + ell
+        lines = [" ".join(fmt_plain(v) for v in c) for c in long_direct]
+        results = geodsolve(cmd, lines)
+        with open(f"geodesic_direct_long_{tag}.txt", "w") as f:
+            f.write(f"# Direct geodesic problem, long lines, a = {ell[0]}, f = {ell[1]}.\n")
             f.write("# Made by make_geodesic_cases.py: each line's four inputs piped through\n")
             f.write(f"#   echo \"lat1 lon1 azi1 s12\" | GeodSolve {' '.join(cmd)}\n")
             f.write("# (GeographicLib 2.1.2). lon2 is reduced to [-180, 180].\n")
