@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "catalogue/CatalogueFile.h"
+#include "catalogue/CatalogueReport.h"
 #include "catalogue/ListLimit.h"
 #include "definitions/GeographicalProjection.h"
 #include "definitions/MapProjData.h"
@@ -40,9 +41,15 @@ public:
     // A new default definition of the first type that accepts the section
     // name, so "MERCATOR_PROJECTION" reads as Mercator 2SP; null for none.
     CGxMapProjData* NewDefinition(const std::string& section) const {
+        if (const CGxMapProjData* type = Type(section))
+            return CGxMapProjData::CreateDefaultParameterProjection(type->GetProjectionType());
+        return nullptr;
+    }
+
+    // The default definition of the type that reads a section name.
+    const CGxMapProjData* Type(const std::string& section) const {
         for (const auto& type : types)
-            if (type && type->IsSectionID(section))
-                return CGxMapProjData::CreateDefaultParameterProjection(type->GetProjectionType());
+            if (type && type->IsSectionID(section)) return type.get();
         return nullptr;
     }
 
@@ -50,7 +57,61 @@ private:
     std::vector<std::unique_ptr<CGxMapProjData>> types;
 };
 
+// Why a section cannot be read by a definition; empty when it can.
+std::string SectionProblem(const CGxMapProjData& definition, void* section) {
+    const auto* tabled = dynamic_cast<const CGxTabledMapProjData*>(&definition);
+    return tabled ? tabled->SectionProblem(section) : std::string();
+}
+
+GxCustomRecord RecordOf(CGxMapProjData& definition, void* scratch) {
+    return GxCustomRecord{
+        definition.GetName(),
+        GxSectionTextOf(scratch, [&definition](void* block) { definition.WriteToHandle(block); }),
+        &definition};
+}
+
+class ProjectionFormat : public GxCustomFormat {
+public:
+    explicit ProjectionFormat(CGxMapProjectionList& list) : list_(list) {}
+    const char* BlockName() const override { return kBlock; }
+    std::vector<GxCustomRecord> Records(void* scratch) const override {
+        std::vector<GxCustomRecord> records;
+        for (auto it = list_.GetIteratorBegin(); it != list_.GetIteratorEnd(); ++it) {
+            // Only editable definitions write a section.
+            GxCustomRecord record = ::RecordOf(**it, scratch);
+            if (!record.text.empty()) records.push_back(std::move(record));
+        }
+        return records;
+    }
+    bool RecordOf(void* section, void* scratch, GxCustomRecord& record) const override {
+        std::unique_ptr<CGxMapProjData> definition(readers_.NewDefinition(zpfGetName(section)));
+        if (!definition || !SectionProblem(*definition, section).empty()) return false;
+        definition->ReadFromHandle(section, true);
+        record = ::RecordOf(*definition, scratch);
+        record.entry = nullptr;
+        return true;
+    }
+    void Write(const void* entry, void* block) const override {
+        const_cast<CGxMapProjData*>(static_cast<const CGxMapProjData*>(entry))
+            ->WriteToHandle(block);
+    }
+    std::string Reference(const void* entry) const override {
+        return static_cast<const CGxMapProjData*>(entry)->GetEllipsoidID();
+    }
+    std::string ReferenceOf(void* section) const override {
+        return GxFirstText(section, CGxMapProjDataIDs::Ellipsoid);
+    }
+
+private:
+    CGxMapProjectionList& list_;
+    const SectionReaders readers_;
+};
+
 }  // namespace
+
+std::unique_ptr<GxCustomFormat> GxProjectionCustomFormat(CGxMapProjectionList& list) {
+    return std::make_unique<ProjectionFormat>(list);
+}
 
 CGxMapProjectionList::CGxMapProjectionList() = default;
 
@@ -63,7 +124,7 @@ void CGxMapProjectionList::_Append(CGxMapProjData* definition) {
     std::string name = definition->GetName();
     std::string shortName = CGxPRJParser::ShortName(name);
     names.push_back(NameKey{definition, dynamic_cast<const CGxTabledMapProjData*>(definition),
-                            std::move(name), std::move(shortName)});
+                            std::move(name), std::move(shortName), nextSerial});
     // The list and its names change together or not at all.
     try {
         entries.push_back(definition);
@@ -71,10 +132,23 @@ void CGxMapProjectionList::_Append(CGxMapProjData* definition) {
         names.pop_back();
         throw;
     }
+    ++nextSerial;
+}
+
+void CGxMapProjectionList::_MarkUnavailable(const std::string& name, std::size_t fromSerial) {
+    if (!name.empty())
+        unavailable.push_back(Unavailable{CGxPRJParser::ShortName(name), fromSerial});
 }
 
 void CGxMapProjectionList::InitMapProjections(const std::string& dataPath,
                                               const std::string& userPath) {
+    InitMapProjections(dataPath, userPath.empty()
+                                     ? GxCatalogueFile()
+                                     : GxCatalogueFile(userPath + "custom_projection.zpf"));
+}
+
+void CGxMapProjectionList::InitMapProjections(const std::string& dataPath,
+                                              const GxCatalogueFile& customFile) {
     auto* geographic = new CGxGeographicalProjection(kGeographicName);
     geographic->SetBranchName(kNonUtmBranch);
     _Append(geographic);
@@ -92,7 +166,7 @@ void CGxMapProjectionList::InitMapProjections(const std::string& dataPath,
         ReadMapProjections(dataPath + "state_plane_nad83.zpf", false);
         ReadMapProjections(dataPath + "state_plane_nad27.zpf", false);
     }
-    if (!userPath.empty()) ReadMapProjections(userPath + "custom_projection.zpf", true);
+    ReadMapProjections(customFile, true);
 
     auto* local = new CGxTransverseMercatorProjection(kLocalName);
     local->SetBranchName(kNonUtmBranch);
@@ -100,17 +174,53 @@ void CGxMapProjectionList::InitMapProjections(const std::string& dataPath,
 }
 
 void CGxMapProjectionList::ReadMapProjections(const std::string& path, bool editable) {
-    GxReadCatalogueFile(path, kBlock, [&](void* block) {
-        const int n = zpfGetNoSections(block);
-        const SectionReaders readers;
-        for (int i = 1; i <= n; ++i) {
-            void* section = zpfSectionByNum(block, i);
-            CGxMapProjData* definition = readers.NewDefinition(zpfGetName(section));
-            if (!definition) continue;
-            definition->ReadFromHandle(section, editable);
-            _Append(definition);
+    ReadMapProjections(GxCatalogueFile(path), editable);
+}
+
+void CGxMapProjectionList::ReadMapProjections(const GxCatalogueFile& file, bool editable) {
+    file.ReportProblems();
+    void* block = file.Block(kBlock);
+    if (!block) return;
+    const std::size_t firstOfFile = nextSerial;
+    const SectionReaders readers;
+    void* scratchFile = editable ? zpfCreate() : nullptr;
+    const GxZpfFileCloser closer{scratchFile};
+    void* scratch = scratchFile ? zpfAddTarget(scratchFile, kBlock) : nullptr;
+    const int n = zpfGetNoSections(block);
+    for (int i = 1; i <= n; ++i) {
+        void* section = zpfSectionByNum(block, i);
+        std::unique_ptr<CGxMapProjData> definition(readers.NewDefinition(zpfGetName(section)));
+        if (!definition) continue;
+        const std::string problem = SectionProblem(*definition, section);
+        if (!problem.empty()) {
+            GxReportSkippedSection(file.Path(), section, problem);
+            _MarkUnavailable(GxFirstText(section, CGxMapProjDataIDs::ProjectionName), firstOfFile);
+            continue;
         }
-    });
+        definition->ReadFromHandle(section, editable);
+        const std::string id = definition->GetEllipsoidID();
+        if (std::find(unavailableEllipsoids.begin(), unavailableEllipsoids.end(), id) !=
+            unavailableEllipsoids.end()) {
+            GxReportCatalogue(file.Path() + ": line " + std::to_string(zpfGetLine(section)) +
+                              ": '" + definition->GetName() + "' uses the ellipsoid '" + id +
+                              "', whose section was skipped; '" + definition->GetName() +
+                              "' is not available");
+            _MarkUnavailable(definition->GetName(), nextSerial);
+        }
+        CGxMapProjData& added = *definition;
+        _Append(definition.get());
+        definition.release();
+        if (scratch) loadedCustom.push_back(RecordOf(added, scratch));
+    }
+    // Sections the reader could not parse at all, of a known type: their
+    // names, as far as they can be read.
+    const int damaged = zpfGetNoDamagedSections(block);
+    for (int i = 1; i <= damaged; ++i) {
+        void* section = zpfDamagedSectionByNum(block, i);
+        if (readers.Type(zpfGetName(section)))
+            _MarkUnavailable(GxFirstText(section, CGxMapProjDataIDs::ProjectionName), firstOfFile);
+    }
+    zpfGetErrorGlb();
 }
 
 bool CGxMapProjectionList::WriteCustomMapProjections(const std::string& path) {
@@ -147,7 +257,12 @@ CGxMapProjData* CGxMapProjectionList::GetMapProjection(const std::string& name) 
         // look-ups from several threads only read).
         const bool matches =
             key.tabled ? _Matches(key, key.tabled->Name(), wanted) : _Matches(key, key.definition->GetName(), wanted);
-        if (matches) return key.definition;
+        if (!matches) continue;
+        // A skipped section of this name before it would have been found
+        // first: the name finds nothing rather than another system.
+        for (const Unavailable& skipped : unavailable)
+            if (skipped.fromSerial <= key.serial && skipped.shortName == wanted) return nullptr;
+        return key.definition;
     }
     return nullptr;
 }

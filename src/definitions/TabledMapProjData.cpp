@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "definitions/DmsAngle.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
 #include "projections/ProjectionSupport.h"
@@ -32,17 +33,8 @@ double ReadDecimal(void* section, const char* keyword) {
 double ReadParameter(void* section, const GxParamRow& row) {
     switch (row.alternative) {
         case EGxAlternativeForm::eDms: {
-            int degrees = 0;
-            int minutes = 0;
-            double seconds = 0.0;
-            if (CGxMapProjData::zpfGetParamDMS(section, row.alternativeKeyword, &degrees, &minutes,
-                                               &seconds)) {
-                // The sign is carried by the degrees alone: "-0" degrees is not
-                // negative, so an angle between -1 and 0 degrees can only be
-                // written with negative minutes (0 -30 0 is -0.5).
-                const double sign = degrees < 0 ? -1.0 : 1.0;
-                return degrees + sign * minutes / 60.0 + sign * seconds / 3600.0;
-            }
+            double degrees = 0.0;
+            if (GxReadDmsDegrees(section, row.alternativeKeyword, &degrees)) return degrees;
             break;
         }
         case EGxAlternativeForm::eFeetUs: {
@@ -191,6 +183,21 @@ void CGxTabledMapProjData::ReadFromHandle(void* section, bool editable) {
     for (int i = 0; i < layout->count; ++i) values[i] = ReadParameter(section, layout->params[i]);
     _Assign(ReadText(section, ProjectionName), ReadText(section, BranchName),
             ReadText(section, Ellipsoid), values, editable, editable);
+}
+
+std::string CGxTabledMapProjData::SectionProblem(void* section) const {
+    std::string problem;
+    for (const char* keyword : {ProjectionName, BranchName, Ellipsoid})
+        if (!zpfCheckParam(section, keyword, 1, 1, 0, &problem)) return problem;
+    for (int i = 0; i < layout->count; ++i) {
+        const GxParamRow& row = layout->params[i];
+        if (!zpfCheckParam(section, row.keyword, 1, 1, 1, &problem)) return problem;
+        if (row.alternative == EGxAlternativeForm::eNone) continue;
+        // Degrees, minutes and seconds: one to three numbers.
+        const int most = row.alternative == EGxAlternativeForm::eDms ? 3 : 1;
+        if (!zpfCheckParam(section, row.alternativeKeyword, 1, most, 1, &problem)) return problem;
+    }
+    return problem;
 }
 
 void CGxTabledMapProjData::WriteToHandle(void* file) {

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "Commands.h"
+#include "catalogue/CartSetup.h"
 
 namespace {
 
@@ -22,6 +23,19 @@ const char* const kHelp =
     "\n"
     "A coordinate system S is a catalogue name (UTM-32), LONG/LAT, NON-UTM, a\n"
     "WKT text or the path of a .prj file. 'gxcart COMMAND --help' tells more.\n";
+
+// What the library has to say about the user's catalogue files (a section
+// it skipped, a damaged file it kept aside, a file it could not write) goes
+// to standard error, one "gxcart: " line each.
+void PrintCatalogueReport() {
+    const std::string report = CGxCartSetup::GetReport();
+    std::size_t begin = 0;
+    while (begin < report.size()) {
+        const std::size_t end = report.find('\n', begin);
+        GxError(report.substr(begin, end - begin));
+        begin = end == std::string::npos ? report.size() : end + 1;
+    }
+}
 
 struct Command {
     const char* name;
@@ -48,12 +62,17 @@ int main(int argc, char** argv) {
     const GxArgs args(argv + 2, argv + argc);
     for (const Command& command : kCommands) {
         if (name != command.name) continue;
+        PrintCatalogueReport();
+        int status = kExitPartial;
         try {
-            return command.run(args);
+            status = command.run(args);
         } catch (const std::exception& e) {
             GxError(std::string(command.name) + ": " + e.what());
-            return kExitPartial;
         }
+        // Saved here rather than at unload, so that a failure can be told.
+        if (!CGxCartSetup::Instance().WriteModified() && status == kExitOk) status = kExitPartial;
+        PrintCatalogueReport();
+        return status;
     }
     GxError("unknown command " + name + " (see gxcart --help)");
     return kExitUsage;
