@@ -1,6 +1,8 @@
 #pragma once
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "zpf/zpf.h"
 
@@ -43,6 +45,22 @@ private:
 // Reports a section of file that a catalogue skips: "<path>: <problem>;
 // section 'NAME' of line N is skipped".
 void GxReportSkippedSection(const std::string& path, void* section, const std::string& problem);
+
+// The entries one file gave, by name and line. A section of the file that is
+// skipped only hides entries of its name when no entry of that name stands
+// before it: a look-up would have found the earlier one anyway.
+class GxEntriesRead {
+public:
+    void Add(std::string name, int line) { entries_.emplace_back(std::move(name), line); }
+    bool AnyBefore(const std::string& name, int line) const {
+        for (const auto& entry : entries_)
+            if (entry.first == name && entry.second < line) return true;
+        return false;
+    }
+
+private:
+    std::vector<std::pair<std::string, int>> entries_;
+};
 
 // The first value of a section's keyword as text; "" when absent.
 std::string GxFirstText(void* section, const char* keyword);

@@ -20,13 +20,11 @@ const char* const kInvFlattening = "Inverse_Flatness";
 // The shape every value of a section must have; a section that breaks it is
 // skipped as a whole rather than read with a guessed value.
 std::string SectionProblem(void* section) {
+    static const ZpfParamShape kShapes[] = {
+        {kName, 1, 1, 0}, {kId, 1, 1, 0}, {kMajor, 1, 1, 1}, {kInvFlattening, 1, 1, 1}};
     std::string problem;
-    if (!zpfCheckParam(section, kName, 1, 1, 0, &problem) ||
-        !zpfCheckParam(section, kId, 1, 1, 0, &problem) ||
-        !zpfCheckParam(section, kMajor, 1, 1, 1, &problem) ||
-        !zpfCheckParam(section, kInvFlattening, 1, 1, 1, &problem))
-        return problem;
-    return std::string();
+    zpfCheckParams(section, kShapes, 4, &problem);
+    return problem;
 }
 
 double Number(void* section, const char* keyword) {
@@ -101,13 +99,15 @@ void CGxEllipsoidList::ReadEllipsoids(const GxCatalogueFile& file, bool toCustom
     void* scratchFile = toCustom ? zpfCreate() : nullptr;
     const GxZpfFileCloser closer{scratchFile};
     void* scratch = scratchFile ? zpfAddTarget(scratchFile, kBlock) : nullptr;
+    GxEntriesRead read;
+    std::vector<void*> skipped;
     const int n = zpfGetNoInstances(block, kSection);
     for (int i = 1; i <= n; ++i) {
         void* section = zpfSectionByNameNum(block, kSection, i);
         const std::string problem = SectionProblem(section);
         if (!problem.empty()) {
             GxReportSkippedSection(file.Path(), section, problem);
-            unreadable.emplace_back(GxFirstText(section, kId), !toCustom);
+            skipped.push_back(section);
             continue;
         }
         GxCheckListRoom(target);
@@ -116,15 +116,20 @@ void CGxEllipsoidList::ReadEllipsoids(const GxCatalogueFile& file, bool toCustom
             Number(section, kInvFlattening));
         target.push_back(ellipsoid.get());
         const CGxEllipsoid& added = *ellipsoid.release();
+        read.Add(added.GetID(), zpfGetLine(section));
         if (toCustom) loadedCustom.push_back(::RecordOf(added, scratch));
     }
-    // Sections the reader could not parse at all: their identifiers, as far
-    // as they can be read.
+    // With the sections the reader could not parse at all, the identifiers of
+    // the skipped sections, as far as they can be read.
     const int damaged = zpfGetNoDamagedSections(block);
     for (int i = 1; i <= damaged; ++i) {
         void* section = zpfDamagedSectionByNum(block, i);
-        if (zpfGetName(section) == kSection)
-            unreadable.emplace_back(GxFirstText(section, kId), !toCustom);
+        if (zpfGetName(section) == kSection) skipped.push_back(section);
+    }
+    for (void* section : skipped) {
+        const std::string id = GxFirstText(section, kId);
+        if (!id.empty() && !read.AnyBefore(id, zpfGetLine(section)))
+            unreadable.emplace_back(id, !toCustom);
     }
     zpfGetErrorGlb();
 }

@@ -186,6 +186,8 @@ void CGxMapProjectionList::ReadMapProjections(const GxCatalogueFile& file, bool 
     void* scratchFile = editable ? zpfCreate() : nullptr;
     const GxZpfFileCloser closer{scratchFile};
     void* scratch = scratchFile ? zpfAddTarget(scratchFile, kBlock) : nullptr;
+    GxEntriesRead read;
+    std::vector<void*> skipped;
     const int n = zpfGetNoSections(block);
     for (int i = 1; i <= n; ++i) {
         void* section = zpfSectionByNum(block, i);
@@ -194,7 +196,7 @@ void CGxMapProjectionList::ReadMapProjections(const GxCatalogueFile& file, bool 
         const std::string problem = SectionProblem(*definition, section);
         if (!problem.empty()) {
             GxReportSkippedSection(file.Path(), section, problem);
-            _MarkUnavailable(GxFirstText(section, CGxMapProjDataIDs::ProjectionName), firstOfFile);
+            skipped.push_back(section);
             continue;
         }
         definition->ReadFromHandle(section, editable);
@@ -210,15 +212,22 @@ void CGxMapProjectionList::ReadMapProjections(const GxCatalogueFile& file, bool 
         CGxMapProjData& added = *definition;
         _Append(definition.get());
         definition.release();
+        read.Add(names.back().shortName, zpfGetLine(section));
         if (scratch) loadedCustom.push_back(RecordOf(added, scratch));
     }
-    // Sections the reader could not parse at all, of a known type: their
-    // names, as far as they can be read.
+    // With the sections the reader could not parse at all, of a known type,
+    // the names of the skipped sections, as far as they can be read: from
+    // the file's first entry on, such a name finds nothing, unless an entry
+    // of the file before the skipped section has it.
     const int damaged = zpfGetNoDamagedSections(block);
     for (int i = 1; i <= damaged; ++i) {
         void* section = zpfDamagedSectionByNum(block, i);
-        if (readers.Type(zpfGetName(section)))
-            _MarkUnavailable(GxFirstText(section, CGxMapProjDataIDs::ProjectionName), firstOfFile);
+        if (readers.Type(zpfGetName(section))) skipped.push_back(section);
+    }
+    for (void* section : skipped) {
+        const std::string name =
+            CGxPRJParser::ShortName(GxFirstText(section, CGxMapProjDataIDs::ProjectionName));
+        if (!read.AnyBefore(name, zpfGetLine(section))) _MarkUnavailable(name, firstOfFile);
     }
     zpfGetErrorGlb();
 }

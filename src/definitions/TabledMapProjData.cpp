@@ -186,17 +186,20 @@ void CGxTabledMapProjData::ReadFromHandle(void* section, bool editable) {
 }
 
 std::string CGxTabledMapProjData::SectionProblem(void* section) const {
-    std::string problem;
-    for (const char* keyword : {ProjectionName, BranchName, Ellipsoid})
-        if (!zpfCheckParam(section, keyword, 1, 1, 0, &problem)) return problem;
+    // The shared texts, then each parameter's keyword and its alternative
+    // form: degrees, minutes and seconds are one to three numbers.
+    ZpfParamShape shapes[3 + 2 * kGxMaxProjParams] = {
+        {ProjectionName, 1, 1, 0}, {BranchName, 1, 1, 0}, {Ellipsoid, 1, 1, 0}};
+    int count = 3;
     for (int i = 0; i < layout->count; ++i) {
         const GxParamRow& row = layout->params[i];
-        if (!zpfCheckParam(section, row.keyword, 1, 1, 1, &problem)) return problem;
-        if (row.alternative == EGxAlternativeForm::eNone) continue;
-        // Degrees, minutes and seconds: one to three numbers.
-        const int most = row.alternative == EGxAlternativeForm::eDms ? 3 : 1;
-        if (!zpfCheckParam(section, row.alternativeKeyword, 1, most, 1, &problem)) return problem;
+        shapes[count++] = {row.keyword, 1, 1, 1};
+        if (row.alternative != EGxAlternativeForm::eNone)
+            shapes[count++] = {row.alternativeKeyword, 1,
+                               row.alternative == EGxAlternativeForm::eDms ? 3 : 1, 1};
     }
+    std::string problem;
+    zpfCheckParams(section, shapes, count, &problem);
     return problem;
 }
 

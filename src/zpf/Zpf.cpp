@@ -11,7 +11,9 @@
 #include <charconv>
 #include <climits>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
 #include <memory>
 #include <new>
@@ -567,40 +569,95 @@ int zpfFormat(void* handle, std::string* text) {
     return 1;
 }
 
+namespace {
+
+// Why a keyword does not have the shape asked for; "" when it has.
+std::string ShapeProblem(const gxzpf::Keyword& k, int minValues, int maxValues, bool numbersOnly) {
+    // Messages are made only for a failure: catalogues check every keyword.
+    auto where = [&k] { return "line " + std::to_string(k.line) + ": keyword '" + k.name + "' "; };
+    const std::size_t count = k.ValueCount();
+    if (count < static_cast<std::size_t>(std::max(minValues, 0)) ||
+        count > static_cast<std::size_t>(std::max(maxValues, 0))) {
+        const char* kind = numbersOnly ? " number" : " value";
+        const bool one = minValues == maxValues && minValues == 1;
+        const std::string expected =
+            minValues == maxValues
+                ? (one ? std::string("one") : std::to_string(minValues)) + kind + (one ? "" : "s")
+                : std::to_string(minValues) + " to " + std::to_string(maxValues) + kind + "s";
+        const std::string held = count == 0
+                                     ? std::string("no value")
+                                     : std::to_string(count) + (count == 1 ? " value" : " values");
+        return where() + "holds " + held + " where " + expected + (one ? " is" : " are") +
+               " expected";
+    }
+    for (std::size_t i = 0; numbersOnly && i < count; ++i) {
+        const gxzpf::Value* v = k.ValueAt(i);
+        if (v->isText)
+            return where() + "holds the text \"" + v->text.substr(0, 40) +
+                   "\" where a number is expected";
+    }
+    return std::string();
+}
+
+bool ReportShape(std::string text, std::string* problem) {
+    if (text.empty()) return true;
+    SetError(text.find("the text") != std::string::npos ? eZpfNotANumber : eZpfValueCount,
+             "zpfCheckParam: ", text);
+    if (problem) *problem = std::move(text);
+    return false;
+}
+
+}  // namespace
+
 int zpfCheckParam(void* section, const char* keyword, int minValues, int maxValues, int numbersOnly,
                   std::string* problem) {
     gxzpf::Section* s = NeedSection(section, "zpfCheckParam");
     if (!s || !NeedText(keyword, "zpfCheckParam", "keyword name")) return 0;
     const gxzpf::Keyword* k = NthNamed(s->keywords, keyword, 1);
     if (!k) return 1;
-    // Messages are made only for a failure: catalogues check every keyword.
-    auto where = [k] { return "line " + std::to_string(k->line) + ": keyword '" + k->name + "' "; };
-    const std::size_t count = k->ValueCount();
-    if (count < static_cast<std::size_t>(std::max(minValues, 0)) ||
-        count > static_cast<std::size_t>(std::max(maxValues, 0))) {
-        const char* kind = numbersOnly ? " number" : " value";
-        std::string expected =
-            minValues == maxValues
-                ? (minValues == 1 ? std::string("one") : std::to_string(minValues)) + kind
-                : std::to_string(minValues) + " to " + std::to_string(maxValues) + kind + "s";
-        std::string text =
-            where() + "holds " +
-            (count == 0 ? std::string("no value")
-                        : std::to_string(count) + (count == 1 ? " value" : " values")) +
-            " where " + expected + (minValues == maxValues && minValues == 1 ? " is" : " are") +
-            " expected";
-        SetError(eZpfValueCount, "zpfCheckParam: ", text);
-        if (problem) *problem = std::move(text);
-        return 0;
+    return ReportShape(ShapeProblem(*k, minValues, maxValues, numbersOnly != 0), problem) ? 1 : 0;
+}
+
+int zpfCheckParams(void* section, const ZpfParamShape* shapes, int count, std::string* problem) {
+    gxzpf::Section* s = NeedSection(section, "zpfCheckParams");
+    if (!s || (count > 0 && !NeedText(shapes, "zpfCheckParams", "shape list"))) return 0;
+    // One pass over the keywords; each shape applies to the first keyword of
+    // its name only, as readers take the first occurrence. Names are told
+    // apart by length and first and last letter before they are compared.
+    constexpr int kMostShapes = 64;
+    if (count > kMostShapes) count = kMostShapes;
+    std::uint32_t keys[kMostShapes];
+    std::size_t sizes[kMostShapes];
+    auto key = [](const char* name, std::size_t size) {
+        return size == 0
+                   ? 0u
+                   : static_cast<std::uint32_t>(size & 0xFFFF) |
+                         static_cast<std::uint32_t>(static_cast<unsigned char>(name[0])) << 16 |
+                         static_cast<std::uint32_t>(static_cast<unsigned char>(name[size - 1]))
+                             << 24;
+    };
+    for (int i = 0; i < count; ++i) {
+        sizes[i] = shapes[i].keyword ? std::strlen(shapes[i].keyword) : 0;
+        keys[i] = shapes[i].keyword ? key(shapes[i].keyword, sizes[i]) : 0xFFFFFFFFu;
     }
-    for (std::size_t i = 0; numbersOnly && i < count; ++i) {
-        const gxzpf::Value* v = k->ValueAt(i);
-        if (!v->isText) continue;
-        std::string text =
-            where() + "holds the text \"" + v->text.substr(0, 40) + "\" where a number is expected";
-        SetError(eZpfNotANumber, "zpfCheckParam: ", text);
-        if (problem) *problem = std::move(text);
-        return 0;
+    for (const gxzpf::Keyword* k : s->keywords) {
+        const std::uint32_t wanted = key(k->name.data(), k->name.size());
+        for (int i = 0; i < count; ++i) {
+            if (keys[i] != wanted || std::memcmp(k->name.data(), shapes[i].keyword, sizes[i]) != 0)
+                continue;
+            keys[i] = 0xFFFFFFFFu;  // later occurrences are not read
+            const ZpfParamShape& shape = shapes[i];
+            const std::size_t n = k->ValueCount();
+            bool fits = n >= static_cast<std::size_t>(std::max(shape.minValues, 0)) &&
+                        n <= static_cast<std::size_t>(std::max(shape.maxValues, 0));
+            for (std::size_t v = 0; fits && shape.numbersOnly && v < n; ++v)
+                fits = !k->ValueAt(v)->isText;
+            if (!fits && !ReportShape(ShapeProblem(*k, shape.minValues, shape.maxValues,
+                                                   shape.numbersOnly != 0),
+                                      problem))
+                return 0;
+            break;
+        }
     }
     return 1;
 }

@@ -139,3 +139,12 @@ int zpfFormat(void* fileOrSection, std::string* text);
 // does not; an absent keyword passes.
 int zpfCheckParam(void* section, const char* keyword, int minValues, int maxValues, int numbersOnly,
                   std::string* problem);
+// The same for several keywords in one pass over the section; the first
+// keyword (in the section's order) that does not fit is reported.
+struct ZpfParamShape {
+    const char* keyword;
+    int minValues;
+    int maxValues;
+    int numbersOnly;
+};
+int zpfCheckParams(void* section, const ZpfParamShape* shapes, int count, std::string* problem);
