@@ -86,6 +86,7 @@ const char* const kExportedNames[] = {
     "S_PROJECTIONSHORTNAME",
     "S_LONGITUDETOUTMZONE",
     "S_GETGOOGLEMAPPROJECTIONSTRING",
+    "S_CATALOGUEREPORT",
     "NewGxProjection",
     "CARTSETUPLINUX",
 };

@@ -16,6 +16,7 @@
 #include "definitions/MapProjData.h"
 #include "definitions/TransverseMercatorProjection.h"
 #include "foundation/Projection.h"
+#include "gxcart.h"
 #include "zpf/zpf.h"
 
 namespace fs = std::filesystem;
@@ -319,4 +320,26 @@ TEST(ProjectionCatalogue, DmsAnglesWithFractionsAreReadAsWritten) {
         EXPECT_NEAR(s, c.s, 1e-9) << c.values;
     }
     zpfClose(file);
+}
+
+// C callers get the same report through the flat interface; a buffer too
+// small takes nothing away from it.
+TEST(ProjectionCatalogue, FlatCallersReadTheReportOnce) {
+    TempFolder dir;
+    WriteText(dir / "bad.zpf", "MAP_PROJECTION_DEFINITION {\n  UTM_PROJECTION {\n    Scale = 1 2\n  }\n}\n");
+    CGxCartSetup::GetReport();
+    CGxMapProjectionList list;
+    list.ReadMapProjections(dir.folder() + "bad.zpf", true);
+    const std::string expected = CGxCartSetup::PeekReport();
+    ASSERT_NE(expected.find("bad.zpf: line 3: expected ',' between values"), std::string::npos);
+    char small[8];
+    int status = -99;
+    S_CATALOGUEREPORT(small, sizeof small, &status);
+    EXPECT_EQ(status, static_cast<int>(expected.size()));
+    std::vector<char> buffer(expected.size() + 1);
+    S_CATALOGUEREPORT(buffer.data(), static_cast<int>(expected.size()), &status);
+    EXPECT_EQ(status, GXCART_OK);
+    EXPECT_EQ(std::string(buffer.data()), expected);
+    S_CATALOGUEREPORT(buffer.data(), static_cast<int>(expected.size()), &status);
+    EXPECT_EQ(std::string(buffer.data()), "");
 }
