@@ -287,6 +287,22 @@ TEST(CustomFileDurability, ProcessesWritingAtOnceKeepEveryEntry) {
     EXPECT_TRUE(home.Temporaries().empty());
 }
 
+// The recently used list: every process read it, changed it and wrote it
+// through the same temporary name, so choices made at the same time were lost.
+TEST(CustomFileDurability, ChoicesMadeAtOnceAreAllInTheRecentlyUsedList) {
+    UserHome home;
+    std::vector<Process> running;
+    for (int zone = 31; zone <= 38; ++zone)
+        running.emplace_back(home,
+                             std::vector<std::string>{"recent", "UTM-" + std::to_string(zone)});
+    for (Process& p : running) EXPECT_EQ(p.Wait().exitCode, 0);
+    const std::string list = Slurp(home.File(".MapProjectionBuffer.txt"));
+    for (int zone = 31; zone <= 38; ++zone)
+        EXPECT_TRUE(Contains(list, "PROJCS[\"UTM-" + std::to_string(zone) + "\"")) << zone << "\n"
+                                                                                   << list;
+    EXPECT_TRUE(home.Temporaries().empty());
+}
+
 // Opening a catalogue name marks the projection list modified; the files
 // used to be rewritten from memory at every exit, losing comments, survey
 // feet and the entries of other processes.

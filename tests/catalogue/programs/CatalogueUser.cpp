@@ -15,6 +15,7 @@
 //   save convert NAME LON LAT         prints "NAME x y" (millimetres) or "NAME unavailable"
 //   convert-flat NAME LON LAT    the same through the flat interface
 //   check                        every custom projection finds its ellipsoid (else exit status 3)
+//   recent NAME                  chooses NAME in the recently used list
 //   save                         writes now; prints "saved" or "not saved"
 //   report                       prints the catalogue report on standard error
 //   limit BYTES                  a file-size limit, SIGXFSZ left at its default action
@@ -155,6 +156,11 @@ int main(int argc, char** argv) {
         } else if (step == "convert" || step == "convert-flat") {
             Convert(arg(1), number(2), number(3), step == "convert-flat");
             i += 3;
+        } else if (step == "recent") {
+            long count = 0;
+            CGxMapProjection::XEnumMapProjectionsBuffer(CGxMapProjection::eProjectedSystems,
+                                                        arg(1).c_str(), &count);
+            i += 1;
         } else if (step == "check") {
             Check();
         } else if (step == "save") {
