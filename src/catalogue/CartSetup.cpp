@@ -56,15 +56,20 @@ CGxCartSetup::CGxCartSetup() = default;
 CGxCartSetup::~CGxCartSetup() {
     // Nobody can ask for the report after the unload: what the last write
     // has to say (it failed, a damaged file was kept aside) goes to standard
-    // error, the only place left where the user can learn of it.
-    GxTakeCatalogueReport();
-    WriteModified();
-    const std::string told = GxTakeCatalogueReport();
-    std::size_t begin = 0;
-    while (begin < told.size()) {
-        const std::size_t end = told.find('\n', begin);
-        std::fprintf(stderr, "gxcart: %s\n", told.substr(begin, end - begin).c_str());
-        begin = end == std::string::npos ? told.size() : end + 1;
+    // error, the only place left where the user can learn of it. Out of
+    // memory at exit, nothing more can be done; the files on disk are as
+    // they were.
+    try {
+        GxTakeCatalogueReport();
+        WriteModified();
+        const std::string told = GxTakeCatalogueReport();
+        std::size_t begin = 0;
+        while (begin < told.size()) {
+            const std::size_t end = told.find('\n', begin);
+            std::fprintf(stderr, "gxcart: %s\n", told.substr(begin, end - begin).c_str());
+            begin = end == std::string::npos ? told.size() : end + 1;
+        }
+    } catch (...) {
     }
 }
 
