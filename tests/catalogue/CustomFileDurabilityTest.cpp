@@ -422,6 +422,11 @@ TEST(CustomFileDurability, DamagedSectionsAreSkippedAndNothingTheUserWroteIsLost
               "'REF_ELLIPSOID' of line 10 is skipped",
           std::string("'Site E' uses the ellipsoid 'E2', whose section was skipped")})
         EXPECT_TRUE(Contains(ordinary.err, told)) << told << "\n" << ordinary.err;
+    // The tool tells the user too, on standard error, and still works.
+    const Outcome tool = Process(home, {"info", "Site A"}, GXCART_TOOL).Wait();
+    EXPECT_EQ(tool.exitCode, 0);
+    EXPECT_TRUE(Contains(tool.err, "gxcart: " + path + ": line 25: keyword 'Scale' holds 2 values"))
+        << tool.err;
     EXPECT_EQ(Slurp(home.File(kProjections)), projections);
     EXPECT_EQ(Slurp(home.File(kEllipsoids)), ellipsoids);
 
