@@ -310,6 +310,13 @@ GXCART_C_API int C_GXMP_GETUNITFACTOR(GxMapProjectionHandle handle, int unit,
 GXCART_C_API void C_GXMP_GETUNITNAME(GxMapProjectionHandle handle, int unit, char* buffer,
                                      int bufferLength, int* status) GXCART_NOEXCEPT;
 
+/* What the catalogues have to tell about the user's files, one message a line
+ * (a section skipped as unreadable, a damaged file kept aside, a file that
+ * could not be written); empty when all is well. Copied as the text results
+ * above, then cleared; a buffer too small receives nothing and clears
+ * nothing. */
+GXCART_C_API void S_CATALOGUEREPORT(char* buffer, int bufferLength, int* status) GXCART_NOEXCEPT;
+
 /* ------------------------------------------------------------------- others */
 /* A new projection algorithm for s, owned by the caller (C++ deletes it);
  * null when s gives none. */

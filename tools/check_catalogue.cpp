@@ -55,6 +55,15 @@ bool _Load(const char* path, std::vector<Entry>& entries) {
         std::cerr << "cannot load " << path << ": " << message << '\n';
         return false;
     }
+    // A data file must read completely; the library would skip what does not.
+    if (const int problems = zpfGetNoProblems(file)) {
+        for (int i = 1; i <= problems; ++i) {
+            const std::string problem = zpfGetProblem(file, i);
+            if (!problem.empty()) std::cerr << problem << '\n';
+        }
+        zpfClose(file);
+        return false;
+    }
     void* block = zpfTargetByNameNum(file, "MAP_PROJECTION_DEFINITION", 1);
     if (!block) {
         std::cerr << path << ": no block MAP_PROJECTION_DEFINITION\n";

@@ -1,7 +1,10 @@
 // The S_ queries on projection strings, which need no handle, and the
 // factory of bare projection algorithms.
 
+#include <string>
+
 #include "capi/FlatSupport.h"
+#include "catalogue/CartSetup.h"
 #include "foundation/Projection.h"
 #include "mapprojection/MapProjection.h"
 
@@ -82,6 +85,16 @@ void S_LONGITUDETOUTMZONE(double lon, char* buffer, int bufferLength, int* statu
 void S_GETGOOGLEMAPPROJECTIONSTRING(char* buffer, int bufferLength, int* status) noexcept {
     GxCopyTextResult(CGxMapProjection::IDtoProjectionString(CGxMapProjection::eGoogleMaps), buffer,
                      bufferLength, status);
+}
+
+void S_CATALOGUEREPORT(char* buffer, int bufferLength, int* status) noexcept {
+    std::string report;
+    GxGuarded([&] { report = CGxCartSetup::PeekReport(); });
+    int copied = GXCART_OK;
+    GxCopyTextResult(report.c_str(), buffer, bufferLength, &copied);
+    // Cleared only once the caller has the text.
+    if (copied == GXCART_OK && buffer) GxGuarded([] { CGxCartSetup::GetReport(); });
+    GxSetStatus(status, copied);
 }
 
 GxProjection* NewGxProjection(const char* s) noexcept {

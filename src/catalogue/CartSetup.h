@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <mutex>
 #include <string>
 
 #include "catalogue/EllipsoidList.h"
@@ -9,7 +10,7 @@
 
 // The process-wide setup: owns the catalogues, filled once when the library
 // is loaded; at unload it writes the user's custom files back when they were
-// marked modified.
+// marked modified and their entries really changed.
 class GXCART_API CGxCartSetup {
 public:
     // The one object, created on first use (thread-safe) and destroyed at
@@ -30,9 +31,25 @@ public:
     void SetEllipsoidListModified() { ellipsoidListModified = true; }
     void SetMapProjectionListModified() { projectionListModified = true; }
 
-    // Writes the custom files whose lists were marked modified; the unload
-    // does this too. Creates the user folder when a file must go there.
-    void WriteModified();
+    // Writes this process's changes to the custom entries of the marked lists
+    // into the user's custom files; the unload does this too. A list whose
+    // entries are as they were read is not written at all, so a process that
+    // only looks systems up never touches the files. Other processes may
+    // share the files: under a lock, each file is read again and only this
+    // process's additions, edits and deletions are applied to what it holds
+    // then. Ellipsoids are written before the projections that use them and
+    // deleted only after, so no reader ever finds a projection without its
+    // ellipsoid. Creates the user folder when a file must go there. False
+    // when something could not be written (the files on disk are then as
+    // they were, and the report says why).
+    bool WriteModified();
+
+    // What the catalogues have to tell about their files, one message a
+    // line, each naming its file: sections that could not be read and were
+    // skipped, damaged files kept aside, files that could not be written.
+    // GetReport also clears the messages. Empty when all is well.
+    static std::string PeekReport();
+    static std::string GetReport();
 
     CGxCartSetup(const CGxCartSetup&) = delete;
     CGxCartSetup& operator=(const CGxCartSetup&) = delete;
@@ -48,4 +65,5 @@ private:
     std::atomic<bool> projectionListModified{false};
     std::string userPath;
     std::string dataPath;
+    std::mutex writing;
 };

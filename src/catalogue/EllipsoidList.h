@@ -2,10 +2,14 @@
 
 #include <list>
 #include <string>
+#include <utility>
+#include <vector>
 
+#include "catalogue/CustomFile.h"
 #include "foundation/GxExport.h"
 
 class CGxEllipsoid;
+class GxCatalogueFile;
 
 // The ellipsoid catalogue: system ellipsoids (from the library's own file, not
 // editable), custom ones (from the user's file or added at run time) and the
@@ -25,10 +29,15 @@ public:
     virtual ~CGxEllipsoidList();
 
     // Appends the ellipsoids of a keyword file to the custom or system list. A
-    // missing or unreadable file adds nothing.
+    // missing or unreadable file adds nothing. A malformed section (a number
+    // that is none, a list of values where one belongs) is skipped and
+    // reported (CGxCartSetup::GetReport), and its identifier then resolves to
+    // no ellipsoid of that file rather than to another one.
     void ReadEllipsoids(const std::string& path, bool custom);
-    // Writes the custom ellipsoids; the old file survives a failed write.
-    // Returns whether the file was written.
+    void ReadEllipsoids(const GxCatalogueFile& file, bool custom);
+    // Writes all custom ellipsoids to path; the old file survives a failed
+    // write. Returns whether the file was written. (The setup writes the
+    // user's shared file differently: see CGxCartSetup::WriteModified.)
     bool WriteCustomEllipsoids(const std::string& path);
 
     // Takes ownership and appends to the custom list.
@@ -47,10 +56,27 @@ public:
     Iterator GetIteratorBegin(EEllipsoidTypes type);
     Iterator GetIteratorEnd(EEllipsoidTypes type);
 
+    // Whether a system ellipsoid has this identifier.
+    bool IsSystemIdentifier(const std::string& id) const;
+    // Identifiers of skipped sections that now resolve to no ellipsoid.
+    std::vector<std::string> UnavailableIdentifiers() const;
+    // The custom entries as the files read held them (see CustomFile.h); the
+    // setup writes only what changed since, and then records the new state.
+    const std::vector<GxCustomRecord>& LoadedCustomRecords() const { return loadedCustom; }
+    void SetLoadedCustomRecords(std::vector<GxCustomRecord> records) {
+        loadedCustom = std::move(records);
+    }
+
 private:
     std::list<CGxEllipsoid*>& _List(EEllipsoidTypes type);
+    bool _Unavailable(const std::string& id, bool systemEntry) const;
 
     std::list<CGxEllipsoid*> system;
     std::list<CGxEllipsoid*> custom;
     std::list<CGxEllipsoid*> complete;
+    std::vector<GxCustomRecord> loadedCustom;
+    // Identifiers of skipped sections, and whether they were in a system
+    // file: such an identifier resolves to no entry of its file or a later
+    // one, so a damaged entry never makes it resolve to another ellipsoid.
+    std::vector<std::pair<std::string, bool>> unreadable;
 };

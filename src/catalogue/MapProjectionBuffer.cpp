@@ -6,15 +6,17 @@
 
 #include <filesystem>
 #include <fstream>
-#include <system_error>
 
 #include "catalogue/CartSetup.h"
+#include "catalogue/CatalogueLock.h"
+#include "catalogue/CatalogueReport.h"
 #include "catalogue/ListLimit.h"
 #include "catalogue/PlatformFolders.h"
 #include "definitions/MapProjData.h"
 #include "mapprojection/MapProjection.h"
 #include "mapprojection/TextTrim.h"
 #include "wkt/PRJParser.h"
+#include "zpf/FileReplace.h"
 
 namespace fs = std::filesystem;
 
@@ -23,35 +25,33 @@ namespace {
 // A file never lists more projected systems than an enumeration shows.
 constexpr int kProjectedLines = 10;
 
-// Writes the lines under the rule of WriteFile into a temporary file beside
-// the target and renames it over the target, so that a failed write leaves
-// the old file. False when nothing could be written.
+// Writes the lines under the rule of WriteFile. Processes of the same user
+// take turns (the catalogue lock of the folder), and each writes a file of
+// its own beside the target that replaces it whole, so readers never see a
+// part of a list. False when nothing could be written.
 template <class Lines>
 bool WriteLines(const std::string& path, const Lines& lines) {
-    const fs::path target(path);
-    if (target.has_parent_path()) GxEnsureFolder(target.parent_path().string());
-    const std::string temporary = path + ".tmp";
-    {
-        std::ofstream out(temporary, std::ios::trunc);
-        if (!out) return false;
-        int projected = 0;
-        for (const std::string& line : lines) {
-            out << line << '\n';
-            if (CGxMapProjection::IsType(CGxMapProjection::eProjectedSystems, line.c_str()) &&
-                ++projected == kProjectedLines)
-                break;
-        }
-        out.flush();
-        if (!out) {
-            std::error_code ec;
-            fs::remove(temporary, ec);
-            return false;
-        }
+    std::string text;
+    int projected = 0;
+    for (const std::string& line : lines) {
+        text += line;
+        text += '\n';
+        if (CGxMapProjection::IsType(CGxMapProjection::eProjectedSystems, line.c_str()) &&
+            ++projected == kProjectedLines)
+            break;
     }
-    std::error_code ec;
-    fs::rename(temporary, target, ec);
-    if (ec) fs::remove(temporary, ec);
-    return !ec;
+    const fs::path target(path);
+    const std::string folder =
+        target.has_parent_path() ? target.parent_path().string() + "/" : std::string("./");
+    GxEnsureFolder(folder);
+    // Without the lock (a process stuck holding it) the list is still
+    // written whole; at worst another process's latest choice is missing.
+    const GxCatalogueLock lock(folder);
+    gxzpf::RemoveStaleTemporaries(path);
+    std::string message;
+    if (gxzpf::WriteReplacing(path, text, message)) return true;
+    GxReportCatalogue(message);
+    return false;
 }
 
 }  // namespace

@@ -4,11 +4,14 @@
 #include <list>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "catalogue/CustomFile.h"
 #include "foundation/GxExport.h"
 
 class CGxMapProjData;
+class GxCatalogueFile;
 class CGxTabledMapProjData;
 class CGxMapProjectionInfo;
 class CGxProjReadNotifier;
@@ -35,12 +38,19 @@ public:
     // Fills the catalogue from the library's folder and the user's folder
     // (both ending in '/'; an empty user folder skips the custom file).
     void InitMapProjections(const std::string& dataPath, const std::string& userPath);
+    // The same with the user's custom file already loaded.
+    void InitMapProjections(const std::string& dataPath, const GxCatalogueFile& customFile);
     // Appends every section of a keyword file whose name a definition type
     // accepts; the first type in enumeration order wins. Missing files and
-    // unknown sections are skipped.
+    // unknown sections are skipped. A malformed section (see
+    // CGxTabledMapProjData::SectionProblem) is skipped and reported
+    // (CGxCartSetup::GetReport), and its name then finds no entry of that
+    // file or a later one, rather than another system of the same name.
     void ReadMapProjections(const std::string& path, bool editable);
-    // Writes the editable entries; the old file survives a failed write.
-    // Returns whether the file was written.
+    void ReadMapProjections(const GxCatalogueFile& file, bool editable);
+    // Writes all editable entries to path; the old file survives a failed
+    // write. Returns whether the file was written. (The setup writes the
+    // user's shared file differently: see CGxCartSetup::WriteModified.)
     bool WriteCustomMapProjections(const std::string& path);
 
     // Takes ownership and appends.
@@ -93,6 +103,20 @@ public:
     static std::string GetSystemDefinedSetupName();
     static std::string GetUserDefinedSetupName();
 
+    // Identifiers of ellipsoids that resolve to nothing because their
+    // sections were skipped; a definition read afterwards that uses one is
+    // kept in the list but its name finds nothing, instead of a grid on an
+    // unknown ellipsoid.
+    void SetUnavailableEllipsoids(std::vector<std::string> ids) {
+        unavailableEllipsoids = std::move(ids);
+    }
+    // The custom entries as the files read held them (see CustomFile.h); the
+    // setup writes only what changed since, and then records the new state.
+    const std::vector<GxCustomRecord>& LoadedCustomRecords() const { return loadedCustom; }
+    void SetLoadedCustomRecords(std::vector<GxCustomRecord> records) {
+        loadedCustom = std::move(records);
+    }
+
 private:
     // An entry's name and its short form as they were when the entry joined
     // the catalogue, so that a look-up does not parse every name again.
@@ -102,9 +126,17 @@ private:
         const CGxTabledMapProjData* tabled;
         std::string name;
         std::string shortName;
+        // Order of joining, unchanged by deletions.
+        std::size_t serial;
+    };
+    // A name that finds nothing from the entry with this serial on.
+    struct Unavailable {
+        std::string shortName;
+        std::size_t fromSerial;
     };
 
     void _Append(CGxMapProjData* definition);
+    void _MarkUnavailable(const std::string& name, std::size_t fromSerial);
     // Whether an entry now called currentName has the wanted short name.
     static bool _Matches(const NameKey& key, const std::string& currentName,
                          const std::string& wantedShortName);
@@ -118,4 +150,8 @@ private:
     // look-ups in a catalogue nobody edits only read it.
     std::vector<NameKey> names;
     std::unique_ptr<DeferredSystems> deferred;
+    std::size_t nextSerial = 0;
+    std::vector<Unavailable> unavailable;
+    std::vector<std::string> unavailableEllipsoids;
+    std::vector<GxCustomRecord> loadedCustom;
 };

@@ -4,6 +4,7 @@
 
 #include "definitions/AlbersEqualAreaProjection.h"
 #include "definitions/CassiniSoldnerProjection.h"
+#include "definitions/DmsAngle.h"
 #include "definitions/EquidistantConicProjection.h"
 #include "definitions/GeographicalProjection.h"
 #include "definitions/HotineObliqueMercatorProjection.h"
@@ -132,21 +133,15 @@ void CGxMapProjData::ComputeFourierCoefficients(EProjectionType type, bool forwa
 
 bool CGxMapProjData::zpfGetParamDMS(void* section, const char* keyword, int* degrees, int* minutes,
                                     double* seconds) {
-    int d = 0;
-    int m = 0;
-    double s = 0.0;
     if (degrees) *degrees = 0;
     if (minutes) *minutes = 0;
     if (seconds) *seconds = 0.0;
-    void* found = (section && keyword) ? zpfKeywordByNameNum(section, keyword, 1) : nullptr;
-    if (!found) return false;
-
-    // A value that cannot be read as its kind leaves its part at 0.
-    const int count = zpfGetNoParams(found);
-    if (!zpfGetInt(zpfParamByNum(found, 1), &d)) d = 0;
-    if (count > 1 && !zpfGetInt(zpfParamByNum(found, 2), &m)) m = 0;
-    if (count > 2 && !zpfGetDouble(zpfParamByNum(found, 3), &s)) s = 0.0;
-
+    double parts[3];
+    if (!GxReadDmsParts(section, keyword, parts)) return false;
+    int d = 0;
+    int m = 0;
+    double s = 0.0;
+    GxSplitDms(parts, &d, &m, &s);
     if (degrees) *degrees = d;
     if (minutes) *minutes = m;
     if (seconds) *seconds = s;

@@ -182,9 +182,11 @@ public:
     static void ComputeFourierCoefficients(EProjectionType type, bool forward, double x,
                                            double* const out);
 
-    // Reads an angle kept as up to three values (integer degrees, integer
-    // minutes, double seconds) under the first occurrence of keyword. The
-    // outputs start at 0; false when the keyword is absent.
+    // Reads an angle kept as up to three values (degrees, minutes, seconds)
+    // under the first occurrence of keyword. Fractions of the degrees or
+    // minutes move down to the minutes and seconds (45.5, 0, 0 gives 45, 30,
+    // 0), so the outputs always state the angle the file gives. The outputs
+    // start at 0; false when the keyword is absent.
     static bool zpfGetParamDMS(void* section, const char* keyword, int* degrees, int* minutes,
                                double* seconds);
 };

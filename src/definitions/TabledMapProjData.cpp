@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "definitions/DmsAngle.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
 #include "projections/ProjectionSupport.h"
@@ -32,17 +33,8 @@ double ReadDecimal(void* section, const char* keyword) {
 double ReadParameter(void* section, const GxParamRow& row) {
     switch (row.alternative) {
         case EGxAlternativeForm::eDms: {
-            int degrees = 0;
-            int minutes = 0;
-            double seconds = 0.0;
-            if (CGxMapProjData::zpfGetParamDMS(section, row.alternativeKeyword, &degrees, &minutes,
-                                               &seconds)) {
-                // The sign is carried by the degrees alone: "-0" degrees is not
-                // negative, so an angle between -1 and 0 degrees can only be
-                // written with negative minutes (0 -30 0 is -0.5).
-                const double sign = degrees < 0 ? -1.0 : 1.0;
-                return degrees + sign * minutes / 60.0 + sign * seconds / 3600.0;
-            }
+            double degrees = 0.0;
+            if (GxReadDmsDegrees(section, row.alternativeKeyword, &degrees)) return degrees;
             break;
         }
         case EGxAlternativeForm::eFeetUs: {
@@ -203,6 +195,24 @@ void CGxTabledMapProjData::ReadFromHandle(void* section, bool editable) {
     _Assign(ReadText(section, ProjectionName), ReadText(section, BranchName),
             ReadText(section, Ellipsoid), values, editable, editable);
     code = std::move(readCode);
+}
+
+std::string CGxTabledMapProjData::SectionProblem(void* section) const {
+    // The shared texts, then each parameter's keyword and its alternative
+    // form: degrees, minutes and seconds are one to three numbers.
+    ZpfParamShape shapes[4 + 2 * kGxMaxProjParams] = {
+        {ProjectionName, 1, 1, 0}, {BranchName, 1, 1, 0}, {Ellipsoid, 1, 1, 0}, {Code, 1, 1, 0}};
+    int count = 4;
+    for (int i = 0; i < layout->count; ++i) {
+        const GxParamRow& row = layout->params[i];
+        shapes[count++] = {row.keyword, 1, 1, 1};
+        if (row.alternative != EGxAlternativeForm::eNone)
+            shapes[count++] = {row.alternativeKeyword, 1,
+                               row.alternative == EGxAlternativeForm::eDms ? 3 : 1, 1};
+    }
+    std::string problem;
+    zpfCheckParams(section, shapes, count, &problem);
+    return problem;
 }
 
 void CGxTabledMapProjData::WriteToHandle(void* file) {

@@ -141,6 +141,11 @@ public:
     const std::string& GetCode() const { return code; }
     void SetCode(const std::string& code);
     void ReadFromHandle(void* section, bool editable) override;
+    // Why a keyword-file section cannot be read as this type, with the line:
+    // a keyword the type reads that holds a list where one value belongs
+    // ("Scale = 0,9996" is the two values 0 and 9996), a text where a number
+    // belongs, or no value at all. Empty when the section can be read.
+    std::string SectionProblem(void* section) const;
     void WriteToHandle(void* file) override;
     bool IsSectionID(const std::string& text) const override;
     bool CanDelete() const override;

@@ -7,10 +7,13 @@
 #include <cmath>
 #include <cstdio>
 #include <filesystem>
+#include <optional>
 #include <system_error>
 
 #include "catalogue/CartSetup.h"
+#include "catalogue/CatalogueLock.h"
 #include "catalogue/MapProjectionBuffer.h"
+#include "catalogue/PlatformFolders.h"
 #include "catalogue/ProjectionScan.h"
 #include "datum/DatumShift.h"
 #include "foundation/Ellipsoid.h"
@@ -281,6 +284,10 @@ const char* CGxMapProjection::XEnumMapProjectionsBuffer(int mask, const char* s,
     // this call only.
     const std::string path =
         userFolder.empty() ? std::string() : userFolder + CGxMapProjectionBuffer::kFileName;
+    // Processes of the same user take turns with the list, so that none
+    // writes back a list it read before another process's change.
+    std::optional<GxCatalogueLock> turn;
+    if (!path.empty() && GxEnsureFolder(userFolder)) turn.emplace(userFolder);
     if (!path.empty() && !FileExists(path)) CGxMapProjectionBuffer::CreateFile(path);
 
     std::string entry = s ? s : "";

@@ -11,7 +11,9 @@
 #include <charconv>
 #include <climits>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
 #include <memory>
 #include <new>
@@ -19,6 +21,7 @@
 #include <system_error>
 
 #include "foundation/NumberText.h"
+#include "zpf/FileReplace.h"
 #include "zpf/ZpfTree.h"
 
 namespace {
@@ -175,23 +178,6 @@ int CountOf(std::size_t count) {
     return count > static_cast<std::size_t>(INT_MAX) ? INT_MAX : static_cast<int>(count);
 }
 
-// The whole content of a file in one read, its size taken beforehand; a file
-// that grows meanwhile is still read to its end.
-bool ReadWhole(const char* path, std::string& out) {
-    std::FILE* in = std::fopen(path, "rb");
-    if (!in) return false;
-    long size = 0;
-    if (std::fseek(in, 0, SEEK_END) == 0) size = std::ftell(in);
-    std::rewind(in);
-    out.resize(size > 0 ? static_cast<std::size_t>(size) : 0);
-    out.resize(std::fread(&out[0], 1, out.size(), in));
-    char chunk[4096];
-    for (std::size_t n; (n = std::fread(chunk, 1, sizeof chunk, in)) > 0;) out.append(chunk, n);
-    const bool ok = std::ferror(in) == 0;
-    std::fclose(in);
-    return ok;
-}
-
 }  // namespace
 
 void* zpfLoadFile(const char* path) {
@@ -211,16 +197,16 @@ void* zpfLoadFile(const char* path) {
     }
     try {
         std::string content;
-        if (!ReadWhole(path, content)) {
+        if (!gxzpf::ReadWhole(path, content)) {
             SetError(eZpfIo, "zpfLoadFile: cannot read '", path, "'");
             return nullptr;
         }
+        // A malformed part is skipped and listed with the file; what could be
+        // read is there, and no error is pending.
         auto file = std::make_unique<gxzpf::File>();
-        std::string message;
-        if (!gxzpf::Parse(content, *file, message)) {
-            SetError(eZpfSyntax, path, ": ", message);
-            return nullptr;
-        }
+        std::string firstProblem;
+        gxzpf::Parse(std::move(content), *file, firstProblem);
+        file->path = path;
         return file.release();
     } catch (const std::bad_alloc&) {
         SetError(eZpfIo, "zpfLoadFile: '", path, "' is too large to be read");
@@ -233,16 +219,25 @@ void* zpfCreate() {
     return new gxzpf::File();
 }
 
-int zpfWrite(void* file, const char* path) {
+int zpfWrite(void* file, const char* path, std::string* keptAs) {
     ClearError();
+    if (keptAs) keptAs->clear();
     gxzpf::File* f = NeedFile(file, "zpfWrite");
     if (!f || !NeedText(path, "zpfWrite", "path")) return 0;
-    std::string message;
-    if (!gxzpf::WriteReplacing(path, gxzpf::Format(*f), message)) {
-        SetError(eZpfIo, "zpfWrite: ", message);
+    try {
+        std::string message;
+        std::string kept;
+        if (!gxzpf::KeepUnreadable(path, kept, message) ||
+            !gxzpf::WriteReplacing(path, gxzpf::Format(*f), message)) {
+            SetError(eZpfIo, "zpfWrite: ", message);
+            return 0;
+        }
+        if (keptAs) *keptAs = kept;
+        return 1;
+    } catch (const std::bad_alloc&) {
+        SetError(eZpfIo, "zpfWrite: '", path, "': out of memory");
         return 0;
     }
-    return 1;
 }
 
 void zpfClose(void* file) {
@@ -482,4 +477,187 @@ int zpfGetString(void* param, std::string* value) {
 int zpfIsText(void* param) {
     gxzpf::Value* v = NeedValue(param, "zpfIsText");
     return v && v->isText ? 1 : 0;
+}
+
+int zpfGetNoProblems(void* file) {
+    gxzpf::File* f = NeedFile(file, "zpfGetNoProblems");
+    return f ? CountOf(f->problemCount) : 0;
+}
+
+std::string zpfGetProblem(void* file, int num) {
+    gxzpf::File* f = NeedFile(file, "zpfGetProblem");
+    if (!f) return std::string();
+    if (const std::string* problem = num >= 1 && static_cast<std::size_t>(num) <= f->problems.size()
+                                         ? &f->problems[static_cast<std::size_t>(num) - 1]
+                                         : nullptr)
+        return f->path.empty() ? *problem : f->path + ": " + *problem;
+    NotFound("zpfGetProblem", "problem ", Count(num));
+    return std::string();
+}
+
+int zpfGetNoDamagedSections(void* target) {
+    gxzpf::Target* t = NeedTarget(target, "zpfGetNoDamagedSections");
+    return t ? CountOf(t->damaged.size()) : 0;
+}
+
+void* zpfDamagedSectionByNum(void* target, int num) {
+    gxzpf::Target* t = NeedTarget(target, "zpfDamagedSectionByNum");
+    if (!t) return nullptr;
+    if (gxzpf::Section* s = Nth(t->damaged, num)) return s;
+    return NotFound("zpfDamagedSectionByNum", "damaged section ", Count(num), " in block '",
+                    t->name, "'");
+}
+
+int zpfGetLine(void* handle) {
+    std::size_t line = 0;
+    if (auto* t = As<gxzpf::Target>(handle, Kind::Target))
+        line = t->line;
+    else if (auto* s = As<gxzpf::Section>(handle, Kind::Section))
+        line = s->line;
+    else if (auto* k = As<gxzpf::Keyword>(handle, Kind::Keyword))
+        line = k->line;
+    else
+        SetError(eZpfNullHandle,
+                 "zpfGetLine: ", handle ? "not a block, section or keyword" : "null", " handle");
+    return CountOf(line);
+}
+
+namespace {
+
+// A section listed in its block (a damaged one is not).
+gxzpf::Section* ListedSection(void* handle, const char* function) {
+    gxzpf::Section* s = NeedSection(handle, function);
+    if (!s) return nullptr;
+    const auto& list = s->target->sections;
+    if (std::find(list.begin(), list.end(), s) == list.end()) {
+        SetError(eZpfState, function, ": section '", s->name, "' is not listed in a block");
+        return nullptr;
+    }
+    return s;
+}
+
+}  // namespace
+
+int zpfRemoveSection(void* section) {
+    gxzpf::Section* s = ListedSection(section, "zpfRemoveSection");
+    if (!s) return 0;
+    gxzpf::RemoveSection(*s);
+    return 1;
+}
+
+int zpfReplaceSection(void* old, void* section) {
+    gxzpf::Section* o = ListedSection(old, "zpfReplaceSection");
+    gxzpf::Section* s = o ? ListedSection(section, "zpfReplaceSection") : nullptr;
+    if (!s) return 0;
+    if (o == s || o->target != s->target) {
+        SetError(eZpfState, "zpfReplaceSection: the sections must be two of one block");
+        return 0;
+    }
+    gxzpf::ReplaceSection(*o, *s);
+    return 1;
+}
+
+int zpfFormat(void* handle, std::string* text) {
+    if (auto* s = As<gxzpf::Section>(handle, Kind::Section)) {
+        if (!NeedText(text, "zpfFormat", "result pointer")) return 0;
+        *text = gxzpf::FormatSection(*s);
+        return 1;
+    }
+    gxzpf::File* f = NeedFile(handle, "zpfFormat");
+    if (!f || !NeedText(text, "zpfFormat", "result pointer")) return 0;
+    *text = gxzpf::Format(*f);
+    return 1;
+}
+
+namespace {
+
+// Why a keyword does not have the shape asked for; "" when it has.
+std::string ShapeProblem(const gxzpf::Keyword& k, int minValues, int maxValues, bool numbersOnly) {
+    // Messages are made only for a failure: catalogues check every keyword.
+    auto where = [&k] { return "line " + std::to_string(k.line) + ": keyword '" + k.name + "' "; };
+    const std::size_t count = k.ValueCount();
+    if (count < static_cast<std::size_t>(std::max(minValues, 0)) ||
+        count > static_cast<std::size_t>(std::max(maxValues, 0))) {
+        const char* kind = numbersOnly ? " number" : " value";
+        const bool one = minValues == maxValues && minValues == 1;
+        const std::string expected =
+            minValues == maxValues
+                ? (one ? std::string("one") : std::to_string(minValues)) + kind + (one ? "" : "s")
+                : std::to_string(minValues) + " to " + std::to_string(maxValues) + kind + "s";
+        const std::string held = count == 0
+                                     ? std::string("no value")
+                                     : std::to_string(count) + (count == 1 ? " value" : " values");
+        return where() + "holds " + held + " where " + expected + (one ? " is" : " are") +
+               " expected";
+    }
+    for (std::size_t i = 0; numbersOnly && i < count; ++i) {
+        const gxzpf::Value* v = k.ValueAt(i);
+        if (v->isText)
+            return where() + "holds the text \"" + v->text.substr(0, 40) +
+                   "\" where a number is expected";
+    }
+    return std::string();
+}
+
+bool ReportShape(std::string text, std::string* problem) {
+    if (text.empty()) return true;
+    SetError(text.find("the text") != std::string::npos ? eZpfNotANumber : eZpfValueCount,
+             "zpfCheckParam: ", text);
+    if (problem) *problem = std::move(text);
+    return false;
+}
+
+}  // namespace
+
+int zpfCheckParam(void* section, const char* keyword, int minValues, int maxValues, int numbersOnly,
+                  std::string* problem) {
+    gxzpf::Section* s = NeedSection(section, "zpfCheckParam");
+    if (!s || !NeedText(keyword, "zpfCheckParam", "keyword name")) return 0;
+    const gxzpf::Keyword* k = NthNamed(s->keywords, keyword, 1);
+    if (!k) return 1;
+    return ReportShape(ShapeProblem(*k, minValues, maxValues, numbersOnly != 0), problem) ? 1 : 0;
+}
+
+int zpfCheckParams(void* section, const ZpfParamShape* shapes, int count, std::string* problem) {
+    gxzpf::Section* s = NeedSection(section, "zpfCheckParams");
+    if (!s || (count > 0 && !NeedText(shapes, "zpfCheckParams", "shape list"))) return 0;
+    // One pass over the keywords; each shape applies to the first keyword of
+    // its name only, as readers take the first occurrence. Names are told
+    // apart by length and first and last letter before they are compared.
+    constexpr int kMostShapes = 64;
+    if (count > kMostShapes) count = kMostShapes;
+    std::uint32_t keys[kMostShapes];
+    std::size_t sizes[kMostShapes];
+    auto key = [](const char* name, std::size_t size) {
+        return size == 0
+                   ? 0u
+                   : static_cast<std::uint32_t>(size & 0xFFFF) |
+                         static_cast<std::uint32_t>(static_cast<unsigned char>(name[0])) << 16 |
+                         static_cast<std::uint32_t>(static_cast<unsigned char>(name[size - 1]))
+                             << 24;
+    };
+    for (int i = 0; i < count; ++i) {
+        sizes[i] = shapes[i].keyword ? std::strlen(shapes[i].keyword) : 0;
+        keys[i] = shapes[i].keyword ? key(shapes[i].keyword, sizes[i]) : 0xFFFFFFFFu;
+    }
+    for (const gxzpf::Keyword* k : s->keywords) {
+        const std::uint32_t wanted = key(k->name.data(), k->name.size());
+        for (int i = 0; i < count; ++i) {
+            if (keys[i] != wanted || std::memcmp(k->name.data(), shapes[i].keyword, sizes[i]) != 0)
+                continue;
+            keys[i] = 0xFFFFFFFFu;  // later occurrences are not read
+            const ZpfParamShape& shape = shapes[i];
+            const std::size_t n = k->ValueCount();
+            bool fits = n >= static_cast<std::size_t>(std::max(shape.minValues, 0)) &&
+                        n <= static_cast<std::size_t>(std::max(shape.maxValues, 0));
+            for (std::size_t v = 0; fits && shape.numbersOnly && v < n; ++v)
+                fits = !k->ValueAt(v)->isText;
+            if (!fits && !ReportShape(ShapeProblem(*k, shape.minValues, shape.maxValues,
+                                                   shape.numbersOnly != 0),
+                                      problem))
+                return 0;
+            break;
+        }
+    }
+    return 1;
 }

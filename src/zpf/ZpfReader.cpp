@@ -4,11 +4,12 @@
 // "NAME {" of a block or section, a closing "}", or a keyword line
 // "NAME = value, value, ...". Only two levels exist (blocks hold sections,
 // sections hold keywords), so the reader keeps a depth counter instead of a
-// stack and cannot be driven into deep recursion by a hostile file. The first
-// problem ends the reading; its message names the line.
+// stack and cannot be driven into deep recursion by a hostile file. A problem
+// is recorded with its line and reading goes on with the next line.
 
 #include "zpf/ZpfTree.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdio>
 #include <string>
@@ -65,53 +66,89 @@ std::string ShowText(std::string_view text) {
     return "'" + shown + "'";
 }
 
-// Reads one line at a time into the tree.
+// Reads one line at a time into the tree. A problem costs the line it is on,
+// or, inside a section, the whole section: a section with one bad line is not
+// handed out half read. Everything else is still read. The text of every line
+// belongs to exactly one element (a block's opening or closing, a section, or
+// the end of the file), so the tree can be written again as it was read.
 class LineReader {
 public:
     explicit LineReader(File& file) : file_(file) {}
 
-    bool ReadLine(std::string_view line, std::size_t lineNo) {
+    void ReadLine(std::string_view line, std::size_t lineNo, std::size_t begin, std::size_t end) {
         line_ = line;
         pos_ = 0;
         lineNo_ = lineNo;
+        lineBegin_ = begin;
+        lineEnd_ = end;
         _SkipBlanks();
-        if (_AtEnd()) return true;
+        if (_AtEnd()) return;
+        if (line_.find('\0') != std::string_view::npos) {
+            _Fail("NUL byte (not a text file?)");
+            return;
+        }
         if (line_[pos_] == '}') {
             ++pos_;
-            return _Close() && _ExpectEnd("after '}'");
+            _Close();
+            _ExpectEnd("after '}'");
+            return;
         }
         std::string name;
-        if (!_ReadName(name)) return false;
+        if (!_ReadName(name)) return;
         _SkipBlanks();
         if (pos_ < line_.size() && line_[pos_] == '{') {
             ++pos_;
-            return _Open(std::move(name)) && _ExpectEnd("after '{'");
+            _Open(std::move(name));
+            _ExpectEnd("after '{'");
+            return;
         }
         if (pos_ < line_.size() && line_[pos_] == '=') {
             ++pos_;
-            return _Keyword(std::move(name));
+            _Keyword(std::move(name));
+            return;
         }
-        return _Fail("expected '{' or '=' after " + ShowText(name));
+        _Fail("expected '{' or '=' after " + ShowText(name));
     }
 
-    // Called after the last line: every block must have been closed.
-    bool Finish() {
+    // Called after the last line, with the length of the text: whatever is
+    // still open was not closed.
+    void Finish(std::size_t textEnd) {
+        lineBegin_ = lineEnd_ = textEnd;
         if (depth_ == 2) {
-            lineNo_ = sectionLine_;
-            return _Fail("section " + ShowText(file_.targets.back()->sections.back()->name) + " is not closed");
+            lineNo_ = section_->line;
+            _Fail("section " + ShowText(section_->name) + " is not closed");
+            _EndSection();
         }
         if (depth_ == 1) {
-            lineNo_ = targetLine_;
-            return _Fail("block " + ShowText(file_.targets.back()->name) + " is not closed");
+            lineNo_ = target_->line;
+            lineBegin_ = target_->opening.begin;
+            lineEnd_ = target_->opening.end;
+            _Fail("block " + ShowText(target_->name) + " is not closed");
+            target_->closing = Span{pendingBegin_, textEnd};
+            pendingBegin_ = textEnd;
         }
-        return true;
+        file_.trailing = Span{pendingBegin_, textEnd};
     }
 
-    const std::string& Message() const { return message_; }
+    const std::string& FirstProblem() const { return first_; }
 
 private:
+    // Records a problem of the current line; inside a section the section is
+    // lost with it. Answers false, so that readers can stop at once.
     bool _Fail(const std::string& what) {
-        message_ = "line " + std::to_string(lineNo_) + ": " + what;
+        // A damaged section's text is recorded once, when it ends.
+        if (depth_ == 2)
+            damaged_ = true;
+        else if (file_.unread.empty() || file_.unread.back().end != lineEnd_)
+            file_.unread.push_back(Span{lineBegin_, lineEnd_});
+        ++file_.problemCount;
+        if (file_.problems.size() >= File::kKeptProblems) return false;
+        std::string message = "line " + std::to_string(lineNo_) + ": " + what;
+        if (depth_ == 2)
+            message += "; section " + ShowText(section_->name) + " of line " +
+                       std::to_string(section_->line) + " is skipped";
+        if (file_.problemCount == 1) first_ = message;
+        file_.problems.push_back(std::move(message));
         return false;
     }
 
@@ -122,10 +159,9 @@ private:
         while (pos_ < line_.size() && IsBlank(line_[pos_])) ++pos_;
     }
 
-    bool _ExpectEnd(const char* where) {
+    void _ExpectEnd(const char* where) {
         _SkipBlanks();
-        if (_AtEnd()) return true;
-        return _Fail(std::string("unexpected ") + ShowChar(line_[pos_]) + " " + where);
+        if (!_AtEnd()) _Fail(std::string("unexpected ") + ShowChar(line_[pos_]) + " " + where);
     }
 
     bool _ReadName(std::string& name) {
@@ -180,44 +216,85 @@ private:
         return _Fail("unterminated string");
     }
 
-    bool _Open(std::string name) {
+    void _Open(std::string name) {
         if (depth_ == 0) {
-            file_.AddTarget(std::move(name));
-            targetLine_ = lineNo_;
-        } else if (depth_ == 1) {
-            file_.AddSection(*file_.targets.back(), std::move(name));
-            sectionLine_ = lineNo_;
-        } else {
-            return _Fail("section " + ShowText(file_.targets.back()->sections.back()->name) +
-                         " cannot hold another block " + ShowText(name));
+            target_ = file_.AddTarget(std::move(name));
+            target_->fromText = true;
+            target_->closed = false;
+            target_->line = lineNo_;
+            target_->opening = Span{pendingBegin_, lineEnd_};
+            pendingBegin_ = lineEnd_;
+            depth_ = 1;
+            return;
         }
-        ++depth_;
-        return true;
+        if (depth_ == 2) {
+            // Most often a forgotten closing brace: the section before ends
+            // here, lost, and the new one is read.
+            _Fail("section " + ShowText(section_->name) + " cannot hold another block " +
+                  ShowText(name));
+            _EndSection();
+        }
+        section_ = file_.NewSection(*target_, std::move(name));
+        section_->line = lineNo_;
+        sectionStart_ = lineBegin_;
+        damaged_ = false;
+        depth_ = 2;
     }
 
-    bool _Close() {
-        if (depth_ == 0) return _Fail("'}' without an open block");
-        --depth_;
-        return true;
+    // Ends the open section at the current line's end. A good section takes
+    // the pending text and its own lines; a damaged one leaves its lines
+    // pending, so that they are written again ahead of what follows.
+    void _EndSection() {
+        if (damaged_) {
+            target_->damaged.push_back(section_);
+            file_.unread.push_back(Span{sectionStart_, lineEnd_});
+        } else {
+            section_->fromText = true;
+            section_->leading = Span{pendingBegin_, sectionStart_};
+            section_->own = Span{sectionStart_, lineEnd_};
+            pendingBegin_ = lineEnd_;
+            target_->sections.push_back(section_);
+        }
+        section_ = nullptr;
+        depth_ = 1;
     }
 
-    bool _Keyword(std::string name) {
-        if (depth_ < 2)
-            return _Fail("keyword " + ShowText(name) + (depth_ == 0 ? " outside a block" : " outside a section"));
-        Keyword& keyword = *file_.AddKeyword(*file_.targets.back()->sections.back(), std::move(name));
+    void _Close() {
+        if (depth_ == 0) {
+            _Fail("'}' without an open block");
+        } else if (depth_ == 2) {
+            _EndSection();
+        } else {
+            target_->closing = Span{pendingBegin_, lineEnd_};
+            target_->closed = true;
+            pendingBegin_ = lineEnd_;
+            target_ = nullptr;
+            depth_ = 0;
+        }
+    }
+
+    void _Keyword(std::string name) {
+        if (depth_ < 2) {
+            _Fail("keyword " + ShowText(name) +
+                  (depth_ == 0 ? " outside a block" : " outside a section"));
+            return;
+        }
+        Keyword& keyword = *file_.AddKeyword(*section_, std::move(name));
+        keyword.line = lineNo_;
         _SkipBlanks();
         // "NAME =" with nothing after it is a keyword without values.
-        if (!_AtEnd()) {
-            for (;;) {
-                if (!_ReadValue(*file_.AddValue(keyword))) return false;
-                _SkipBlanks();
-                if (_AtEnd()) break;
-                if (line_[pos_] != ',') return _Fail("expected ',' between values, found " + ShowChar(line_[pos_]));
-                ++pos_;
-                _SkipBlanks();
+        if (_AtEnd()) return;
+        for (;;) {
+            if (!_ReadValue(*file_.AddValue(keyword))) return;
+            _SkipBlanks();
+            if (_AtEnd()) return;
+            if (line_[pos_] != ',') {
+                _Fail("expected ',' between values, found " + ShowChar(line_[pos_]));
+                return;
             }
+            ++pos_;
+            _SkipBlanks();
         }
-        return true;
     }
 
     bool _ReadValue(Value& value) {
@@ -247,42 +324,71 @@ private:
     std::string_view line_;
     std::size_t pos_ = 0;
     std::size_t lineNo_ = 0;
+    std::size_t lineBegin_ = 0;
+    std::size_t lineEnd_ = 0;
     int depth_ = 0;
-    std::size_t targetLine_ = 0;
-    std::size_t sectionLine_ = 0;
-    std::string message_;
+    Target* target_ = nullptr;
+    Section* section_ = nullptr;
+    bool damaged_ = false;
+    std::size_t sectionStart_ = 0;
+    // Start of the text not yet given to any element.
+    std::size_t pendingBegin_ = 0;
+    std::string first_;
 };
 
 }  // namespace
 
-bool Parse(const std::string& text, File& file, std::string& message) {
+bool Parse(std::string text, File& file, std::string& message) {
     file.Clear();
     message.clear();
+    file.text = std::move(text);
     LineReader reader(file);
-    std::string_view rest(text);
-    // Editors on some systems start UTF-8 files with a byte-order mark.
-    if (rest.substr(0, 3) == "\xEF\xBB\xBF") rest.remove_prefix(3);
+    std::string_view all(file.text);
+    // Editors on some systems start UTF-8 files with a byte-order mark; it
+    // stays in the text written back.
+    std::size_t begin = all.substr(0, 3) == "\xEF\xBB\xBF" ? 3 : 0;
     std::size_t lineNo = 0;
-    bool ok = true;
-    while (ok && !rest.empty()) {
+    while (begin < all.size()) {
         ++lineNo;
-        std::size_t eol = rest.find('\n');
-        std::string_view line = rest.substr(0, eol);
-        rest.remove_prefix(eol == std::string_view::npos ? rest.size() : eol + 1);
+        std::size_t eol = all.find('\n', begin);
+        const std::size_t end = eol == std::string_view::npos ? all.size() : eol + 1;
+        std::string_view line =
+            all.substr(begin, (eol == std::string_view::npos ? all.size() : eol) - begin);
         if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
-        if (line.find('\0') != std::string_view::npos) {
-            message = "line " + std::to_string(lineNo) + ": NUL byte (not a text file?)";
-            ok = false;
-            break;
-        }
-        ok = reader.ReadLine(line, lineNo);
+        reader.ReadLine(line, lineNo, begin, end);
+        begin = end;
     }
-    if (ok) ok = reader.Finish();
-    if (!ok) {
-        if (message.empty()) message = reader.Message();
-        file.Clear();
-    }
-    return ok;
+    reader.Finish(all.size());
+    message = reader.FirstProblem();
+    return file.problemCount == 0;
+}
+
+void ReplaceSection(Section& old, Section& section) {
+    Target& target = *old.target;
+    auto& list = target.sections;
+    list.erase(std::find(list.begin(), list.end(), &section));
+    std::vector<Span> carried = old.carried;
+    if (old.fromText) carried.push_back(old.leading);
+    carried.insert(carried.end(), section.carried.begin(), section.carried.end());
+    section.carried = std::move(carried);
+    *std::find(list.begin(), list.end(), &old) = &section;
+    target.edited = true;
+    old.tag = Kind::Dead;
+}
+
+void RemoveSection(Section& section) {
+    Target& target = *section.target;
+    auto& list = target.sections;
+    auto it = std::find(list.begin(), list.end(), &section);
+    std::vector<Span>& next = (it + 1 == list.end()) ? target.carried : (*(it + 1))->carried;
+    // The text above the section (comments, and the lines of damaged
+    // sections before it) goes before whatever follows.
+    std::vector<Span> carried = section.carried;
+    if (section.fromText) carried.push_back(section.leading);
+    next.insert(next.begin(), carried.begin(), carried.end());
+    list.erase(it);
+    target.edited = true;
+    section.tag = Kind::Dead;
 }
 
 bool IsBareName(const std::string& name) {

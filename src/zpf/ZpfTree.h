@@ -41,12 +41,20 @@ struct Value {
 };
 
 struct Section;
+struct Target;
 struct File;
+
+// A stretch [begin, end) of the text a file was read from.
+struct Span {
+    std::size_t begin = 0;
+    std::size_t end = 0;
+};
 
 struct Keyword {
     Kind tag = Kind::Keyword;
     std::string name;
     Section* section = nullptr;
+    std::size_t line = 0;  // in the file it was read from; 0 when built
     // Nearly every keyword holds one value: the first is kept in place, only
     // further ones go to a list.
     Value* firstValue = nullptr;
@@ -64,9 +72,20 @@ struct Section {
     // Keywords may be added only while a section is open: from zpfAddSection
     // to zpfEndSection. Sections read from a file are closed.
     bool open = false;
-    // The file whose storage holds the section's keywords and values.
+    // The file whose storage holds the section's keywords and values, and
+    // the block that lists it.
     File* file = nullptr;
+    Target* target = nullptr;
     std::vector<Keyword*> keywords;
+    // A section read from a file is written again as the user wrote it: the
+    // comments and blank lines above it (leading), then its own lines from
+    // the opening to the closing brace. Text of removed neighbours that
+    // stood before it is carried along, so no comment is lost.
+    bool fromText = false;
+    std::size_t line = 0;
+    Span leading;
+    Span own;
+    std::vector<Span> carried;
     ~Section() { tag = Kind::Dead; }
 };
 
@@ -75,6 +94,21 @@ struct Target {
     std::string name;
     File* file = nullptr;
     std::vector<Section*> sections;
+    // Sections skipped because they were malformed: what could be read of
+    // them, so a caller can tell which entry is missing. Their text stays in
+    // the file's text, ahead of the element that follows them.
+    std::vector<Section*> damaged;
+    // A block read from a file keeps its opening line (with the text above
+    // it) and its closing line (with the text above that); carried holds the
+    // text of removed sections that stood last.
+    bool fromText = false;
+    bool closed = true;
+    // Sections were added, replaced or removed since it was read.
+    bool edited = false;
+    std::size_t line = 0;
+    Span opening;
+    Span closing;
+    std::vector<Span> carried;
     ~Target() { tag = Kind::Dead; }
 };
 
@@ -132,6 +166,16 @@ private:
 struct File {
     Kind tag = Kind::File;
     std::vector<Target*> targets;
+    // For a file that was read: its path, its whole text (the spans of the
+    // nodes point into it), the text after the last block, and the problems
+    // of the lines and sections that could not be read.
+    std::string path;
+    std::string text;
+    Span trailing;
+    std::vector<std::string> problems;  // the first kKeptProblems of them
+    std::size_t problemCount = 0;
+    // The text that could not be read: damaged sections and bad lines.
+    std::vector<Span> unread;
 
     File() = default;
     File(const File&) = delete;
@@ -145,10 +189,16 @@ struct File {
         targets.push_back(target);
         return target;
     }
-    Section* AddSection(Target& target, std::string name) {
+    // A section of target that is not yet listed in it.
+    Section* NewSection(Target& target, std::string name) {
         Section* section = sectionPool.Make();
         section->name = std::move(name);
         section->file = this;
+        section->target = &target;
+        return section;
+    }
+    Section* AddSection(Target& target, std::string name) {
+        Section* section = NewSection(target, std::move(name));
         target.sections.push_back(section);
         return section;
     }
@@ -173,6 +223,12 @@ struct File {
     // Removes every block, section, keyword and value.
     void Clear() {
         targets.clear();
+        path.clear();
+        text.clear();
+        trailing = Span();
+        problems.clear();
+        problemCount = 0;
+        unread.clear();
         valuePool.Clear();
         keywordPool.Clear();
         sectionPool.Clear();
@@ -180,6 +236,9 @@ struct File {
     }
 
     static constexpr std::size_t kUsualKeywords = 8;
+    // A binary file has a problem on nearly every line; the count says how
+    // many there were, the messages stop here.
+    static constexpr std::size_t kKeptProblems = 20;
     // The storage of the nodes the lists point to (public like every member,
     // so the file keeps the layout that puts its tag first).
     NodePool<Target> targetPool;
@@ -205,15 +264,20 @@ Node* As(void* handle, Kind kind) {
 
 // Text form of a tree (the syntax of docs/keyword-files.md).
 std::string Format(const File& file);
+// Text of one section as it is written when built, whatever its origin.
+std::string FormatSection(const Section& section);
 
-// Parses text into file. On failure answers false with message naming the
-// line ("line 12: unterminated string"); file is then left empty.
-bool Parse(const std::string& text, File& file, std::string& message);
+// Parses text into file, which keeps the text. A malformed line or section
+// is skipped and the rest is read; the problems are listed in file. Answers
+// whether the whole text was read; when not, message holds the first problem
+// ("line 12: unterminated string").
+bool Parse(std::string text, File& file, std::string& message);
 
-// Writes text to path through a temporary file in the same folder renamed over
-// the target. On failure answers false with message, and the old file (if
-// any) is unchanged.
-bool WriteReplacing(const std::string& path, const std::string& text, std::string& message);
+// Moves section, which must belong to the same block as old, into old's
+// place; old is no longer listed. Text above old stays above section.
+void ReplaceSection(Section& old, Section& section);
+// Removes section from its block; the text above it stays in the file.
+void RemoveSection(Section& section);
 
 // True when name can be written without quotes.
 bool IsBareName(const std::string& name);

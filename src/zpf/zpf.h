@@ -18,22 +18,28 @@
 // Error codes of the global error.
 enum EZpfError {
     eZpfOk = 0,
-    eZpfNullHandle = 1,     // a handle argument was null or of the wrong kind
-    eZpfNotFound = 2,       // a file, block, section, keyword or value is absent
-    eZpfSyntax = 3,         // the file is malformed; the message names the line
-    eZpfNotANumber = 4,     // a value read as a number is not one
-    eZpfIo = 5,             // the file could not be read or written
-    eZpfState = 6,          // e.g. a keyword put outside an open section
+    eZpfNullHandle = 1,  // a handle argument was null or of the wrong kind
+    eZpfNotFound = 2,    // a file, block, section, keyword or value is absent
+    eZpfSyntax = 3,      // unused: a malformed file is read in part (zpfGetNoProblems)
+    eZpfNotANumber = 4,  // a value read as a number is not one
+    eZpfIo = 5,          // the file could not be read or written
+    eZpfState = 6,       // e.g. a keyword put outside an open section
+    eZpfValueCount = 7,  // a keyword holds more or fewer values than expected
 };
 
-// Loads and parses a file; null (and the error set) when it cannot be read or
-// is malformed.
+// Loads and parses a file; null (and the error set) when it is missing or
+// cannot be read. A malformed line or section is skipped and the rest is
+// read: zpfGetNoProblems tells whether the file was read completely.
 void* zpfLoadFile(const char* path);
 // An empty file object to be built and written.
 void* zpfCreate();
-// Writes the file to path through a temporary file in the same folder renamed
-// over the target, so a failed write leaves the old file as it was.
-int zpfWrite(void* file, const char* path);
+// Writes the file to path through a temporary file in the same folder, synced
+// and renamed over the target, so a failed or interrupted write leaves the old
+// file as it was. A file read from path keeps its comments and layout; only
+// the sections added, replaced or removed are written anew. An existing file
+// at path that cannot be read completely is first kept beside it as
+// "<name>.unreadable-<UTC time>", named in keptAs (empty when none was needed).
+int zpfWrite(void* file, const char* path, std::string* keptAs = nullptr);
 // Releases a file handle and everything below it; null is allowed.
 void zpfClose(void* file);
 
@@ -100,3 +106,45 @@ int zpfGetString(void* param, std::string* value);
 // Non-zero when a value is a quoted text, zero for a number (or a bad handle,
 // which also sets the error).
 int zpfIsText(void* param);
+
+// Problems of a loaded file: the number of lines and sections that could not
+// be read, and the message of the num-th ("<path>: line 12: unterminated
+// string; section 'UTM_PROJECTION' of line 10 is skipped"). Only the first
+// twenty messages are kept; the count is complete.
+int zpfGetNoProblems(void* file);
+std::string zpfGetProblem(void* file, int num);
+// Sections of a block that were skipped because they were malformed, with the
+// keywords that could still be read (for instance their names), so a caller
+// can tell which entries are missing. zpfSectionByNum never shows them.
+int zpfGetNoDamagedSections(void* target);
+void* zpfDamagedSectionByNum(void* target, int num);
+// The line of a block, section or keyword in the file it was read from; 0 for
+// one that was built.
+int zpfGetLine(void* handle);
+
+// Edits of a block read from a file. zpfRemoveSection takes a section out of
+// its block (the handle is invalid afterwards); zpfReplaceSection puts section,
+// a section of the same block (usually one just added), in old's place and
+// removes old. Comments that stood above a removed section stay in the file.
+int zpfRemoveSection(void* section);
+int zpfReplaceSection(void* old, void* section);
+
+// The text zpfWrite would write; given a section, the text of that section
+// alone as it is written when built.
+int zpfFormat(void* fileOrSection, std::string* text);
+
+// Checks the first occurrence of keyword in a section, when there is one: it
+// must hold minValues to maxValues values, all numbers when numbersOnly is
+// non-zero. Zero (and problem, when given, saying why with the line) when it
+// does not; an absent keyword passes.
+int zpfCheckParam(void* section, const char* keyword, int minValues, int maxValues, int numbersOnly,
+                  std::string* problem);
+// The same for several keywords in one pass over the section; the first
+// keyword (in the section's order) that does not fit is reported.
+struct ZpfParamShape {
+    const char* keyword;
+    int minValues;
+    int maxValues;
+    int numbersOnly;
+};
+int zpfCheckParams(void* section, const ZpfParamShape* shapes, int count, std::string* problem);

@@ -91,6 +91,7 @@ const char* const kExportedNames[] = {
     "S_PROJECTIONSHORTNAME",
     "S_LONGITUDETOUTMZONE",
     "S_GETGOOGLEMAPPROJECTIONSTRING",
+    "S_CATALOGUEREPORT",
     "NewGxProjection",
     "CARTSETUPLINUX",
 };

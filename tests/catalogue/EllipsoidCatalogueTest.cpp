@@ -10,6 +10,7 @@
 #include <iterator>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "catalogue/CartSetup.h"
 #include "catalogue/EllipsoidList.h"
@@ -199,4 +200,44 @@ TEST(EllipsoidCatalogue, FailedWriteAtUnloadKeepsThePreviousFile) {
     WriteText(dir.path() / "custom_ellipsoid.zpf", previous);
     ASSERT_EQ(RunChild(AddManyUnderFileSizeLimit, dir.folder()), 0);
     EXPECT_EQ(Slurp(dir.path() / "custom_ellipsoid.zpf"), previous);
+}
+
+// A damaged section hides its identifier from the entries after it in its
+// file and, for a custom file, from later additions; never from a system
+// ellipsoid or an entry that stands before it. The projections that use such
+// an identifier are then refused by name, not converted on a wrong figure.
+TEST(EllipsoidCatalogue, DamagedSectionsHideTheirIdentifierOnlyFromLaterEntries) {
+    TempFolder dir;
+    auto section = [](const char* id, const char* axis) {
+        return std::string("  REF_ELLIPSOID {\n    Ellipsoid_Name = \"") + id +
+               "\"\n    ID_Code = \"" + id + "\"\n    Semi_Major_Axis = " + axis +
+               "\n    Inverse_Flatness = 300\n  }\n";
+    };
+    WriteText(dir.path() / "system.zpf",
+              "ELLIPSOID_DEFINITION {\n" + section("AA", "6378000") + section("AA", "6378000, 1") +
+                  section("BB", "\"6378000\"") + section("BB", "6377000") +
+                  section("WE", "6378137") + "}\n");
+    WriteText(dir.path() / "custom.zpf", "ELLIPSOID_DEFINITION {\n" + section("WE", "6378000 m") +
+                                             section("CC", "6378000 m") + "}\n");
+    CGxCartSetup::GetReport();
+    CGxEllipsoidList list;
+    list.ReadEllipsoids(dir.folder() + "system.zpf", false);
+    list.ReadEllipsoids(dir.folder() + "custom.zpf", true);
+    list.AddEllipsoid(new CGxEllipsoid("Later", "CC", 6378000, 300));
+    ASSERT_NE(list.GetEllipsoid("AA"), nullptr);
+    EXPECT_EQ(list.GetEllipsoid("AA")->GetMajor(), 6378000.0);
+    EXPECT_EQ(list.GetEllipsoid("BB"), nullptr);
+    EXPECT_EQ(list.GetEllipsoid("WE")->GetMajor(), 6378137.0);
+    EXPECT_EQ(list.GetEllipsoid("CC"), nullptr);
+    EXPECT_EQ(list.UnavailableIdentifiers(), (std::vector<std::string>{"BB", "CC"}));
+    const std::string report = CGxCartSetup::GetReport();
+    EXPECT_NE(
+        report.find(dir.folder() + "system.zpf: line 17: keyword 'Semi_Major_Axis' holds the text "
+                                   "\"6378000\" where a number is expected"),
+        std::string::npos)
+        << report;
+    EXPECT_NE(
+        report.find(dir.folder() + "custom.zpf: line 11: expected ',' between values, found 'm'"),
+        std::string::npos)
+        << report;
 }

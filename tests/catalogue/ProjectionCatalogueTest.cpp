@@ -17,6 +17,7 @@
 #include "definitions/TabledMapProjData.h"
 #include "definitions/TransverseMercatorProjection.h"
 #include "foundation/Projection.h"
+#include "gxcart.h"
 #include "zpf/zpf.h"
 
 namespace fs = std::filesystem;
@@ -282,4 +283,116 @@ TEST(ProjectionCatalogue, CustomProjectionWrittenAtUnloadIsReadByTheNextProcess)
     EXPECT_EQ(read[0]->GetName(), "Site grid");
     EXPECT_EQ(static_cast<CGxTransverseMercatorProjection*>(read[0])->GetCentre(), 7.5);
     EXPECT_TRUE(read[0]->CanEdit());
+}
+
+// A section that cannot be read as its type is skipped and reported with its
+// file and line. Its name then finds nothing from the file's first entry on,
+// unless an entry before it has that name: a damaged entry never makes its
+// name resolve to another system.
+TEST(ProjectionCatalogue, SkippedSectionsAreReportedAndLeaveTheirNameUnresolved) {
+    TempFolder dir;
+    const std::string path = dir.folder() + "custom_projection.zpf";
+    WriteText(
+        path,
+        "MAP_PROJECTION_DEFINITION {\n"
+        "  UTM_PROJECTION {\n    Projection_Name = \"Pier\"\n    Scale = 1\n  }\n"          // 2
+        "  UTM_PROJECTION {\n    Projection_Name = \"Harbour\"\n    Scale = 0,9996\n  }\n"  // 6
+        "  UTM_PROJECTION {\n    Projection_Name = \"Harbour\"\n    Scale = 0.9996\n  }\n"  // 10
+        "  UTM_PROJECTION {\n    Projection_Name = \"Quay\"\n    Centre = \"9\"\n  }\n"     // 14
+        "  UTM_PROJECTION {\n    Projection_Name = \"Dock\"\n    Feast = 500000 m\n  }\n"   // 18
+        "  UTM_PROJECTION {\n    Projection_Name = \"Pier\"\n    Scale_Reduction = 1, 2500\n  }\n"
+        "}\n");
+    CGxCartSetup::GetReport();
+    CGxMapProjectionList list;
+    list.ReadMapProjections(path, true);
+    ASSERT_EQ(Entries(list).size(), 2u);
+    EXPECT_EQ(list.GetMapProjection("Harbour"), nullptr);
+    EXPECT_EQ(list.GetMapProjection("Dock"), nullptr);
+    EXPECT_EQ(list.GetMapProjection("Quay"), nullptr);
+    EXPECT_EQ(list.GetMapProjection("Pier"), Entries(list)[0]);  // found before the damaged one
+    list.AddMapProjection(
+        new CGxTransverseMercatorProjection("Dock", "", "WE", 1, 0, 0, 0, 0, true, true));
+    EXPECT_EQ(list.GetMapProjection("Dock"), nullptr);
+
+    const std::string report = CGxCartSetup::GetReport();
+    for (const char* line :
+         {": line 8: keyword 'Scale' holds 2 values where one number is expected; section "
+          "'UTM_PROJECTION' of line 6 is skipped",
+          ": line 16: keyword 'Centre' holds the text \"9\" where a number is expected; section "
+          "'UTM_PROJECTION' of line 14 is skipped",
+          ": line 20: expected ',' between values, found 'm'; section 'UTM_PROJECTION' of line 18 "
+          "is "
+          "skipped",
+          ": line 24: keyword 'Scale_Reduction' holds 2 values where one number is expected"})
+        EXPECT_NE(report.find(path + line), std::string::npos) << line << "\n" << report;
+    EXPECT_EQ(CGxCartSetup::PeekReport(), "");
+}
+
+// The degrees, minutes and seconds of a _dms keyword are the decimals they
+// state; a fraction of a degree was once dropped, so 45.5, 0, 0 read as 0.
+// The sign stays with the degrees, a "-0" degree being positive.
+TEST(ProjectionCatalogue, DmsAnglesWithFractionsAreReadAsWritten) {
+    struct Case {
+        const char* values;
+        double degrees;
+        int d, m;  // what zpfGetParamDMS hands out
+        double s;
+    };
+    const Case cases[] = {
+        {"45.5, 0, 0", 45.5, 45, 30, 0},
+        {"-45.5, 0, 0", -45.5, -45, 30, 0},
+        {"45, 30.5, 0", 45 + 30.5 / 60, 45, 30, 30},
+        {"-0.5", -0.5, 0, -30, 0},
+        {"0, -30, 0", -0.5, 0, -30, 0},
+        {"-0, 30, 0", 0.5, 0, 30, 0},
+        {"-45, 30, 0", -45.5, -45, 30, 0},
+        {"12", 12, 12, 0, 0},
+        {"45, 30, 15.5", 45 + 30.0 / 60 + 15.5 / 3600, 45, 30, 15.5},
+    };
+    TempFolder dir;
+    std::string text = "MAP_PROJECTION_DEFINITION {\n";
+    for (const Case& c : cases)
+        text += std::string("  LAMBERT_CONIC_2SP_PROJECTION {\n    Projection_Name = \"") +
+                c.values + "\"\n    Parallel_1_dms = " + c.values + "\n  }\n";
+    WriteText(dir / "dms.zpf", text + "}\n");
+    CGxMapProjectionList list;
+    list.ReadMapProjections(dir.folder() + "dms.zpf", true);
+    void* file = zpfLoadFile((dir.folder() + "dms.zpf").c_str());
+    int i = 0;
+    for (const Case& c : cases) {
+        ++i;
+        auto* lambert = static_cast<CGxLambert2SPProjection*>(list.GetMapProjection(c.values));
+        ASSERT_NE(lambert, nullptr) << c.values;
+        EXPECT_DOUBLE_EQ(lambert->GetParallel1(), c.degrees) << c.values;
+        int d = -9, m = -9;
+        double s = -9;
+        void* section = zpfSectionByNum(zpfTargetByNum(file, 1), i);
+        ASSERT_TRUE(CGxMapProjData::zpfGetParamDMS(section, "Parallel_1_dms", &d, &m, &s));
+        EXPECT_EQ(d, c.d) << c.values;
+        EXPECT_EQ(m, c.m) << c.values;
+        EXPECT_NEAR(s, c.s, 1e-9) << c.values;
+    }
+    zpfClose(file);
+}
+
+// C callers get the same report through the flat interface; a buffer too
+// small takes nothing away from it.
+TEST(ProjectionCatalogue, FlatCallersReadTheReportOnce) {
+    TempFolder dir;
+    WriteText(dir / "bad.zpf", "MAP_PROJECTION_DEFINITION {\n  UTM_PROJECTION {\n    Scale = 1 2\n  }\n}\n");
+    CGxCartSetup::GetReport();
+    CGxMapProjectionList list;
+    list.ReadMapProjections(dir.folder() + "bad.zpf", true);
+    const std::string expected = CGxCartSetup::PeekReport();
+    ASSERT_NE(expected.find("bad.zpf: line 3: expected ',' between values"), std::string::npos);
+    char small[8];
+    int status = -99;
+    S_CATALOGUEREPORT(small, sizeof small, &status);
+    EXPECT_EQ(status, static_cast<int>(expected.size()));
+    std::vector<char> buffer(expected.size() + 1);
+    S_CATALOGUEREPORT(buffer.data(), static_cast<int>(expected.size()), &status);
+    EXPECT_EQ(status, GXCART_OK);
+    EXPECT_EQ(std::string(buffer.data()), expected);
+    S_CATALOGUEREPORT(buffer.data(), static_cast<int>(expected.size()), &status);
+    EXPECT_EQ(std::string(buffer.data()), "");
 }

@@ -168,8 +168,9 @@ TEST_F(DefinitionKeywordFile, ValuesOfTheWrongKindHaveDefinedOutcomes) {
     EXPECT_EQ(d.GetParallel1(), 0.0);   // text where a number belongs
     EXPECT_NEAR(d.GetParallel2(), 45 + 30.0 / 60 + 15.5 / 3600, 1e-14);
     EXPECT_EQ(d.GetOriginLongitude(), 0.0);  // texts in every part
-    // Degrees must be whole; 45.5 is not read, so only the 6 minutes remain.
-    EXPECT_NEAR(d.GetOriginLatitude(), 0.1, 1e-15);
+    // A fraction of a degree is read as written: 45.5 degrees and 6 minutes
+    // (it was once dropped, leaving the 6 minutes alone).
+    EXPECT_NEAR(d.GetOriginLatitude(), 45.6, 1e-13);
     EXPECT_EQ(d.GetFalseEasting(), 7.0);  // unreadable feet: the metres keyword
     EXPECT_EQ(d.GetFalseNorthing(), 1e308);
 

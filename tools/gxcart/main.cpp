@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "Commands.h"
+#include "catalogue/CartSetup.h"
 
 namespace {
 
@@ -30,6 +31,19 @@ const char* const kHelp =
     "\n"
     "Exit status: 0 done, 1 some input could not be converted, 2 a wrong command\n"
     "line, 3 reading or writing failed.\n";
+
+// What the library has to say about the user's catalogue files (a section
+// it skipped, a damaged file it kept aside, a file it could not write) goes
+// to standard error, one "gxcart: " line each.
+void PrintCatalogueReport(const GxIo& io) {
+    const std::string report = CGxCartSetup::GetReport();
+    std::size_t begin = 0;
+    while (begin < report.size()) {
+        const std::size_t end = report.find('\n', begin);
+        GxError(io, GxPrintable(report.substr(begin, end - begin), report.size()));
+        begin = end == std::string::npos ? report.size() : end + 1;
+    }
+}
 
 struct Command {
     const char* name;
@@ -85,12 +99,17 @@ int Run(int argc, char** argv, const GxIo& io) {
         if (name != command.name) continue;
         const bool asksForHelp = !args.empty() && GxIsHelp(args[0]);
         if (!asksForHelp) WarnAboutMissingCatalogue(io);
+        PrintCatalogueReport(io);
+        int status = kExitPartial;
         try {
-            return command.run(args, io);
+            status = command.run(args, io);
         } catch (const std::exception& e) {
             GxError(io, std::string(command.name) + ": " + e.what());
-            return kExitPartial;
         }
+        // Saved here rather than at unload, so that a failure can be told.
+        if (!CGxCartSetup::Instance().WriteModified() && status == kExitOk) status = kExitPartial;
+        PrintCatalogueReport(io);
+        return status;
     }
     GxError(io, "unknown command " + GxPrintable(name) + " (see gxcart --help)");
     return kExitUsage;
