@@ -6,7 +6,10 @@
 
 #include "datum/DatumShift.h"
 #include "foundation/Projection.h"
+#include "mapprojection/GeocentricFigure.h"
 #include "mapprojection/MapProjection.h"
+#include "projections/Mercator1SP.h"
+#include "projections/Mercator2SP.h"
 
 namespace {
 
@@ -76,9 +79,21 @@ void _StoreShift(const CGxDatumShift& shift, EShift& type, double* out) {
     out[kScale] = CGxCartDef::ppm2dec(shift[kScale]);
 }
 
-// The figure of a system, false when it has none (no algorithm, or an
-// algorithm without ellipsoid such as the local grid).
-bool _EllipsoidOf(const CGxMapProjection& system, CGxEllipsoid& ellipsoid) {
+// WGS 84's figure, on which the web Mercator's longitudes and latitudes lie.
+constexpr double kWgs84Major = 6378137.0;
+constexpr double kWgs84InverseFlattening = 298.257223563;
+const CGxEllipsoid kWgs84("WGS 84", "", kWgs84Major, kWgs84InverseFlattening);
+const GxGeocentricFigure kWgs84Figure(kWgs84);
+
+// The figure of a system's geographical coordinates, false when it has none
+// (no algorithm, or an algorithm without ellipsoid such as the local grid):
+// WGS 84's for the web Mercator, whose sphere is a device of the projection,
+// and the algorithm's own for every other system.
+bool _EllipsoidOf(const CGxMapProjection& system, bool onWgs84, CGxEllipsoid& ellipsoid) {
+    if (onWgs84) {
+        ellipsoid = kWgs84;
+        return true;
+    }
     const CGxProjection* algorithm = system.GetProjection();
     return algorithm && algorithm->GetAnonymousEllipsoid(ellipsoid);
 }
@@ -156,6 +171,8 @@ void CGxDatumConverter::_copy(const CGxDatumConverter& other) {
         target = other.target;
     }
     ownsProjections = other.ownsProjections;
+    sourceOnWgs84 = other.sourceOnWgs84;
+    targetOnWgs84 = other.targetOnWgs84;
     conversionType = other.conversionType;
     sameEllipsoid = other.sameEllipsoid;
     bypassXYZ = other.bypassXYZ;
@@ -178,6 +195,8 @@ void CGxDatumConverter::_swap(CGxDatumConverter& other) {
     std::swap(defaultBypassXYZ, other.defaultBypassXYZ);
     std::swap(local, other.local);
     std::swap(ownsProjections, other.ownsProjections);
+    std::swap(sourceOnWgs84, other.sourceOnWgs84);
+    std::swap(targetOnWgs84, other.targetOnWgs84);
     std::swap(sourceShiftType, other.sourceShiftType);
     std::swap(targetShiftType, other.targetShiftType);
     std::swap(sourceShift, other.sourceShift);
@@ -192,8 +211,22 @@ void CGxDatumConverter::_dealloc() {
     source = target = nullptr;
 }
 
+bool CGxDatumConverter::IsWebMercator(const CGxMapProjection& system) {
+    const CGxProjection* algorithm = system.GetProjection();
+    if (!dynamic_cast<const CGxMercator1SP*>(algorithm) &&
+        !dynamic_cast<const CGxMercator2SP*>(algorithm))
+        return false;
+    CGxEllipsoid figure;
+    CGxDatumShift shift;
+    system.GetDatumShift(shift);
+    return algorithm->GetAnonymousEllipsoid(figure) && figure.GetMajor() == kWgs84Major &&
+           !(figure.GetInvFlatness() > 0.0) && shift.GetType() == CGxCartDef::eNoDatumShift;
+}
+
 void CGxDatumConverter::_initialize() {
     conversionType = eProjToProj;
+    sourceOnWgs84 = source && IsWebMercator(*source);
+    targetOnWgs84 = target && IsWebMercator(*target);
     CGxDatumShift sourceRecord;
     CGxDatumShift targetRecord;
     if (!source || !target) {
@@ -208,7 +241,8 @@ void CGxDatumConverter::_initialize() {
         target->GetDatumShift(targetRecord);
         CGxEllipsoid sourceEllipsoid;
         CGxEllipsoid targetEllipsoid;
-        if (_EllipsoidOf(*source, sourceEllipsoid) && _EllipsoidOf(*target, targetEllipsoid)) {
+        if (_EllipsoidOf(*source, sourceOnWgs84, sourceEllipsoid) &&
+            _EllipsoidOf(*target, targetOnWgs84, targetEllipsoid)) {
             sameEllipsoid = sourceEllipsoid.IsEquivalent(targetEllipsoid);
             bypassXYZ = sameEllipsoid && sourceRecord == targetRecord;
         } else {
@@ -254,8 +288,8 @@ void CGxDatumConverter::InvDatumShift(double& X, double& Y, double& Z) const {
 }
 
 void CGxDatumConverter::_Run(const CGxMapProjection& from, const CGxMapProjection& to,
-                             bool inverseShift, bool inputProjected, bool outputProjected,
-                             double& x, double& y, double& z) const {
+                             bool inverseShift, bool fromWgs84, bool toWgs84, bool inputProjected,
+                             bool outputProjected, double& x, double& y, double& z) const {
     double lon = x;
     double lat = y;
     if (inputProjected) from.Proj2Geo(x, y, &lon, &lat);
@@ -265,12 +299,18 @@ void CGxDatumConverter::_Run(const CGxMapProjection& from, const CGxMapProjectio
         double X = std::numeric_limits<double>::quiet_NaN();
         double Y = X;
         double Z = X;
-        from.Geo2XYZ(lon, lat, z, &X, &Y, &Z);
+        if (fromWgs84)
+            kWgs84Figure.ToXYZ(lon, lat, z, &X, &Y, &Z);
+        else
+            from.Geo2XYZ(lon, lat, z, &X, &Y, &Z);
         if (inverseShift)
             InvDatumShift(X, Y, Z);
         else
             DatumShift(X, Y, Z);
-        to.XYZ2Geo(X, Y, Z, &lon, &lat, &z);
+        if (toWgs84)
+            kWgs84Figure.ToGeo(X, Y, Z, &lon, &lat, &z);
+        else
+            to.XYZ2Geo(X, Y, Z, &lon, &lat, &z);
     }
     if (outputProjected) {
         to.Geo2Proj(lon, lat, &x, &y);
@@ -284,7 +324,8 @@ void CGxDatumConverter::Convert(double& x, double& y, double& z) const {
     bool sourceProjected;
     bool targetProjected;
     if (local || !_Sides(conversionType, sourceProjected, targetProjected)) return;
-    _Run(*source, *target, false, sourceProjected, targetProjected, x, y, z);
+    _Run(*source, *target, false, sourceOnWgs84, targetOnWgs84, sourceProjected, targetProjected, x,
+         y, z);
 }
 
 void CGxDatumConverter::Convert(double& x, double& y) const {
@@ -296,7 +337,8 @@ void CGxDatumConverter::InvConvert(double& x, double& y, double& z) const {
     bool sourceProjected;
     bool targetProjected;
     if (local || !_Sides(conversionType, sourceProjected, targetProjected)) return;
-    _Run(*target, *source, true, targetProjected, sourceProjected, x, y, z);
+    _Run(*target, *source, true, targetOnWgs84, sourceOnWgs84, targetProjected, sourceProjected, x,
+         y, z);
 }
 
 void CGxDatumConverter::InvConvert(double& x, double& y) const {
@@ -325,14 +367,18 @@ void CGxDatumConverter::_RunArrays(bool inverse, double* x, double* y, double* h
     const CGxMapProjection& to = inverse ? *source : *target;
     const bool inputProjected = inverse ? targetProjected : sourceProjected;
     const bool outputProjected = inverse ? sourceProjected : targetProjected;
+    const bool fromWgs84 = inverse ? targetOnWgs84 : sourceOnWgs84;
+    const bool toWgs84 = inverse ? sourceOnWgs84 : targetOnWgs84;
     for (std::size_t i = 0; i < count; ++i) {
         double z = 0.0;
-        _Run(from, to, inverse, inputProjected, outputProjected, x[i], y[i], h ? h[i] : z);
+        _Run(from, to, inverse, fromWgs84, toWgs84, inputProjected, outputProjected, x[i], y[i],
+             h ? h[i] : z);
     }
 }
 
 void CGxDatumConverter::InvertOrder() {
     std::swap(source, target);
+    std::swap(sourceOnWgs84, targetOnWgs84);
     if (conversionType == eProjToGeo)
         conversionType = eGeoToProj;
     else if (conversionType == eGeoToProj)
