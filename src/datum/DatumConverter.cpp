@@ -6,7 +6,6 @@
 
 #include "datum/DatumShift.h"
 #include "foundation/Projection.h"
-#include "mapprojection/GeocentricFigure.h"
 #include "mapprojection/MapProjection.h"
 #include "projections/Mercator1SP.h"
 #include "projections/Mercator2SP.h"
@@ -79,22 +78,29 @@ void _StoreShift(const CGxDatumShift& shift, EShift& type, double* out) {
     out[kScale] = CGxCartDef::ppm2dec(shift[kScale]);
 }
 
-// WGS 84's figure, on which the web Mercator's longitudes and latitudes lie.
+// Semi-major axis of WGS 84, the radius of the web Mercator's sphere.
 constexpr double kWgs84Major = 6378137.0;
-constexpr double kWgs84InverseFlattening = 298.257223563;
-const CGxEllipsoid kWgs84("WGS 84", "", kWgs84Major, kWgs84InverseFlattening);
-const GxGeocentricFigure kWgs84Figure(kWgs84);
+
+// The WGS 84 geographical system, whose Earth-centred conversions stand in
+// for the web Mercator's. Built once on first use and never destroyed, so
+// that a converter used while the program ends still finds it.
+const CGxMapProjection& _Wgs84System() {
+    static const CGxMapProjection* const system =
+        new CGxMapProjection(CGxMapProjection::IDtoProjectionString(CGxMapProjection::eWgs84));
+    return *system;
+}
+
+// The system whose figure carries a side's geographical coordinates: WGS 84
+// for the web Mercator, whose sphere is a device of the projection, and the
+// system itself otherwise.
+const CGxMapProjection& _FigureSystem(const CGxMapProjection& system, bool onWgs84) {
+    return onWgs84 ? _Wgs84System() : system;
+}
 
 // The figure of a system's geographical coordinates, false when it has none
-// (no algorithm, or an algorithm without ellipsoid such as the local grid):
-// WGS 84's for the web Mercator, whose sphere is a device of the projection,
-// and the algorithm's own for every other system.
+// (no algorithm, or an algorithm without ellipsoid such as the local grid).
 bool _EllipsoidOf(const CGxMapProjection& system, bool onWgs84, CGxEllipsoid& ellipsoid) {
-    if (onWgs84) {
-        ellipsoid = kWgs84;
-        return true;
-    }
-    const CGxProjection* algorithm = system.GetProjection();
+    const CGxProjection* algorithm = _FigureSystem(system, onWgs84).GetProjection();
     return algorithm && algorithm->GetAnonymousEllipsoid(ellipsoid);
 }
 
@@ -299,18 +305,12 @@ void CGxDatumConverter::_Run(const CGxMapProjection& from, const CGxMapProjectio
         double X = std::numeric_limits<double>::quiet_NaN();
         double Y = X;
         double Z = X;
-        if (fromWgs84)
-            kWgs84Figure.ToXYZ(lon, lat, z, &X, &Y, &Z);
-        else
-            from.Geo2XYZ(lon, lat, z, &X, &Y, &Z);
+        _FigureSystem(from, fromWgs84).Geo2XYZ(lon, lat, z, &X, &Y, &Z);
         if (inverseShift)
             InvDatumShift(X, Y, Z);
         else
             DatumShift(X, Y, Z);
-        if (toWgs84)
-            kWgs84Figure.ToGeo(X, Y, Z, &lon, &lat, &z);
-        else
-            to.XYZ2Geo(X, Y, Z, &lon, &lat, &z);
+        _FigureSystem(to, toWgs84).XYZ2Geo(X, Y, Z, &lon, &lat, &z);
     }
     if (outputProjected) {
         to.Geo2Proj(lon, lat, &x, &y);

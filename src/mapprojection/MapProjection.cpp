@@ -14,7 +14,6 @@
 #include "foundation/Projection.h"
 #include "foundation/Tolerance.h"
 #include "mapprojection/CatalogueLookup.h"
-#include "mapprojection/GeocentricFigure.h"
 #include "mapprojection/PointArrays.h"
 #include "mapprojection/TextTrim.h"
 #include "wkt/PRJParser.h"
@@ -219,21 +218,15 @@ void CGxMapProjection::GetOrigin(double* lon, double* lat) const {
     if (projection && lon && lat) projection->GetOrigin(lon, lat);
 }
 
-const char* CGxMapProjection::GetName() const {
-    return projection ? projection->GetName() : "";
-}
+const char* CGxMapProjection::GetName() const { return projection ? projection->GetName() : ""; }
 
 bool CGxMapProjection::IsGeographical() const {
     return projection ? projection->IsGeographical() : false;
 }
 
-bool CGxMapProjection::IsLocal() const {
-    return projection ? projection->IsLocal() : false;
-}
+bool CGxMapProjection::IsLocal() const { return projection ? projection->IsLocal() : false; }
 
-void CGxMapProjection::GetDatumShift(CGxDatumShift& shift) const {
-    info.GetDatumShift(shift);
-}
+void CGxMapProjection::GetDatumShift(CGxDatumShift& shift) const { info.GetDatumShift(shift); }
 
 CGxMapProjection::ECoordSysType CGxMapProjection::GetCoordSysType() const {
     CGxProjectionInfo::CAxis::EType first, second;
@@ -293,11 +286,58 @@ void CGxMapProjection::GetDefaultArea(int width, int height, ESizeParam which, d
 // of an array gets the bits of the single-point call.
 namespace {
 
-GxGeocentricFigure GeocentricFigure(const CGxProjection& algorithm) {
-    CGxEllipsoid ellipsoid;
-    algorithm.GetAnonymousEllipsoid(ellipsoid);
-    return GxGeocentricFigure(ellipsoid);
-}
+struct GeocentricFigure {
+    double a, b, f, e2, ep2;
+
+    explicit GeocentricFigure(const CGxProjection& algorithm) {
+        CGxEllipsoid ellipsoid;
+        algorithm.GetAnonymousEllipsoid(ellipsoid);
+        a = ellipsoid.GetMajor();
+        b = ellipsoid.GetMinor();
+        f = ellipsoid.GetFlatness();
+        const double e = ellipsoid.GetEccentricity();
+        e2 = e * e;
+        ep2 = (a * a - b * b) / (b * b);
+    }
+
+    void ToXYZ(double lon, double lat, double h, double* X, double* Y, double* Z) const {
+        const double phi = lat * kGxDegToRad;
+        const double lambda = lon * kGxDegToRad;
+        const double sinPhi = std::sin(phi);
+        const double cosPhi = std::cos(phi);
+        // Radius of curvature in the prime vertical.
+        const double N = a / std::sqrt(1.0 - e2 * sinPhi * sinPhi);
+        *X = (N + h) * cosPhi * std::cos(lambda);
+        *Y = (N + h) * cosPhi * std::sin(lambda);
+        *Z = ((1.0 - e2) * N + h) * sinPhi;
+    }
+
+    // Bowring's closed form (B. R. Bowring, "Transformation from spatial to
+    // geographical coordinates", Survey Review 23(181), 1976), with the
+    // parametric latitude u taken from the ellipsoid's flattening and the
+    // point's distance from the centre: better than a millimetre for heights
+    // within a few thousand kilometres of the surface, without iteration.
+    void ToGeo(double X, double Y, double Z, double* lon, double* lat, double* h) const {
+        const double p = std::sqrt(X * X + Y * Y);
+        *lon = std::atan2(Y, X) * kGxRadToDeg;
+        if (p == 0.0) {
+            // On the polar axis the formula divides by p; the point lies
+            // above or below a pole.
+            *lat = Z < 0.0 ? -90.0 : 90.0;
+            *h = std::fabs(Z) - b;
+            return;
+        }
+        const double r = std::sqrt(Z * Z + p * p);
+        const double u = std::atan((1.0 - f + e2 * a / r) * Z / p);
+        const double sinU = std::sin(u);
+        const double cosU = std::cos(u);
+        const double phi =
+            std::atan((Z + ep2 * b * sinU * sinU * sinU) / (p - e2 * a * cosU * cosU * cosU));
+        const double sinPhi = std::sin(phi);
+        *lat = phi * kGxRadToDeg;
+        *h = p / std::cos(phi) - a / std::sqrt(1.0 - e2 * sinPhi * sinPhi);
+    }
+};
 
 }  // namespace
 
@@ -318,7 +358,7 @@ void CGxMapProjection::XYZ2Geo(double X, double Y, double Z, double* lon, double
 void CGxMapProjection::Geo2XYZ(const double* lon, const double* lat, const double* h, double* X,
                                double* Y, double* Z, std::size_t count) const {
     if (!projection || !lon || !lat || !X || !Y || !Z) return;
-    const GxGeocentricFigure figure = GeocentricFigure(*projection);
+    const GeocentricFigure figure(*projection);
     for (std::size_t i = 0; i < count; ++i) {
         const double pointLon = lon[i];
         const double pointLat = lat[i];
@@ -330,7 +370,7 @@ void CGxMapProjection::Geo2XYZ(const double* lon, const double* lat, const doubl
 void CGxMapProjection::XYZ2Geo(const double* X, const double* Y, const double* Z, double* lon,
                                double* lat, double* h, std::size_t count) const {
     if (!projection || !X || !Y || !Z || !lon || !lat) return;
-    const GxGeocentricFigure figure = GeocentricFigure(*projection);
+    const GeocentricFigure figure(*projection);
     double unusedHeight;
     for (std::size_t i = 0; i < count; ++i) {
         const double pointX = X[i];

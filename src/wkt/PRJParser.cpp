@@ -460,9 +460,12 @@ bool CGxPRJParser::Parse(bool sortParallels) {
     // positive number (0, negative, NaN, infinite, or no number at all) has
     // none: every length on it, every Earth-centred coordinate and every grid
     // coordinate would be meaningless, so the text is refused. A text without
-    // a SPHEROID keeps the reading it had.
+    // a SPHEROID keeps the reading it had, and so does one whose axis is the
+    // marker of an absent value: the library's own writer states so a plane
+    // grid whose ellipsoid it does not know ("Non_Projected").
     const auto figureUsable = [this, spheroidWritten] {
-        return !spheroidWritten || (std::isfinite(semiMajorAxis) && semiMajorAxis > 0.0);
+        return !spheroidWritten || GxIsUnset(semiMajorAxis) ||
+               (std::isfinite(semiMajorAxis) && semiMajorAxis > 0.0);
     };
 
     at = wkt.find("PROJECTION");
