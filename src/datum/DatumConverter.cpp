@@ -7,6 +7,8 @@
 #include "datum/DatumShift.h"
 #include "foundation/Projection.h"
 #include "mapprojection/MapProjection.h"
+#include "projections/Mercator1SP.h"
+#include "projections/Mercator2SP.h"
 
 namespace {
 
@@ -76,10 +78,29 @@ void _StoreShift(const CGxDatumShift& shift, EShift& type, double* out) {
     out[kScale] = CGxCartDef::ppm2dec(shift[kScale]);
 }
 
-// The figure of a system, false when it has none (no algorithm, or an
-// algorithm without ellipsoid such as the local grid).
-bool _EllipsoidOf(const CGxMapProjection& system, CGxEllipsoid& ellipsoid) {
-    const CGxProjection* algorithm = system.GetProjection();
+// Semi-major axis of WGS 84, the radius of the web Mercator's sphere.
+constexpr double kWgs84Major = 6378137.0;
+
+// The WGS 84 geographical system, whose Earth-centred conversions stand in
+// for the web Mercator's. Built once on first use and never destroyed, so
+// that a converter used while the program ends still finds it.
+const CGxMapProjection& _Wgs84System() {
+    static const CGxMapProjection* const system =
+        new CGxMapProjection(CGxMapProjection::IDtoProjectionString(CGxMapProjection::eWgs84));
+    return *system;
+}
+
+// The system whose figure carries a side's geographical coordinates: WGS 84
+// for the web Mercator, whose sphere is a device of the projection, and the
+// system itself otherwise.
+const CGxMapProjection& _FigureSystem(const CGxMapProjection& system, bool onWgs84) {
+    return onWgs84 ? _Wgs84System() : system;
+}
+
+// The figure of a system's geographical coordinates, false when it has none
+// (no algorithm, or an algorithm without ellipsoid such as the local grid).
+bool _EllipsoidOf(const CGxMapProjection& system, bool onWgs84, CGxEllipsoid& ellipsoid) {
+    const CGxProjection* algorithm = _FigureSystem(system, onWgs84).GetProjection();
     return algorithm && algorithm->GetAnonymousEllipsoid(ellipsoid);
 }
 
@@ -156,6 +177,8 @@ void CGxDatumConverter::_copy(const CGxDatumConverter& other) {
         target = other.target;
     }
     ownsProjections = other.ownsProjections;
+    sourceOnWgs84 = other.sourceOnWgs84;
+    targetOnWgs84 = other.targetOnWgs84;
     conversionType = other.conversionType;
     sameEllipsoid = other.sameEllipsoid;
     bypassXYZ = other.bypassXYZ;
@@ -178,6 +201,8 @@ void CGxDatumConverter::_swap(CGxDatumConverter& other) {
     std::swap(defaultBypassXYZ, other.defaultBypassXYZ);
     std::swap(local, other.local);
     std::swap(ownsProjections, other.ownsProjections);
+    std::swap(sourceOnWgs84, other.sourceOnWgs84);
+    std::swap(targetOnWgs84, other.targetOnWgs84);
     std::swap(sourceShiftType, other.sourceShiftType);
     std::swap(targetShiftType, other.targetShiftType);
     std::swap(sourceShift, other.sourceShift);
@@ -192,8 +217,22 @@ void CGxDatumConverter::_dealloc() {
     source = target = nullptr;
 }
 
+bool CGxDatumConverter::IsWebMercator(const CGxMapProjection& system) {
+    const CGxProjection* algorithm = system.GetProjection();
+    if (!dynamic_cast<const CGxMercator1SP*>(algorithm) &&
+        !dynamic_cast<const CGxMercator2SP*>(algorithm))
+        return false;
+    CGxEllipsoid figure;
+    CGxDatumShift shift;
+    system.GetDatumShift(shift);
+    return algorithm->GetAnonymousEllipsoid(figure) && figure.GetMajor() == kWgs84Major &&
+           !(figure.GetInvFlatness() > 0.0) && shift.GetType() == CGxCartDef::eNoDatumShift;
+}
+
 void CGxDatumConverter::_initialize() {
     conversionType = eProjToProj;
+    sourceOnWgs84 = source && IsWebMercator(*source);
+    targetOnWgs84 = target && IsWebMercator(*target);
     CGxDatumShift sourceRecord;
     CGxDatumShift targetRecord;
     if (!source || !target) {
@@ -208,7 +247,8 @@ void CGxDatumConverter::_initialize() {
         target->GetDatumShift(targetRecord);
         CGxEllipsoid sourceEllipsoid;
         CGxEllipsoid targetEllipsoid;
-        if (_EllipsoidOf(*source, sourceEllipsoid) && _EllipsoidOf(*target, targetEllipsoid)) {
+        if (_EllipsoidOf(*source, sourceOnWgs84, sourceEllipsoid) &&
+            _EllipsoidOf(*target, targetOnWgs84, targetEllipsoid)) {
             sameEllipsoid = sourceEllipsoid.IsEquivalent(targetEllipsoid);
             bypassXYZ = sameEllipsoid && sourceRecord == targetRecord;
         } else {
@@ -254,8 +294,8 @@ void CGxDatumConverter::InvDatumShift(double& X, double& Y, double& Z) const {
 }
 
 void CGxDatumConverter::_Run(const CGxMapProjection& from, const CGxMapProjection& to,
-                             bool inverseShift, bool inputProjected, bool outputProjected,
-                             double& x, double& y, double& z) const {
+                             bool inverseShift, bool fromWgs84, bool toWgs84, bool inputProjected,
+                             bool outputProjected, double& x, double& y, double& z) const {
     double lon = x;
     double lat = y;
     if (inputProjected) from.Proj2Geo(x, y, &lon, &lat);
@@ -265,12 +305,12 @@ void CGxDatumConverter::_Run(const CGxMapProjection& from, const CGxMapProjectio
         double X = std::numeric_limits<double>::quiet_NaN();
         double Y = X;
         double Z = X;
-        from.Geo2XYZ(lon, lat, z, &X, &Y, &Z);
+        _FigureSystem(from, fromWgs84).Geo2XYZ(lon, lat, z, &X, &Y, &Z);
         if (inverseShift)
             InvDatumShift(X, Y, Z);
         else
             DatumShift(X, Y, Z);
-        to.XYZ2Geo(X, Y, Z, &lon, &lat, &z);
+        _FigureSystem(to, toWgs84).XYZ2Geo(X, Y, Z, &lon, &lat, &z);
     }
     if (outputProjected) {
         to.Geo2Proj(lon, lat, &x, &y);
@@ -284,7 +324,8 @@ void CGxDatumConverter::Convert(double& x, double& y, double& z) const {
     bool sourceProjected;
     bool targetProjected;
     if (local || !_Sides(conversionType, sourceProjected, targetProjected)) return;
-    _Run(*source, *target, false, sourceProjected, targetProjected, x, y, z);
+    _Run(*source, *target, false, sourceOnWgs84, targetOnWgs84, sourceProjected, targetProjected, x,
+         y, z);
 }
 
 void CGxDatumConverter::Convert(double& x, double& y) const {
@@ -296,7 +337,8 @@ void CGxDatumConverter::InvConvert(double& x, double& y, double& z) const {
     bool sourceProjected;
     bool targetProjected;
     if (local || !_Sides(conversionType, sourceProjected, targetProjected)) return;
-    _Run(*target, *source, true, targetProjected, sourceProjected, x, y, z);
+    _Run(*target, *source, true, targetOnWgs84, sourceOnWgs84, targetProjected, sourceProjected, x,
+         y, z);
 }
 
 void CGxDatumConverter::InvConvert(double& x, double& y) const {
@@ -325,14 +367,18 @@ void CGxDatumConverter::_RunArrays(bool inverse, double* x, double* y, double* h
     const CGxMapProjection& to = inverse ? *source : *target;
     const bool inputProjected = inverse ? targetProjected : sourceProjected;
     const bool outputProjected = inverse ? sourceProjected : targetProjected;
+    const bool fromWgs84 = inverse ? targetOnWgs84 : sourceOnWgs84;
+    const bool toWgs84 = inverse ? sourceOnWgs84 : targetOnWgs84;
     for (std::size_t i = 0; i < count; ++i) {
         double z = 0.0;
-        _Run(from, to, inverse, inputProjected, outputProjected, x[i], y[i], h ? h[i] : z);
+        _Run(from, to, inverse, fromWgs84, toWgs84, inputProjected, outputProjected, x[i], y[i],
+             h ? h[i] : z);
     }
 }
 
 void CGxDatumConverter::InvertOrder() {
     std::swap(source, target);
+    std::swap(sourceOnWgs84, targetOnWgs84);
     if (conversionType == eProjToGeo)
         conversionType = eGeoToProj;
     else if (conversionType == eGeoToProj)

@@ -19,6 +19,14 @@ class CGxMapProjection;
 // and the shift, the geocentric step is left out ("bypass") and heights pass
 // unchanged.
 //
+// The web Mercator is the one system whose figure is not its datum's: it is
+// the Mercator on a sphere of WGS 84's semi-major axis applied to WGS 84
+// longitudes and latitudes as they are. Its geographical coordinates are
+// therefore taken as WGS 84's: against WGS 84 (or any system on WGS 84's
+// figure without shift) they pass unchanged, and towards other datums they
+// leave through Earth-centred coordinates on WGS 84's ellipsoid, not on the
+// sphere.
+//
 // Longitudes and latitudes are decimal degrees, heights and projected
 // coordinates metres (also for a system that declares feet). A local
 // grid on either side makes every conversion a no-operation; nothing is ever
@@ -94,6 +102,12 @@ public:
     // The source (true) or target (false) system; null when built from null.
     CGxMapProjection* GetMapProjection(bool source) const { return source ? this->source : target; }
 
+    // Whether a system is the web Mercator: a Mercator (either form, any
+    // parameters) on a sphere whose radius is WGS 84's semi-major axis,
+    // 6378137 m, without datum shift. Its longitudes and latitudes are
+    // WGS 84's, and the converter treats them so.
+    static bool IsWebMercator(const CGxMapProjection& system);
+
 private:
     static constexpr int kShiftValues = 7;
 
@@ -110,8 +124,12 @@ private:
     // projection when the input is projected, the geocentric step (forward
     // or inverse datum shift) unless bypassed, the projection when the output
     // is projected.
+    // fromWgs84 and toWgs84 say that a side's geographical coordinates are
+    // WGS 84's (the web Mercator): its Earth-centred coordinates are then
+    // taken on WGS 84's ellipsoid.
     void _Run(const CGxMapProjection& from, const CGxMapProjection& to, bool inverseShift,
-              bool inputProjected, bool outputProjected, double& x, double& y, double& z) const;
+              bool fromWgs84, bool toWgs84, bool inputProjected, bool outputProjected, double& x,
+              double& y, double& z) const;
     // Convert (inverse false) or InvConvert over arrays: the conversion type
     // and the two systems are looked up once for all points.
     void _RunArrays(bool inverse, double* x, double* y, double* h, std::size_t count) const;
@@ -126,6 +144,9 @@ private:
     bool defaultBypassXYZ;
     bool local;
     bool ownsProjections;
+    // The side is the web Mercator: its longitudes and latitudes are WGS 84's.
+    bool sourceOnWgs84;
+    bool targetOnWgs84;
     CGxCartDef::ETypeOfDatumShift sourceShiftType;
     CGxCartDef::ETypeOfDatumShift targetShiftType;
     // dX, dY, dZ (m), rX, rY, rZ (radians), scale correction (fraction).

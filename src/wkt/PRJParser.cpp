@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <cstring>
 #include <limits>
 #include <utility>
 
@@ -47,82 +48,97 @@ constexpr int kMaxIndentLevels = 16;
 // standard parallel; plain "Lambert_Conformal_Conic" starts as the
 // two-parallel form and becomes the one-parallel form when its parameters say
 // so. A dialect other than plain fixes what the name implies beyond its type.
+//
+// The last column says how a parameter the text leaves out is read. The OGC,
+// ESRI and GDAL names come from writers that state every parameter of the
+// type, and a text without one is refused. EPSG's method names, and every
+// name written with blanks (GeoTools, Apache SIS, MapInfo-style writers),
+// come from writers that leave out a parameter whose value is the parameter's
+// default: there an absent false easting, false northing or latitude of
+// origin is 0 and an absent scale factor 1. Every other parameter stays
+// required.
 struct GxProjectionNameEntry {
     const char* name;
     EType type;
     CGxPRJParser::EDialect dialect;
+    bool methodDefaults;
 };
 using M = CGxMapProjData;
 using D = CGxPRJParser::EDialect;
+constexpr bool kAllWritten = false;
+constexpr bool kDefaults = true;
 constexpr GxProjectionNameEntry kProjectionNames[] = {
     // Transverse Mercator: OGC 01-009, ESRI and GDAL; ESRI's "complex" form
     // and Gauss-Kruger; GDAL's south-orientated form (EPSG method 9808).
-    {"Transverse_Mercator", M::eTransverseMercator, D::kPlain},
-    {"Transverse_Mercator_Complex", M::eTransverseMercator, D::kPlain},
-    {"Transverse_Mercator_South_Orientated", M::eTransverseMercator, D::kPlain},
-    {"Gauss_Kruger", M::eTransverseMercator, D::kPlain},
+    {"Transverse_Mercator", M::eTransverseMercator, D::kPlain, kAllWritten},
+    {"Transverse_Mercator_Complex", M::eTransverseMercator, D::kPlain, kAllWritten},
+    {"Transverse_Mercator_South_Orientated", M::eTransverseMercator, D::kPlain, kAllWritten},
+    {"Gauss_Kruger", M::eTransverseMercator, D::kPlain, kAllWritten},
     // Lambert conic: ESRI's one name for both forms, OGC/GDAL's and EPSG's
     // (methods 9802 and 9801) names of each.
-    {"Lambert_Conformal_Conic", M::eLambert2SP, D::kPlain},
-    {"Lambert_Conformal_Conic_2SP", M::eLambert2SP, D::kPlain},
-    {"Lambert Conic Conformal (2SP)", M::eLambert2SP, D::kPlain},
-    {"Lambert_Conformal_Conic_1SP", M::eLambert1SP, D::kPlain},
-    {"Lambert Conic Conformal (1SP)", M::eLambert1SP, D::kPlain},
+    {"Lambert_Conformal_Conic", M::eLambert2SP, D::kPlain, kAllWritten},
+    {"Lambert_Conformal_Conic_2SP", M::eLambert2SP, D::kPlain, kAllWritten},
+    {"Lambert Conic Conformal (2SP)", M::eLambert2SP, D::kPlain, kDefaults},
+    {"Lambert_Conformal_Conic_1SP", M::eLambert1SP, D::kPlain, kAllWritten},
+    {"Lambert Conic Conformal (1SP)", M::eLambert1SP, D::kPlain, kDefaults},
     // Stereographic: ESRI's plain and double names; GDAL's oblique name,
     // which with blanks is EPSG's (method 9809).
-    {"Stereographic", M::eStereographic, D::kPlain},
-    {"Double_Stereographic", M::eStereographic, D::kPlain},
-    {"Oblique_Stereographic", M::eStereographic, D::kPlain},
+    {"Stereographic", M::eStereographic, D::kPlain, kAllWritten},
+    {"Double_Stereographic", M::eStereographic, D::kPlain, kAllWritten},
+    {"Oblique_Stereographic", M::eStereographic, D::kPlain, kAllWritten},
     // OGC 01-009, ESRI and GDAL; with blanks EPSG's (method 9811).
-    {"New_Zealand_Map_Grid", M::eNewZealandMapGrid, D::kPlain},
+    {"New_Zealand_Map_Grid", M::eNewZealandMapGrid, D::kPlain, kAllWritten},
     // Hotine, from the natural origin: ESRI, OGC/GDAL, EPSG method 9812;
     // from the centre: ESRI and GDAL, EPSG method 9815; the rectified skew
     // orthomorphic grid from the natural origin: ESRI.
-    {"Hotine_Oblique_Mercator_Azimuth_Natural_Origin", M::eHotineObliqueMercator, D::kPlain},
-    {"Hotine_Oblique_Mercator", M::eHotineObliqueMercator, D::kPlain},
-    {"Hotine Oblique Mercator (variant A)", M::eHotineObliqueMercator, D::kPlain},
-    {"Hotine_Oblique_Mercator_Azimuth_Center", M::eObliqueMercator, D::kPlain},
-    {"Hotine Oblique Mercator (variant B)", M::eObliqueMercator, D::kHotineCentre},
-    {"Rectified_Skew_Orthomorphic_Natural_Origin", M::eRectifiedSkewOrthomorphic, D::kPlain},
+    {"Hotine_Oblique_Mercator_Azimuth_Natural_Origin", M::eHotineObliqueMercator, D::kPlain,
+     kAllWritten},
+    {"Hotine_Oblique_Mercator", M::eHotineObliqueMercator, D::kPlain, kAllWritten},
+    {"Hotine Oblique Mercator (variant A)", M::eHotineObliqueMercator, D::kPlain, kDefaults},
+    {"Hotine_Oblique_Mercator_Azimuth_Center", M::eObliqueMercator, D::kPlain, kAllWritten},
+    {"Hotine Oblique Mercator (variant B)", M::eObliqueMercator, D::kHotineCentre, kDefaults},
+    {"Rectified_Skew_Orthomorphic_Natural_Origin", M::eRectifiedSkewOrthomorphic, D::kPlain,
+     kAllWritten},
     // The library's own writer.
-    {"Rotated_Longitude_Latitude", M::eRotatedLongitudeLatitude, D::kPlain},
+    {"Rotated_Longitude_Latitude", M::eRotatedLongitudeLatitude, D::kPlain, kAllWritten},
     // Mercator with a standard parallel: ESRI, OGC/GDAL, EPSG method 9805;
     // the web Mercator of ESRI and of EPSG (method 1024, as GeoTools writes
     // it). With a scale factor: OGC/GDAL, EPSG method 9804.
-    {"Mercator", M::eMercator2SP, D::kPlain},
-    {"Mercator_2SP", M::eMercator2SP, D::kPlain},
-    {"Mercator (variant B)", M::eMercator2SP, D::kPlain},
-    {"Mercator_Auxiliary_Sphere", M::eMercator2SP, D::kEsriWebMercator},
-    {"Popular Visualisation Pseudo Mercator", M::eMercator2SP, D::kEpsgWebMercator},
-    {"Mercator_1SP", M::eMercator1SP, D::kPlain},
-    {"Mercator (variant A)", M::eMercator1SP, D::kPlain},
+    {"Mercator", M::eMercator2SP, D::kPlain, kAllWritten},
+    {"Mercator_2SP", M::eMercator2SP, D::kPlain, kAllWritten},
+    {"Mercator (variant B)", M::eMercator2SP, D::kPlain, kDefaults},
+    {"Mercator_Auxiliary_Sphere", M::eMercator2SP, D::kEsriWebMercator, kAllWritten},
+    {"Popular Visualisation Pseudo Mercator", M::eMercator2SP, D::kEpsgWebMercator, kDefaults},
+    {"Mercator_1SP", M::eMercator1SP, D::kPlain, kAllWritten},
+    {"Mercator (variant A)", M::eMercator1SP, D::kPlain, kDefaults},
     // Polar stereographic with a standard parallel: ESRI; EPSG method 9829,
     // whose pole is the parallel's.
-    {"Stereographic_North_Pole", M::eStereographicNorthPole, D::kPlain},
-    {"Stereographic_South_Pole", M::eStereographicSouthPole, D::kPlain},
-    {"Polar Stereographic (variant B)", M::eStereographicNorthPole, D::kPolarStereographicB},
+    {"Stereographic_North_Pole", M::eStereographicNorthPole, D::kPlain, kAllWritten},
+    {"Stereographic_South_Pole", M::eStereographicSouthPole, D::kPlain, kAllWritten},
+    {"Polar Stereographic (variant B)", M::eStereographicNorthPole, D::kPolarStereographicB,
+     kDefaults},
     // The library's own writer.
-    {"Geographical", M::eGeographical, D::kPlain},
+    {"Geographical", M::eGeographical, D::kPlain, kAllWritten},
     // Krovak: ESRI and GDAL; the east-north form, EPSG method 1041.
-    {"Krovak", M::eKrovak, D::kPlain},
-    {"Krovak (North Orientated)", M::eKrovak, D::kKrovakNorth},
+    {"Krovak", M::eKrovak, D::kPlain, kAllWritten},
+    {"Krovak (North Orientated)", M::eKrovak, D::kKrovakNorth, kDefaults},
     // Albers: ESRI, OGC/GDAL, EPSG method 9822 (also MapInfo-style writers).
-    {"Albers", M::eAlbersEqualArea, D::kPlain},
-    {"Albers_Conic_Equal_Area", M::eAlbersEqualArea, D::kPlain},
-    {"Albers Equal Area", M::eAlbersEqualArea, D::kPlain},
+    {"Albers", M::eAlbersEqualArea, D::kPlain, kAllWritten},
+    {"Albers_Conic_Equal_Area", M::eAlbersEqualArea, D::kPlain, kAllWritten},
+    {"Albers Equal Area", M::eAlbersEqualArea, D::kPlain, kDefaults},
     // ESRI and GDAL; with blanks EPSG's (method 9820).
-    {"Lambert_Azimuthal_Equal_Area", M::eLambertAzimuthalEqualArea, D::kPlain},
+    {"Lambert_Azimuthal_Equal_Area", M::eLambertAzimuthalEqualArea, D::kPlain, kAllWritten},
     // Cassini-Soldner: ESRI, OGC/GDAL, EPSG method 9806.
-    {"Cassini", M::eCassiniSoldner, D::kPlain},
-    {"Cassini_Soldner", M::eCassiniSoldner, D::kPlain},
-    {"Cassini-Soldner", M::eCassiniSoldner, D::kPlain},
+    {"Cassini", M::eCassiniSoldner, D::kPlain, kAllWritten},
+    {"Cassini_Soldner", M::eCassiniSoldner, D::kPlain, kAllWritten},
+    {"Cassini-Soldner", M::eCassiniSoldner, D::kPlain, kDefaults},
     // ESRI and GDAL; with blanks EPSG's (method 1028).
-    {"Equidistant_Conic", M::eEquidistantConic, D::kPlain},
+    {"Equidistant_Conic", M::eEquidistantConic, D::kPlain, kAllWritten},
     // Polar stereographic by its origin: GDAL; EPSG method 9810.
-    {"Polar_Stereographic", M::ePolarStereographic, D::kPlain},
-    {"Polar Stereographic (variant A)", M::ePolarStereographic, D::kPlain},
+    {"Polar_Stereographic", M::ePolarStereographic, D::kPlain, kAllWritten},
+    {"Polar Stereographic (variant A)", M::ePolarStereographic, D::kPlain, kDefaults},
     // The library's own writer.
-    {"Non_Projected", M::eNonProjected, D::kPlain},
+    {"Non_Projected", M::eNonProjected, D::kPlain, kAllWritten},
 };
 
 // ASCII lower case, the same in every locale.
@@ -266,7 +282,7 @@ CGxPRJParser::~CGxPRJParser() = default;
 void CGxPRJParser::_initialize() {
     nameTable.clear();
     for (const GxProjectionNameEntry& e : kProjectionNames)
-        nameTable.emplace(_NameKey(e.name), GxNameEntry{e.type, e.dialect});
+        nameTable.emplace(_NameKey(e.name), GxNameEntry{e.type, e.dialect, e.methodDefaults});
     projCSname.clear();
     geoCSname.clear();
     datumName.clear();
@@ -398,10 +414,22 @@ bool CGxPRJParser::Parse(bool sortParallels) {
     if (projCSname.empty()) projCSname = geoCSname;
 
     std::size_t at = wkt.find("SPHEROID");
-    if (at != std::string::npos) {
-        CGxWktTokenizer tokens(wkt, at);
-        tokens.Next(kNameDelimiters);
-        spheroidName = tokens.Next(kNameDelimiters);
+    const bool spheroidWritten = at != std::string::npos;
+    if (spheroidWritten) {
+        // A quoted name runs to its closing quote: some writers put brackets
+        // in it ("WGS 84 [EPSG ID 7030]"), which would otherwise end the name
+        // there and take its rest for the semi-major axis. The numbers follow
+        // the quote; any other name is cut as every name is.
+        const std::size_t open = at + std::strlen("SPHEROID");
+        const std::size_t close =
+            wkt.compare(open, 2, "[\"") == 0 ? wkt.find('"', open + 2) : std::string::npos;
+        CGxWktTokenizer tokens(wkt, close == std::string::npos ? at : close + 1);
+        if (close == std::string::npos) {
+            tokens.Next(kNameDelimiters);
+            spheroidName = tokens.Next(kNameDelimiters);
+        } else {
+            spheroidName = wkt.substr(open + 2, close - open - 2);
+        }
         semiMajorAxis = GxParseNumber(tokens.Next(kListDelimiters));
         inverseFlattening = GxParseNumber(tokens.Next(kValueDelimiters));
     }
@@ -428,13 +456,27 @@ bool CGxPRJParser::Parse(bool sortParallels) {
         return false;
     }
 
+    // A figure needs a size. A SPHEROID whose semi-major axis is not a
+    // positive number (0, negative, NaN, infinite, or no number at all) has
+    // none: every length on it, every Earth-centred coordinate and every grid
+    // coordinate would be meaningless, so the text is refused. A text without
+    // a SPHEROID keeps the reading it had, and so does one whose axis is the
+    // marker of an absent value: the library's own writer states so a plane
+    // grid whose ellipsoid it does not know ("Non_Projected").
+    const auto figureUsable = [this, spheroidWritten] {
+        return !spheroidWritten || GxIsUnset(semiMajorAxis) ||
+               (std::isfinite(semiMajorAxis) && semiMajorAxis > 0.0);
+    };
+
     at = wkt.find("PROJECTION");
     if (at == std::string::npos) {
         projectionType = CGxMapProjData::eGeographical;
         projectionTypeName = "Geographical";
         axis1Name = "Longitude";
         axis2Name = "Latitude";
-        return true;
+        if (figureUsable()) return true;
+        projectionType = CGxMapProjData::eInvalidProjection;
+        return false;
     }
 
     const std::string projectionText = wkt.substr(at);
@@ -453,7 +495,8 @@ bool CGxPRJParser::Parse(bool sortParallels) {
     // read so that a caller sees as much of the system as the text gives.
     // So does a text that contradicts what its names say.
     const EDialect dialect = entry->second.dialect;
-    if (!_ReadParameters(projectionText, dialect))
+    const bool methodDefaults = entry->second.methodDefaults || name.find(' ') != std::string::npos;
+    if (!_ReadParameters(projectionText, dialect, methodDefaults))
         projectionType = CGxMapProjData::eInvalidProjection;
 
     const bool conic = projectionType == CGxMapProjData::eLambert2SP ||
@@ -469,9 +512,12 @@ bool CGxPRJParser::Parse(bool sortParallels) {
         return false;
     }
     if (!_ReadWebMercator(wkt, dialect)) projectionType = CGxMapProjData::eInvalidProjection;
+    if (!figureUsable()) projectionType = CGxMapProjData::eInvalidProjection;
 
     const std::string afterAxis1 = GetNameParam(projectionText, "AXIS", axis1Name, axis1Direction);
     GetNameParam(afterAxis1, "AXIS", axis2Name, axis2Direction);
+    if (projectionType == CGxMapProjData::eKrovak && dialect == EDialect::kPlain)
+        _OrientKrovak(wkt, projectionText);
 
     // A trial build writes back what the algorithm derives (the scale of a
     // standard parallel, the parallel of a one-parallel Mercator), so that
@@ -481,7 +527,8 @@ bool CGxPRJParser::Parse(bool sortParallels) {
     return projectionType != CGxMapProjData::eInvalidProjection;
 }
 
-bool CGxPRJParser::_ReadParameters(const std::string& projectionText, EDialect dialect) {
+bool CGxPRJParser::_ReadParameters(const std::string& projectionText, EDialect dialect,
+                                   bool methodDefaults) {
     // One parameter of a type: its slot, the WKT name and an alternative name
     // tried after it, the value taken when neither is in the text, and
     // whether its absence fails the text.
@@ -688,10 +735,27 @@ bool CGxPRJParser::_ReadParameters(const std::string& projectionText, EDialect d
             break;  // geographical: no parameters
     }
 
+    // The value of a parameter that a writer leaving out defaults did not
+    // write. The scale of a Lambert named for both forms is not filled in:
+    // whether the text writes it decides between the two forms.
+    const auto omitted = [this](EParameterSlot slot) {
+        switch (slot) {
+            case kFalseEasting:
+            case kFalseNorthing:
+            case kLatitudeOfOrigin:
+                return 0.0;
+            case kScaleFactor:
+                return projectionType == CGxMapProjData::eLambert2SP ? kGxUnset : 1.0;
+            default:
+                return kGxUnset;
+        }
+    };
     for (const Rule* r = begin; r != end; ++r) {
         std::list<std::string> names{r->name};
         if (r->alias) names.emplace_back(r->alias);
         parameters[r->slot] = GetParam(projectionText, names, r->fallback);
+        if (methodDefaults && !_IsPresent(parameters[r->slot]))
+            parameters[r->slot] = omitted(r->slot);
     }
 
     // What the name or the dialect adds to the type's own rules; false when
@@ -793,6 +857,34 @@ bool CGxPRJParser::_ReadParameters(const std::string& projectionText, EDialect d
             break;
     }
     return complete;
+}
+
+void CGxPRJParser::_OrientKrovak(const std::string& wkt, const std::string& projectionText) {
+    // The Krovak cone's own axes point south and west. A text that gives the
+    // axis scales or the plane rotation says how its grid turns them; one
+    // that gives none of the three leaves the orientation to what else it
+    // writes. GDAL writes the east-north grid (EPSG:5514) with
+    // AXIS[...,EAST],AXIS[...,NORTH] and the classic grid (EPSG:5513) with
+    // AXIS[...,SOUTH],AXIS[...,WEST]: the AXIS elements state the grid's
+    // directions. As for every projection, the library's Krovak then hands
+    // out easting and northing and the axes order and sign them, so the
+    // east-north grid is built and both texts land where their axes say.
+    // Without AXIS elements the text means the classic southing-westing grid
+    // (the cone's own axes, taken as they come), unless the system carries
+    // ESRI's name of the east-north grid ("S-JTSK_Krovak_East_North"): some
+    // writers drop the axis scales of such a system but keep its name.
+    for (const char* name : {"X_Scale", "Y_Scale", "XY_Plane_Rotation"}) {
+        if (_IsPresent(GetParam(projectionText, name, kGxUnset))) return;
+    }
+    const std::string direction = _Lower(axis1Direction);
+    const bool axesWritten = projectionText.find("AXIS") != std::string::npos &&
+                             (direction == "east" || direction == "north" || direction == "west" ||
+                              direction == "south");
+    const bool namedEastNorth = GetName(wkt, "PROJCS").find("_East_North") != std::string::npos;
+    if (!axesWritten && !namedEastNorth) return;
+    parameters[kXScale] = kKrovakNorthXScale;
+    parameters[kYScale] = kKrovakNorthYScale;
+    parameters[kXYPlaneRotation] = kKrovakNorthRotation;
 }
 
 bool CGxPRJParser::_ReadWebMercator(const std::string& wkt, EDialect dialect) {

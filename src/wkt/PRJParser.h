@@ -229,6 +229,8 @@ private:
     struct GxNameEntry {
         CGxMapProjData::EProjectionType type;
         EDialect dialect;
+        // Absent offsets and latitude of origin read as 0, scale as 1.
+        bool methodDefaults;
     };
 
     // Fills the name table and gives every member its initial value.
@@ -236,8 +238,14 @@ private:
     // Step of Parse: reads the parameters of the current type from the text
     // after PROJECTION and applies the type's decisions (Lambert one or two
     // parallels, Hotine or rectified skew orthomorphic); false when a
-    // required parameter is missing or the text contradicts its name.
-    bool _ReadParameters(const std::string& projectionText, EDialect dialect);
+    // required parameter is missing or the text contradicts its name. With
+    // methodDefaults an absent false easting, false northing or latitude of
+    // origin is 0 and an absent scale factor 1.
+    bool _ReadParameters(const std::string& projectionText, EDialect dialect, bool methodDefaults);
+    // Step of Parse for a Krovak named without its axis scales and plane
+    // rotation, once the axes are read: the east-north grid where the AXIS
+    // elements or the system's name say so.
+    void _OrientKrovak(const std::string& text, const std::string& projectionText);
     // Step of Parse for the Mercator types, once the units are read: whether
     // the text states the web Mercator, whose figure is a sphere, and then
     // puts that sphere in place of the spheroid. False when the text names it

@@ -435,6 +435,33 @@ class DatumWarning(Scratch):
         self.assertIn("25832_esri.prj has no datum shift", run.stderr)
         self.assertIn("up to about 2 m", run.stderr)
 
+    # The library's own web Mercator names its datum after its sphere, but its
+    # longitudes and latitudes are WGS 84's: no warning against WGS 84, and
+    # the conversion is PROJ's:
+    #   echo "50 10" | cs2cs -f %.4f EPSG:4326 EPSG:3857   -> 1113194.9079 6446275.8410
+    GOOGLE = ('PROJCS["Google Maps - Mercator",GEOGCS["GCS_Google_Maps",DATUM["D_Google_Maps",'
+              'SPHEROID["Google Maps (Sphere)",6378137,0]],PRIMEM["Greenwich",0],'
+              'UNIT["Degree",0.0174532925199433]],PROJECTION["Mercator"],'
+              'PARAMETER["False_Easting",0],PARAMETER["False_Northing",0],'
+              'PARAMETER["Central_Meridian",0],PARAMETER["Standard_Parallel_1",0],'
+              'UNIT["Meter",1]]')
+
+    def test_web_mercator_lies_on_wgs84(self):
+        google = self.write("google.prj", self.GOOGLE)
+        for wgs84 in (data("wkt", "4326_esri.prj"), data("wkt", "4326_gdal.prj"), "EPSG:4326"):
+            with self.subTest(wgs84=wgs84):
+                run = gxcart("convert", "--from", wgs84, "--to", google, stdin="10 50\n")
+                self.assertEqual(run.returncode, 0, run.stderr)
+                self.assertNotIn("warning", run.stderr)
+                self.assertEqual(numbers(run.stdout), [[1113194.9079, 6446275.8410]])
+        # A datum without shift is still named, the web Mercator is not.
+        with open(data("wkt", "ed50_utm32_towgs84_gdal.prj")) as f:
+            ed50 = self.write("ed50_noshift.prj",
+                              f.read().replace(",TOWGS84[-87,-98,-121,0,0,0,0]", ""))
+        run = gxcart("convert", "--from", ed50, "--to", google, stdin="500000 5300000\n")
+        self.assertIn("warning: %s has no datum shift" % ed50, run.stderr)
+        self.assertNotIn("google.prj has", run.stderr)
+
     def test_no_warning_where_nothing_is_missing(self):
         cases = [
             # Both shifts given.

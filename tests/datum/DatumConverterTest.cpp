@@ -416,3 +416,115 @@ TEST(DatumConverter, HostileInputStaysDefined) {
     EXPECT_THROW(CGxDatumConverter("UTM", rdNew.c_str()), std::out_of_range);
     EXPECT_THROW(CGxDatumConverter(rdNew.c_str(), "UTM"), std::out_of_range);
 }
+
+// The web Mercator's sphere is a device of the projection: its longitudes and
+// latitudes are WGS 84's. Every form of it (the library's own string, ESRI's,
+// old GDAL's, GeoTools', a Mercator named the pseudo-Mercator) converts to
+// and from WGS 84 without a geocentric step, heights unchanged, as PROJ does;
+// before, the step went through the sphere and landed up to 42 km off.
+//   printf '0 0\n50 10\n-60 -120\n80 150\n-85 179.9\n' | cs2cs -f %.6f EPSG:4326 EPSG:3857
+// Towards another datum it leaves through WGS 84's ellipsoid:
+//   P="+proj=pipeline +step +inv +proj=webmerc +ellps=WGS84 +step +proj=cart +ellps=WGS84
+//      +step +inv +proj=helmert +x=-87 +y=-98 +z=-121 +step +inv +proj=cart +ellps=intl
+//      +step +proj=utm +zone=32 +ellps=intl"
+//   cct -d 6 $P (and cct -I -d 6 $P for the way back)
+TEST(DatumConverter, WebMercatorLongitudesAndLatitudesAreWgs84s) {
+    const std::string forms[] = {
+        CGxMapProjection::IDtoProjectionString(CGxMapProjection::eGoogleMaps),
+        ReadPrj("3857_esri.prj"),
+        ReadPrj("3857_gdal.prj"),
+        ReadPrj("dialects/web_mercator_geotools.prj"),
+        ReadPrj("dialects/web_mercator_named.prj"),
+        ReadPrj("dialects/web_mercator_named_1sp.prj"),
+    };
+    const std::vector<std::pair<Point, Point>> wgs84ToWebMercator = {
+        {{0, 0, 0}, {0, 0, 0}},
+        {{10, 50, 123.4}, {1113194.907933, 6446275.841017, 123.4}},
+        {{-120, -60, -20}, {-13358338.895193, -8399737.889818, -20}},
+        {{150, 80, 0}, {16697923.618991, 15538711.096309, 0}},
+        {{179.9, -85, 0}, {20026376.393710, -19971868.880409, 0}},
+    };
+    const std::vector<std::pair<Point, Point>> toEd50Utm32 = {
+        {{1113194.907933, 6446275.841017, 0}, {571750.043219, 5539311.655440, -38.753192}},
+        {{1669792.361900, 6274861.394007, 100}, {938829.067844, 5445024.499048, 64.060523}},
+    };
+    const std::vector<std::pair<Point, Point>> fromEd50Utm32 = {
+        {{500000, 5300000, 0}, {1001751.686538, 6082191.814427, 43.190825}},
+        {{650000, 5900000, 100}, {1251875.971725, 7024962.599284, 133.000587}},
+    };
+    const std::string wgs84 = ReadPrj("4326_esri.prj");
+    const std::string ed50Utm32 = ReadPrj("ed50_utm32_towgs84_gdal.prj");
+    for (const std::string& form : forms) {
+        SCOPED_TRACE(form);
+        CGxDatumConverter fromWgs84(wgs84.c_str(), form.c_str());
+        EXPECT_TRUE(CGxDatumConverter::IsWebMercator(*fromWgs84.GetMapProjection(false)));
+        EXPECT_TRUE(fromWgs84.GetBypassXYZ());
+        fromWgs84.SetConversionType(CGxDatumConverter::eGeoToProj);
+        for (const auto& [in, expected] : wgs84ToWebMercator) {
+            Point p = in;
+            fromWgs84.Convert(p.x, p.y, p.z);
+            ExpectNear(p, expected, false, true);
+            fromWgs84.InvConvert(p.x, p.y, p.z);
+            ExpectNear(p, in, true, true);
+        }
+        // The same from the web Mercator's side.
+        CGxDatumConverter toWgs84(form.c_str(), wgs84.c_str());
+        toWgs84.SetConversionType(CGxDatumConverter::eProjToGeo);
+        Point q = wgs84ToWebMercator[1].second;
+        toWgs84.Convert(q.x, q.y, q.z);
+        ExpectNear(q, wgs84ToWebMercator[1].first, true, true);
+
+        CGxDatumConverter toEd50(form.c_str(), ed50Utm32.c_str());
+        EXPECT_FALSE(toEd50.GetBypassXYZ());
+        for (const auto& [in, expected] : toEd50Utm32) {
+            Point p = in;
+            toEd50.Convert(p.x, p.y, p.z);
+            ExpectNear(p, expected, false, true);
+        }
+        for (const auto& [in, expected] : fromEd50Utm32) {
+            Point p = in;
+            toEd50.InvConvert(p.x, p.y, p.z);
+            ExpectNear(p, expected, false, true);
+        }
+        // Inverting the order keeps each side's figure with its system.
+        toEd50.InvertOrder();
+        Point r = fromEd50Utm32[0].first;
+        toEd50.Convert(r.x, r.y, r.z);
+        ExpectNear(r, fromEd50Utm32[0].second, false, true);
+    }
+
+    // Only the sphere of WGS 84's semi-major axis, without a datum shift,
+    // under a Mercator: a sphere of another radius, a shift, or another
+    // projection keep their own figure and the geocentric step on it.
+    const std::string sphere =
+        "GEOGCS[\"s\",DATUM[\"s\",SPHEROID[\"s\",RADIUS,0]SHIFT],PRIMEM[\"Greenwich\",0],"
+        "UNIT[\"degree\",0.0174532925199433]]";
+    const auto projcs = [&sphere](const char* radius, const char* shift, const char* projection,
+                                  const char* parameters) {
+        std::string geogcs = sphere;
+        geogcs.replace(geogcs.find("RADIUS"), 6, radius);
+        geogcs.replace(geogcs.find("SHIFT"), 5, shift);
+        return "PROJCS[\"p\"," + geogcs + ",PROJECTION[\"" + projection + "\"]," + parameters +
+               "UNIT[\"metre\",1]]";
+    };
+    const char mercator[] =
+        "PARAMETER[\"central_meridian\",0],PARAMETER[\"standard_parallel_1\",0],"
+        "PARAMETER[\"false_easting\",0],PARAMETER[\"false_northing\",0],";
+    const char transverse[] =
+        "PARAMETER[\"central_meridian\",0],PARAMETER[\"scale_factor\",1],"
+        "PARAMETER[\"latitude_of_origin\",0],PARAMETER[\"false_easting\",0],"
+        "PARAMETER[\"false_northing\",0],";
+    for (const std::string& other :
+         {projcs("6371000", "", "Mercator", mercator),
+          projcs("6378137", ",TOWGS84[1,2,3,0,0,0,0]", "Mercator", mercator),
+          projcs("6378137", "", "Transverse_Mercator", transverse)}) {
+        SCOPED_TRACE(other);
+        CGxMapProjection system(other.c_str());
+        ASSERT_TRUE(system.GetProjection());
+        EXPECT_FALSE(CGxDatumConverter::IsWebMercator(system));
+        CGxDatumConverter converter(wgs84.c_str(), other.c_str());
+        EXPECT_FALSE(converter.GetBypassXYZ());
+    }
+    EXPECT_TRUE(CGxDatumConverter::IsWebMercator(
+        CGxMapProjection(projcs("6378137", "", "Mercator", mercator).c_str())));
+}

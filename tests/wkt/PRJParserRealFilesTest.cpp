@@ -104,7 +104,7 @@ TEST(PRJParserRealFiles, TypeParametersAndUnit) {
                 << getter.first;
         }
     }
-    EXPECT_EQ(rows, 82);
+    EXPECT_EQ(rows, 87);
 }
 
 // The names and numbers of the geographic part, from both flavours of the

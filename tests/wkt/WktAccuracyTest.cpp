@@ -142,7 +142,7 @@ TEST(WktAccuracy, EveryAcceptedTextHasReferencePoints) {
         ++accepted;
         EXPECT_EQ(covered.count(file), 1u) << file;
     }
-    EXPECT_EQ(accepted, 77);
+    EXPECT_EQ(accepted, 82);
 }
 
 // A south-orientated Transverse Mercator text is read as the plain

@@ -251,6 +251,133 @@ TEST(PRJParserNames, BlanksUnderscoresAndEpsgSpellings) {
     EXPECT_EQ(parallelWins.GetStandardParallel1(), 30.0);
 }
 
+// A Krovak without axis scales and plane rotation takes its orientation from
+// what else the text writes, as GDAL writes the two grids and PROJ reads
+// them: AXIS elements state the grid's directions (the east-north grid
+// ordered and signed by them), no AXIS elements the classic southing-westing
+// grid, unless the system has ESRI's east-north name. Before, the AXIS
+// elements were applied to the classic grid's southing and westing, which put
+// GDAL's EPSG:5514 text over 1000 km from PROJ.
+//   K="+proj=krovak +lat_0=49.5 +lon_0=24.8333333333333 +alpha=30.2881397527778
+//      +k=0.9999 +x_0=0 +y_0=0 +ellps=bessel"
+//   echo "14.42 50.09 0 0" | cct -d 6 $K +axis=enu  -> -742949.430991 -1042796.966163
+//                                        +axis=swu  ->  1042796.966163   742949.430991
+//                                        +axis=wsu  ->   742949.430991  1042796.966163
+//                                        +axis=neu  -> -1042796.966163  -742949.430991
+TEST(PRJParserNames, KrovakOrientedByItsAxesOrName) {
+    const std::string krovak =
+        P("latitude_of_center", "49.5") + P("longitude_of_center", "24.8333333333333") +
+        P("azimuth", "30.2881397527778") + P("pseudo_standard_parallel_1", "78.5") +
+        P("scale_factor", "0.9999") + P("false_easting", "0") + P("false_northing", "0");
+    const std::string bessel =
+        "GEOGCS[\"S-JTSK\",DATUM[\"S_JTSK\",SPHEROID[\"Bessel 1841\",6377397.155,"
+        "299.1528128]],PRIMEM[\"Greenwich\",0],UNIT[\"degree\",0.0174532925199433]]";
+    struct Case {
+        const char* name;
+        const char* axes;
+        double x, y;
+    };
+    const Case cases[] = {
+        {"S-JTSK / Krovak East North", ",AXIS[\"Easting\",EAST],AXIS[\"Northing\",NORTH]",
+         -742949.430991, -1042796.966163},
+        {"S-JTSK / Krovak", ",AXIS[\"X\",SOUTH],AXIS[\"Y\",WEST]", 1042796.966163, 742949.430991},
+        {"S-JTSK / Krovak", ",AXIS[\"Y\",WEST],AXIS[\"X\",SOUTH]", 742949.430991, 1042796.966163},
+        {"S-JTSK / Krovak", ",AXIS[\"X\",NORTH],AXIS[\"Y\",EAST]", -1042796.966163, -742949.430991},
+        {"S-JTSK / Krovak", "", 1042796.966163, 742949.430991},
+        // The name decides only without AXIS elements, and only as ESRI
+        // writes it.
+        {"S_JTSK_Krovak_East_North", "", -742949.430991, -1042796.966163},
+        {"S_JTSK_Krovak_East_North", ",AXIS[\"X\",SOUTH],AXIS[\"Y\",WEST]", 1042796.966163,
+         742949.430991},
+        {"S-JTSK / Krovak East North", "", 1042796.966163, 742949.430991},
+    };
+    for (const Case& c : cases) {
+        const std::string text = Projcs(c.name, "Krovak", krovak, c.axes, bessel);
+        SCOPED_TRACE(text);
+        CGxMapProjection grid(text.c_str());
+        ASSERT_TRUE(grid.GetProjection());
+        double x = 0, y = 0, lon = 0, lat = 0;
+        grid.Geo2Proj(14.42, 50.09, &x, &y);
+        EXPECT_NEAR(x, c.x, 1e-3);
+        EXPECT_NEAR(y, c.y, 1e-3);
+        grid.Proj2Geo(c.x, c.y, &lon, &lat);
+        EXPECT_NEAR(lon, 14.42, 1e-8);
+        EXPECT_NEAR(lat, 50.09, 1e-8);
+    }
+    // Scales or a rotation written are the text's own orientation, whatever
+    // its axes and name say.
+    CGxMapProjection classic(Projcs("S_JTSK_Krovak_East_North", "Krovak",
+                                    krovak + P("X_Scale", "1"),
+                                    ",AXIS[\"Easting\",EAST],AXIS[\"Northing\",NORTH]", bessel)
+                                 .c_str());
+    double x = 0, y = 0;
+    classic.Geo2Proj(14.42, 50.09, &x, &y);
+    EXPECT_NEAR(x, 1042796.966163, 1e-3);
+    EXPECT_NEAR(y, 742949.430991, 1e-3);
+}
+
+// A parameter a text leaves out is read as its default (0 for the offsets
+// and the latitude of origin, 1 for the scale) only under the names whose
+// writers leave defaults out: EPSG's method names and names written with
+// blanks. The OGC, ESRI and GDAL names keep their rule that the type's
+// parameters are all written, and the parameters without a default (central
+// meridian, parallels) stay required under every name. The accuracy of the
+// texts that open this way is checked with the grids (the *_defaults.prj
+// dialect texts in grid_points.txt).
+TEST(PRJParserNames, OmittedParametersTakeDefaultsOnlyUnderDialectNames) {
+    const std::string tmPart =
+        P("central_meridian", "-73.5") + P("scale_factor", "0.9999") + P("false_easting", "304800");
+    const std::string lccPart = P("central_meridian", "10.5") + P("standard_parallel_1", "48") +
+                                P("standard_parallel_2", "54");
+    struct Case {
+        const char* what;
+        std::string text;
+        Type type;  // eInvalidProjection: refused
+    };
+    const Case cases[] = {
+        {"blank TM without false northing and origin", Projcs("x", "Transverse Mercator", tmPart),
+         CGxMapProjData::eTransverseMercator},
+        {"OGC TM without them", Projcs("x", "Transverse_Mercator", tmPart),
+         CGxMapProjData::eInvalidProjection},
+        {"blank TM without its meridian",
+         Projcs("x", "Transverse Mercator", P("scale_factor", "0.9999")),
+         CGxMapProjData::eInvalidProjection},
+        {"EPSG Lambert 2SP with parallels only",
+         Projcs("x", "Lambert Conic Conformal (2SP)", lccPart), CGxMapProjData::eLambert2SP},
+        {"OGC Lambert 2SP with parallels only", Projcs("x", "Lambert_Conformal_Conic_2SP", lccPart),
+         CGxMapProjData::eInvalidProjection},
+        {"blank Lambert with parallels only", Projcs("x", "Lambert Conformal Conic", lccPart),
+         CGxMapProjData::eLambert2SP},
+        // Under the name of both forms the scale is not filled in: whether
+        // the text writes one decides the form, and without the second
+        // parallel or a scale there is no form.
+        {"blank Lambert with one parallel",
+         Projcs("x", "Lambert Conformal Conic",
+                P("central_meridian", "10.5") + P("standard_parallel_1", "48")),
+         CGxMapProjData::eInvalidProjection},
+        {"EPSG Mercator A with its meridian",
+         Projcs("x", "Mercator (variant A)", P("central_meridian", "0")),
+         CGxMapProjData::eMercator1SP},
+        {"EPSG Mercator A without it", Projcs("x", "Mercator (variant A)", ""),
+         CGxMapProjData::eInvalidProjection},
+        {"OGC Mercator 1SP without parameters", Projcs("x", "Mercator_1SP", ""),
+         CGxMapProjData::eInvalidProjection},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        const Reading r = Read(c.text);
+        EXPECT_EQ(r.type, c.type);
+        EXPECT_EQ(r.ok, c.type != CGxMapProjData::eInvalidProjection);
+    }
+    // The written values are kept; only the absent ones are filled.
+    CGxPRJParser written(
+        Projcs("x", "Transverse Mercator", tmPart + P("false_northing", "-5000000")));
+    ASSERT_TRUE(written.Parse(false));
+    EXPECT_EQ(written.GetFalseNorthing(), -5000000.0);
+    EXPECT_EQ(written.GetLatitudeOfOrigin(), 0.0);
+    EXPECT_EQ(written.GetScaleFactor(), 0.9999);
+}
+
 // Blanks, tabs and line breaks between the elements (texts laid out over
 // several lines, blanks after keywords and commas) read as the one-line
 // text; blanks inside quoted names stay. Before, a blank between a bracket

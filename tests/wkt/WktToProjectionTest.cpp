@@ -470,9 +470,9 @@ TEST(WktToProjection, HostileNumbersBuildSafely) {
         }
     }
 
-    // A spheroid of nonsense numbers and an angular unit of zero.
+    // A prime meridian at infinity and units of zero still build.
     const std::string text =
-        "PROJCS[\"bad\",GEOGCS[\"g\",DATUM[\"d\",SPHEROID[\"s\",-1,nan]],PRIMEM[\"p\",inf],"
+        "PROJCS[\"bad\",GEOGCS[\"g\",DATUM[\"d\",SPHEROID[\"s\",6378137,nan]],PRIMEM[\"p\",inf],"
         "UNIT[\"u\",0]],PROJECTION[\"Transverse_Mercator\"]," +
         Utm32Parameters() + "UNIT[\"m\",0]]";
     CGxPRJParser parser(text);
@@ -482,4 +482,52 @@ TEST(WktToProjection, HostileNumbersBuildSafely) {
     double x = 0, y = 0;
     algorithm->Geo2Proj(9, 50, &x, &y);
     algorithm->Proj2Geo(x, y, &x, &y);
+}
+
+// A spheroid without a size is no figure: a semi-major axis of 0 (as some
+// writers put in a file they could not fill), negative, NaN, infinite or not
+// a number at all refuses the text, projected or geographic, instead of
+// building grids and Earth-centred coordinates on nothing. Before, such texts
+// opened and every length on them was meaningless.
+TEST(WktToProjection, SpheroidWithoutSizeIsRefused) {
+    for (const char* major : {"0", "0.0000000000000000", "-1", "-6378137", "nan", "inf", "x"}) {
+        SCOPED_TRACE(major);
+        const std::string spheroid = std::string("SPHEROID[\"s\",") + major + ",298.257223563]";
+        const std::string geogcs = "GEOGCS[\"g\",DATUM[\"d\"," + spheroid +
+                                   "],PRIMEM[\"Greenwich\",0],UNIT[\"degree\",0.0174532925199433]]";
+        for (const std::string& text :
+             {geogcs, "PROJCS[\"p\"," + geogcs + ",PROJECTION[\"Transverse_Mercator\"]," +
+                          Utm32Parameters() + "UNIT[\"m\",1]]"}) {
+            CGxPRJParser parser(text);
+            EXPECT_FALSE(parser.Parse(false));
+            EXPECT_EQ(parser.GetProjectionType(), CGxMapProjData::eInvalidProjection);
+            EXPECT_EQ(Algorithm(parser.CreateMapProjection()), nullptr);
+        }
+    }
+    // A sphere (inverse flattening 0) is a figure. A name with brackets in
+    // it keeps the numbers after it ("WGS 84 [EPSG ID 7030]" was read with
+    // the semi-major axis 0), and an empty name does not take the numbers.
+    struct Figure {
+        const char* spheroid;
+        const char* name;
+        double major, invFlattening;
+    };
+    const Figure figures[] = {
+        {"SPHEROID[\"Sphere\",6371000,0]", "Sphere", 6371000, 0},
+        {"SPHEROID[\"WGS 84 [EPSG ID 7030]\",6378137.0,298.257223563]", "WGS 84 [EPSG ID 7030]",
+         6378137, 298.257223563},
+        {"SPHEROID[\"\",6378137,298.257223563]", "", 6378137, 298.257223563},
+    };
+    for (const Figure& f : figures) {
+        SCOPED_TRACE(f.spheroid);
+        CGxPRJParser parser(std::string("GEOGCS[\"g\",DATUM[\"d\",") + f.spheroid +
+                            "],PRIMEM[\"Greenwich\",0],UNIT[\"degree\",0.0174532925199433]]");
+        EXPECT_TRUE(parser.Parse(false));
+        std::string name;
+        double major = 0, invFlattening = -1;
+        parser.GetEllipsoid(name, major, invFlattening);
+        EXPECT_EQ(name, f.name);
+        EXPECT_EQ(major, f.major);
+        EXPECT_EQ(invFlattening, f.invFlattening);
+    }
 }

@@ -48,7 +48,9 @@ const char* const kHelp =
     "\n"
     "Systems on different datums are converted through WGS 84 with their TOWGS84\n"
     "shifts; heights then change with the ellipsoid. A system without a shift is\n"
-    "taken as lying on WGS 84, and a warning says so when that matters.\n"
+    "taken as lying on WGS 84, and a warning says so when that matters. The web\n"
+    "Mercator (EPSG:3857 in any of its spellings) lies on WGS 84: its longitudes\n"
+    "and latitudes are WGS 84's.\n"
     "LONG/LAT names no datum: to shift from or to WGS 84 longitude/latitude give\n"
     "its GEOGCS as WKT or a .prj file.\n"
     "\n"
@@ -344,6 +346,15 @@ DatumSide Describe(const CGxMapProjection& system, const std::string& argument,
                    const std::string& text) {
     DatumSide side;
     side.argument = argument;
+    if (CGxDatumConverter::IsWebMercator(system)) {
+        // The web Mercator's longitudes and latitudes are WGS 84's whatever
+        // its sphere and its datum are called ("D_Google_Maps"), and the
+        // converter takes them so.
+        side.hasEllipsoid = true;
+        side.ellipsoid = CGxEllipsoid("WGS 84", "", 6378137.0, 298.257223563);
+        side.datum = "WGS84";
+        return side;
+    }
     side.hasEllipsoid = system.GetProjection()->GetAnonymousEllipsoid(side.ellipsoid);
     CGxDatumShift shift;
     system.GetDatumShift(shift);

@@ -197,18 +197,18 @@ block 6 "32661_esri.prj 32661_gdal.prj" $(crs 32661) <<EOF
 150 62
 EOF
 
-echo "# The ESRI text's axis scales (-1, 1) and plane rotation of 90 degrees"
-echo "# give PROJ's east-north Krovak."
-block 6 "5514_esri.prj" $(crs 5514) <<EOF
+echo "# The east-north Krovak: ESRI's text by its axis scales (-1, 1) and plane"
+echo "# rotation of 90 degrees, GDAL's by its AXIS elements (EAST, NORTH)."
+block 6 "5514_esri.prj 5514_gdal.prj" $(crs 5514) <<EOF
 14.42 50.09
 17.1 48.15
 21.26 48.72
 12.5 50.2
 EOF
 
-echo "# The GDAL text leaves the axis scales and the rotation out: the grid is"
-echo "# then the classic southing-westing Krovak, PROJ's +axis=swu."
-block 6 "5514_gdal.prj" $(crs 5514) +axis=swu <<EOF
+echo "# The classic southing-westing Krovak, PROJ's +axis=swu: ESRI's text by"
+echo "# its neutral axis scales and rotation, GDAL's by having no AXIS elements."
+block 6 "5513_esri.prj 5513_gdal.prj" $(crs 5513) <<EOF
 14.42 50.09
 17.1 48.15
 21.26 48.72
@@ -381,6 +381,27 @@ EOF
 
 echo "# A plain Mercator with a scale of 1 on the equator instead of a parallel."
 block 6 "dialects/mercator_scale_one.prj" +proj=merc +lat_ts=0 +lon_0=0 +x_0=0 +y_0=0 +ellps=WGS84 +units=m <<EOF
+0 0
+-120 -60
+45 30
+EOF
+
+echo "# Writers of blank-spelled and EPSG names leave out the parameters that"
+echo "# equal their defaults: false easting, false northing and latitude of"
+echo "# origin 0, scale factor 1."
+block 6 "dialects/tm_blanks_defaults.prj" +proj=tmerc +lat_0=0 +lon_0=-73.5 +k=0.9999 +x_0=304800 +y_0=0 +ellps=GRS80 +units=m <<EOF
+-73.5 45.5
+-75 47
+-72 61
+EOF
+
+block 6 "dialects/lcc_epsg_defaults.prj" +proj=lcc +lat_0=0 +lon_0=10.5 +lat_1=48 +lat_2=54 +x_0=0 +y_0=0 +ellps=WGS84 +units=m <<EOF
+10.5 51
+6 47.5
+15 55
+EOF
+
+block 6 "dialects/mercator_variant_a_defaults.prj" +proj=merc +lon_0=0 +k=1 +x_0=0 +y_0=0 +ellps=WGS84 +units=m <<EOF
 0 0
 -120 -60
 45 30

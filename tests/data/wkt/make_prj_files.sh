@@ -13,7 +13,7 @@ write() {  # file, projinfo arguments...
 }
 
 for code in 25832 2154 31370 27572 31700 28992 27200 26931 29873 2056 3395 3994 \
-            3031 3413 32661 5514 5070 3577 3035 3068 2314 2263 2053 22275 \
+            3031 3413 32661 5513 5514 5070 3577 3035 3068 2314 2263 2053 22275 \
             31300 3857 4326 4807; do
     write "${code}_esri.prj" "EPSG:$code" -o WKT1_ESRI
     write "${code}_gdal.prj" "EPSG:$code" -o WKT1_GDAL
