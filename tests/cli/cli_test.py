@@ -590,7 +590,7 @@ class Catalogue(Scratch):
         self.assertRegex(run.stdout, r"\n  ellipsoid\.zpf +MISSING\n")
         self.assertIn("warning: the library's system catalogue files are missing "
                       "(ellipsoid.zpf, map_projection.zpf, state_plane_nad83.zpf, "
-                      "state_plane_nad27.zpf)", run.stderr)
+                      "state_plane_nad27.zpf, epsg_common.zpf, epsg_other.zpf)", run.stderr)
         # Without its ellipsoid UTM-32 converts nothing.
         run = gxcart("convert", "--from", "LONG/LAT", "--to", "UTM-32", stdin="9 48\n", env=env)
         self.assertEqual((run.returncode, run.stdout), (1, "* *\n"))

@@ -43,8 +43,9 @@ const char* const kHelp =
 
 // Files the library reads from its data folder at load; without them the
 // catalogue holds hardly more than LONG/LAT and NON-UTM.
-const char* const kSystemFiles[] = {"ellipsoid.zpf", "map_projection.zpf", "state_plane_nad83.zpf",
-                                    "state_plane_nad27.zpf"};
+const char* const kSystemFiles[] = {"ellipsoid.zpf",         "map_projection.zpf",
+                                    "state_plane_nad83.zpf", "state_plane_nad27.zpf",
+                                    "epsg_common.zpf",       "epsg_other.zpf"};
 // Read only when a caller enumerates projections; the catalogue works
 // without them. The user's files are all of this kind, or custom entries.
 const char* const kOptionalSystemFiles[] = {"OpenGISProjections/", "SystemDefinedProjection.setup"};
