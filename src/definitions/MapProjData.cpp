@@ -128,7 +128,24 @@ bool CGxMapProjData::IsEquivalent(int flags, EProjectionType type) {
 
 void CGxMapProjData::ComputeFourierCoefficients(EProjectionType type, bool forward, double x,
                                                 double* const out) {
-    if (out) GxComputeFourierCoefficients(type, forward, x, out);
+    if (!out) return;
+    EGxSeries series = EGxSeries::eConformalLatitude;
+    switch (type) {
+        case eTransverseMercator:
+            series = EGxSeries::eKruegerTransverseMercator;
+            break;
+        case eAlbersEqualArea:
+        case eLambertAzimuthalEqualArea:
+            series = EGxSeries::eAuthalicLatitude;
+            break;
+        case eCassiniSoldner:
+        case eEquidistantConic:
+            series = EGxSeries::eMeridianArc;
+            break;
+        default:
+            break;
+    }
+    GxComputeFourierCoefficients(series, forward, x, out);
 }
 
 bool CGxMapProjData::zpfGetParamDMS(void* section, const char* keyword, int* degrees, int* minutes,
