@@ -2,8 +2,6 @@
 
 #include <iterator>
 
-#include "projections/AlbersEqualArea.h"
-
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -18,14 +16,6 @@ constexpr GxParamRow kParams[] = {
     GxFalseNorthing(0),
 };
 
-// The WKT parameter each index is written as.
-constexpr EGxWktParameter kWktParams[] = {
-    EGxWktParameter::eStandardParallel1, EGxWktParameter::eStandardParallel2,
-    EGxWktParameter::eCentralMeridian,   EGxWktParameter::eLatitudeOfOrigin,
-    EGxWktParameter::eFalseEasting,      EGxWktParameter::eFalseNorthing,
-};
-static_assert(std::size(kWktParams) == std::size(kParams));
-
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eAlbersEqualArea,
     "Albers equal area",
@@ -35,8 +25,6 @@ constexpr GxProjDataLayout kLayout = {
     "WE",
     static_cast<int>(std::size(kParams)),
     kParams,
-    "Albers_Conic_Equal_Area",
-    kWktParams,
 };
 
 }  // namespace
@@ -54,7 +42,3 @@ CGxAlbersEqualAreaProjection::CGxAlbersEqualAreaProjection(
           kLayout, name, branchName, ellipsoidID,
           {parallel1, parallel2, centralMeridian, originLatitude, falseEasting, falseNorthing},
           canDelete, canEdit) {}
-
-CGxProjection* CGxAlbersEqualAreaProjection::CreateProjection() const {
-    return new CGxAlbersEqualArea(this);
-}

@@ -2,8 +2,6 @@
 
 #include <iterator>
 
-#include "projections/CassiniSoldner.h"
-
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -16,15 +14,6 @@ constexpr GxParamRow kParams[] = {
     GxFalseNorthing(0),
 };
 
-// The WKT parameter each index is written as.
-constexpr EGxWktParameter kWktParams[] = {
-    EGxWktParameter::eCentralMeridian,
-    EGxWktParameter::eLatitudeOfOrigin,
-    EGxWktParameter::eFalseEasting,
-    EGxWktParameter::eFalseNorthing,
-};
-static_assert(std::size(kWktParams) == std::size(kParams));
-
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eCassiniSoldner,
     "Cassini-Soldner",
@@ -34,8 +23,6 @@ constexpr GxProjDataLayout kLayout = {
     "WE",
     static_cast<int>(std::size(kParams)),
     kParams,
-    "Cassini_Soldner",
-    kWktParams,
 };
 
 }  // namespace
@@ -52,7 +39,3 @@ CGxCassiniSoldnerProjection::CGxCassiniSoldnerProjection(
     : CGxTabledMapProjData(kLayout, name, branchName, ellipsoidID,
                            {centralMeridian, originLatitude, falseEasting, falseNorthing},
                            canDelete, canEdit) {}
-
-CGxProjection* CGxCassiniSoldnerProjection::CreateProjection() const {
-    return new CGxCassiniSoldner(this);
-}

@@ -1,9 +1,5 @@
 #include "definitions/GeographicalProjection.h"
 
-#include <new>
-
-#include "projections/Geographical.h"
-
 namespace {
 
 constexpr GxProjDataLayout kLayout = {
@@ -14,8 +10,6 @@ constexpr GxProjDataLayout kLayout = {
     "Default Geographical",
     "WE",
     0,
-    nullptr,
-    "Geographical",
     nullptr,
 };
 
@@ -31,7 +25,3 @@ CGxGeographicalProjection::CGxGeographicalProjection(const std::string& name,
                                                      const std::string& ellipsoidID, bool canDelete,
                                                      bool canEdit)
     : CGxTabledMapProjData(kLayout, name, branchName, ellipsoidID, {}, canDelete, canEdit) {}
-
-CGxProjection* CGxGeographicalProjection::CreateProjection() const {
-    return new (std::nothrow) CGxGeographical(this);
-}

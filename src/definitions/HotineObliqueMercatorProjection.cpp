@@ -2,8 +2,6 @@
 
 #include <iterator>
 
-#include "projections/HotineObliqueMercator.h"
-
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -18,14 +16,6 @@ constexpr GxParamRow kParams[] = {
     GxFalseNorthing(0),
 };
 
-// The WKT parameter each index is written as.
-constexpr EGxWktParameter kWktParams[] = {
-    EGxWktParameter::eScaleFactor,      EGxWktParameter::eLongitudeOfCenter,
-    EGxWktParameter::eLatitudeOfCenter, EGxWktParameter::eAzimuth,
-    EGxWktParameter::eFalseEasting,     EGxWktParameter::eFalseNorthing,
-};
-static_assert(std::size(kWktParams) == std::size(kParams));
-
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eHotineObliqueMercator,
     "Hotine oblique mercator",
@@ -35,8 +25,6 @@ constexpr GxProjDataLayout kLayout = {
     "RF",
     static_cast<int>(std::size(kParams)),
     kParams,
-    "Hotine_Oblique_Mercator_Azimuth_Natural_Origin",
-    kWktParams,
 };
 
 }  // namespace
@@ -55,7 +43,3 @@ CGxHotineObliqueMercatorProjection::CGxHotineObliqueMercatorProjection(
           kLayout, name, branchName, ellipsoidID,
           {scale, centerLongitude, centerLatitude, azimuth, falseEasting, falseNorthing}, canDelete,
           canEdit) {}
-
-CGxProjection* CGxHotineObliqueMercatorProjection::CreateProjection() const {
-    return new CGxHotineObliqueMercator(this);
-}

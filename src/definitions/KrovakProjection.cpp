@@ -2,8 +2,6 @@
 
 #include <iterator>
 
-#include "projections/Krovak.h"
-
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -22,21 +20,6 @@ constexpr GxParamRow kParams[] = {
     GxFalseNorthing(0),
 };
 
-// The WKT parameter each index is written as.
-constexpr EGxWktParameter kWktParams[] = {
-    EGxWktParameter::eScaleFactor,
-    EGxWktParameter::ePseudoParallel,
-    EGxWktParameter::eLongitudeOfCenter,
-    EGxWktParameter::eLatitudeOfCenter,
-    EGxWktParameter::eAzimuth,
-    EGxWktParameter::eXYPlaneRotation,
-    EGxWktParameter::eXScale,
-    EGxWktParameter::eYScale,
-    EGxWktParameter::eFalseEasting,
-    EGxWktParameter::eFalseNorthing,
-};
-static_assert(std::size(kWktParams) == std::size(kParams));
-
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eKrovak,
     "Krovak oblique conformal conic",
@@ -46,8 +29,6 @@ constexpr GxProjDataLayout kLayout = {
     "BR",
     static_cast<int>(std::size(kParams)),
     kParams,
-    "Krovak",
-    kWktParams,
 };
 
 }  // namespace
@@ -68,7 +49,3 @@ CGxKrovakProjection::CGxKrovakProjection(const std::string& name, const std::str
                            {scaleAtPseudoParallel, pseudoParallel, centerLongitude, centerLatitude,
                             azimuth, xyPlaneRotation, xScale, yScale, falseEasting, falseNorthing},
                            canDelete, canEdit) {}
-
-CGxProjection* CGxKrovakProjection::CreateProjection() const {
-    return new CGxKrovak(this);
-}

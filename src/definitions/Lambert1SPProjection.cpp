@@ -2,8 +2,6 @@
 
 #include <iterator>
 
-#include "projections/Lambert1SP.h"
-
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -17,14 +15,6 @@ constexpr GxParamRow kParams[] = {
     GxFalseNorthing(0),
 };
 
-// The WKT parameter each index is written as.
-constexpr EGxWktParameter kWktParams[] = {
-    EGxWktParameter::eScaleFactor,      EGxWktParameter::eCentralMeridian,
-    EGxWktParameter::eLatitudeOfOrigin, EGxWktParameter::eFalseEasting,
-    EGxWktParameter::eFalseNorthing,
-};
-static_assert(std::size(kWktParams) == std::size(kParams));
-
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eLambert1SP,
     "Lambert conformal conic with 1 standard parallel",
@@ -34,8 +24,6 @@ constexpr GxProjDataLayout kLayout = {
     "WE",
     static_cast<int>(std::size(kParams)),
     kParams,
-    "Lambert_Conformal_Conic_1SP",
-    kWktParams,
 };
 
 }  // namespace
@@ -54,7 +42,3 @@ CGxLambert1SPProjection::CGxLambert1SPProjection(const std::string& name,
     : CGxTabledMapProjData(kLayout, name, branchName, ellipsoidID,
                            {scale, originLongitude, originLatitude, falseEasting, falseNorthing},
                            canDelete, canEdit) {}
-
-CGxProjection* CGxLambert1SPProjection::CreateProjection() const {
-    return new CGxLambert1SP(this);
-}

@@ -2,8 +2,6 @@
 
 #include <iterator>
 
-#include "projections/Lambert2SP.h"
-
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -18,14 +16,6 @@ constexpr GxParamRow kParams[] = {
     GxFalseNorthing(0),
 };
 
-// The WKT parameter each index is written as.
-constexpr EGxWktParameter kWktParams[] = {
-    EGxWktParameter::eStandardParallel1, EGxWktParameter::eStandardParallel2,
-    EGxWktParameter::eCentralMeridian,   EGxWktParameter::eLatitudeOfOrigin,
-    EGxWktParameter::eFalseEasting,      EGxWktParameter::eFalseNorthing,
-};
-static_assert(std::size(kWktParams) == std::size(kParams));
-
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eLambert2SP,
     "Lambert conformal conic with 2 standard parallels",
@@ -35,8 +25,6 @@ constexpr GxProjDataLayout kLayout = {
     "WE",
     static_cast<int>(std::size(kParams)),
     kParams,
-    "Lambert_Conformal_Conic_2SP",
-    kWktParams,
 };
 
 }  // namespace
@@ -56,7 +44,3 @@ CGxLambert2SPProjection::CGxLambert2SPProjection(const std::string& name,
           kLayout, name, branchName, ellipsoidID,
           {parallel1, parallel2, originLongitude, originLatitude, falseEasting, falseNorthing},
           canDelete, canEdit) {}
-
-CGxProjection* CGxLambert2SPProjection::CreateProjection() const {
-    return new CGxLambert2SP(this);
-}

@@ -2,8 +2,6 @@
 
 #include <iterator>
 
-#include "projections/LambertAzimuthalEqualArea.h"
-
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -16,15 +14,6 @@ constexpr GxParamRow kParams[] = {
     GxFalseNorthing(0),
 };
 
-// The WKT parameter each index is written as.
-constexpr EGxWktParameter kWktParams[] = {
-    EGxWktParameter::eCentralMeridian,
-    EGxWktParameter::eLatitudeOfOrigin,
-    EGxWktParameter::eFalseEasting,
-    EGxWktParameter::eFalseNorthing,
-};
-static_assert(std::size(kWktParams) == std::size(kParams));
-
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eLambertAzimuthalEqualArea,
     "Lambert azimuthal equal area",
@@ -34,8 +23,6 @@ constexpr GxProjDataLayout kLayout = {
     "WE",
     static_cast<int>(std::size(kParams)),
     kParams,
-    "Lambert_Azimuthal_Equal_Area",
-    kWktParams,
 };
 
 }  // namespace
@@ -54,7 +41,3 @@ CGxLambertAzimuthalEqualAreaProjection::CGxLambertAzimuthalEqualAreaProjection(
     : CGxTabledMapProjData(kLayout, name, branchName, ellipsoidID,
                            {centre, originLatitude, falseEasting, falseNorthing}, canDelete,
                            canEdit) {}
-
-CGxProjection* CGxLambertAzimuthalEqualAreaProjection::CreateProjection() const {
-    return new CGxLambertAzimuthalEqualArea(this);
-}

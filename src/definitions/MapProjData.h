@@ -177,8 +177,11 @@ public:
     // other definable type; never for 21 and 22.
     static bool IsEquivalent(int flags, EProjectionType type);
 
-    // The series coefficients the projections share (see
-    // projections/FourierCoefficients.h); out receives four values.
+    // The series coefficients of the type (see projections/FourierCoefficients.h):
+    // Krueger's for the Transverse Mercator, the authalic-latitude series for
+    // Albers and the Lambert azimuthal, the meridian arc for Cassini-Soldner
+    // and the equidistant conic, the conformal-latitude series for every other
+    // value. out receives four values; a null out changes nothing.
     static void ComputeFourierCoefficients(EProjectionType type, bool forward, double x,
                                            double* const out);
 

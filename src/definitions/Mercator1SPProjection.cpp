@@ -2,8 +2,6 @@
 
 #include <iterator>
 
-#include "projections/Mercator1SP.h"
-
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -16,15 +14,6 @@ constexpr GxParamRow kParams[] = {
     GxFalseNorthing(0),
 };
 
-// The WKT parameter each index is written as.
-constexpr EGxWktParameter kWktParams[] = {
-    EGxWktParameter::eScaleFactor,
-    EGxWktParameter::eCentralMeridian,
-    EGxWktParameter::eFalseEasting,
-    EGxWktParameter::eFalseNorthing,
-};
-static_assert(std::size(kWktParams) == std::size(kParams));
-
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eMercator1SP,
     "Mercator with 1 standard parallel",
@@ -34,8 +23,6 @@ constexpr GxProjDataLayout kLayout = {
     "WE",
     static_cast<int>(std::size(kParams)),
     kParams,
-    "Mercator_1SP",
-    kWktParams,
 };
 
 }  // namespace
@@ -53,7 +40,3 @@ CGxMercator1SPProjection::CGxMercator1SPProjection(const std::string& name,
                                                    bool canEdit)
     : CGxTabledMapProjData(kLayout, name, branchName, ellipsoidID,
                            {scale, centre, falseEasting, falseNorthing}, canDelete, canEdit) {}
-
-CGxProjection* CGxMercator1SPProjection::CreateProjection() const {
-    return new CGxMercator1SP(this);
-}

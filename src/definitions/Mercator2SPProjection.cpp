@@ -2,8 +2,6 @@
 
 #include <iterator>
 
-#include "projections/Mercator2SP.h"
-
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -16,15 +14,6 @@ constexpr GxParamRow kParams[] = {
     GxFalseNorthing(0),
 };
 
-// The WKT parameter each index is written as.
-constexpr EGxWktParameter kWktParams[] = {
-    EGxWktParameter::eStandardParallel1,
-    EGxWktParameter::eCentralMeridian,
-    EGxWktParameter::eFalseEasting,
-    EGxWktParameter::eFalseNorthing,
-};
-static_assert(std::size(kWktParams) == std::size(kParams));
-
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eMercator2SP,
     "Mercator with 2 standard parallels",
@@ -34,8 +23,6 @@ constexpr GxProjDataLayout kLayout = {
     "WE",
     static_cast<int>(std::size(kParams)),
     kParams,
-    "Mercator_2SP",
-    kWktParams,
 };
 
 }  // namespace
@@ -53,7 +40,3 @@ CGxMercator2SPProjection::CGxMercator2SPProjection(const std::string& name,
                                                    bool canEdit)
     : CGxTabledMapProjData(kLayout, name, branchName, ellipsoidID,
                            {parallel1, centre, falseEasting, falseNorthing}, canDelete, canEdit) {}
-
-CGxProjection* CGxMercator2SPProjection::CreateProjection() const {
-    return new CGxMercator2SP(this);
-}

@@ -2,8 +2,6 @@
 
 #include <iterator>
 
-#include "projections/NewZealandMapGrid.h"
-
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -16,15 +14,6 @@ constexpr GxParamRow kParams[] = {
     GxFalseNorthing(6023150),
 };
 
-// The WKT parameter each index is written as.
-constexpr EGxWktParameter kWktParams[] = {
-    EGxWktParameter::eCentralMeridian,
-    EGxWktParameter::eLatitudeOfOrigin,
-    EGxWktParameter::eFalseEasting,
-    EGxWktParameter::eFalseNorthing,
-};
-static_assert(std::size(kWktParams) == std::size(kParams));
-
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eNewZealandMapGrid,
     "New Zealand map grid",
@@ -34,8 +23,6 @@ constexpr GxProjDataLayout kLayout = {
     "IN",
     static_cast<int>(std::size(kParams)),
     kParams,
-    "New_Zealand_Map_Grid",
-    kWktParams,
 };
 
 }  // namespace
@@ -52,7 +39,3 @@ CGxNewZealandMapGridProjection::CGxNewZealandMapGridProjection(
     : CGxTabledMapProjData(kLayout, name, branchName, ellipsoidID,
                            {originLongitude, originLatitude, falseEasting, falseNorthing},
                            canDelete, canEdit) {}
-
-CGxProjection* CGxNewZealandMapGridProjection::CreateProjection() const {
-    return new CGxNewZealandMapGrid(this);
-}

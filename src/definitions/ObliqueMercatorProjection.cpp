@@ -2,8 +2,6 @@
 
 #include <iterator>
 
-#include "projections/ObliqueMercator.h"
-
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -18,14 +16,6 @@ constexpr GxParamRow kParams[] = {
     GxFalseNorthing(0),
 };
 
-// The WKT parameter each index is written as.
-constexpr EGxWktParameter kWktParams[] = {
-    EGxWktParameter::eScaleFactor,      EGxWktParameter::eLongitudeOfCenter,
-    EGxWktParameter::eLatitudeOfCenter, EGxWktParameter::eAzimuth,
-    EGxWktParameter::eFalseEasting,     EGxWktParameter::eFalseNorthing,
-};
-static_assert(std::size(kWktParams) == std::size(kParams));
-
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eObliqueMercator,
     "Oblique mercator",
@@ -35,8 +25,6 @@ constexpr GxProjDataLayout kLayout = {
     "BR",
     static_cast<int>(std::size(kParams)),
     kParams,
-    "Hotine_Oblique_Mercator_Azimuth_Center",
-    kWktParams,
 };
 
 }  // namespace
@@ -54,7 +42,3 @@ CGxObliqueMercatorProjection::CGxObliqueMercatorProjection(
           kLayout, name, branchName, ellipsoidID,
           {scale, centerLongitude, centerLatitude, azimuth, falseEasting, falseNorthing}, canDelete,
           canEdit) {}
-
-CGxProjection* CGxObliqueMercatorProjection::CreateProjection() const {
-    return new CGxObliqueMercator(this);
-}

@@ -2,8 +2,6 @@
 
 #include <iterator>
 
-#include "projections/PolarStereographic.h"
-
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -17,14 +15,6 @@ constexpr GxParamRow kParams[] = {
     GxFalseNorthing(0),
 };
 
-// The WKT parameter each index is written as.
-constexpr EGxWktParameter kWktParams[] = {
-    EGxWktParameter::eScaleFactor,      EGxWktParameter::eCentralMeridian,
-    EGxWktParameter::eLatitudeOfOrigin, EGxWktParameter::eFalseEasting,
-    EGxWktParameter::eFalseNorthing,
-};
-static_assert(std::size(kWktParams) == std::size(kParams));
-
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::ePolarStereographic,
     "Polar stereographic",
@@ -34,8 +24,6 @@ constexpr GxProjDataLayout kLayout = {
     "WE",
     static_cast<int>(std::size(kParams)),
     kParams,
-    "Polar_Stereographic",
-    kWktParams,
 };
 
 }  // namespace
@@ -53,7 +41,3 @@ CGxPolarStereographicProjection::CGxPolarStereographicProjection(
     : CGxTabledMapProjData(kLayout, name, branchName, ellipsoidID,
                            {scale, centre, originLatitude, falseEasting, falseNorthing}, canDelete,
                            canEdit) {}
-
-CGxProjection* CGxPolarStereographicProjection::CreateProjection() const {
-    return new CGxPolarStereographic(this);
-}

@@ -2,8 +2,6 @@
 
 #include <iterator>
 
-#include "projections/RectifiedSkewOrthomorphic.h"
-
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -19,15 +17,6 @@ constexpr GxParamRow kParams[] = {
     GxFalseNorthing(0),
 };
 
-// The WKT parameter each index is written as.
-constexpr EGxWktParameter kWktParams[] = {
-    EGxWktParameter::eScaleFactor,      EGxWktParameter::eLongitudeOfCenter,
-    EGxWktParameter::eLatitudeOfCenter, EGxWktParameter::eAzimuth,
-    EGxWktParameter::eXYPlaneRotation,  EGxWktParameter::eFalseEasting,
-    EGxWktParameter::eFalseNorthing,
-};
-static_assert(std::size(kWktParams) == std::size(kParams));
-
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eRectifiedSkewOrthomorphic,
     "Rectified skew orthomorphic",
@@ -37,8 +26,6 @@ constexpr GxProjDataLayout kLayout = {
     "EB",
     static_cast<int>(std::size(kParams)),
     kParams,
-    "Rectified_Skew_Orthomorphic_Natural_Origin",
-    kWktParams,
 };
 
 }  // namespace
@@ -58,7 +45,3 @@ CGxRectifiedSkewOrthomorphicProjection::CGxRectifiedSkewOrthomorphicProjection(
                            {scale, centerLongitude, centerLatitude, azimuth, xyPlaneRotation,
                             falseEasting, falseNorthing},
                            canDelete, canEdit) {}
-
-CGxProjection* CGxRectifiedSkewOrthomorphicProjection::CreateProjection() const {
-    return new CGxRectifiedSkewOrthomorphic(this);
-}

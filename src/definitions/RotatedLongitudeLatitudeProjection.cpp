@@ -1,9 +1,6 @@
 #include "definitions/RotatedLongitudeLatitudeProjection.h"
 
 #include <iterator>
-#include <new>
-
-#include "projections/RotatedLongitudeLatitude.h"
 
 namespace {
 
@@ -16,14 +13,6 @@ constexpr GxParamRow kParams[] = {
     GxAngle("Angle of rotation:", IDs::AngleOfRotation, 0),
 };
 
-// The WKT parameter each index is written as.
-constexpr EGxWktParameter kWktParams[] = {
-    EGxWktParameter::eLongitudeOfSouthPole,
-    EGxWktParameter::eLatitudeOfSouthPole,
-    EGxWktParameter::eAngleOfRotation,
-};
-static_assert(std::size(kWktParams) == std::size(kParams));
-
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eRotatedLongitudeLatitude,
     "Rotated longitude/latitude",
@@ -33,8 +22,6 @@ constexpr GxProjDataLayout kLayout = {
     "XY",
     static_cast<int>(std::size(kParams)),
     kParams,
-    "Rotated_Longitude_Latitude",
-    kWktParams,
 };
 
 }  // namespace
@@ -53,7 +40,3 @@ CGxRotatedLongitudeLatitudeProjection::CGxRotatedLongitudeLatitudeProjection(
     : CGxTabledMapProjData(kLayout, name, branchName, ellipsoidID,
                            {southPoleLongitude, southPoleLatitude, rotationAngle}, canDelete,
                            canEdit) {}
-
-CGxProjection* CGxRotatedLongitudeLatitudeProjection::CreateProjection() const {
-    return new (std::nothrow) CGxRotatedLongitudeLatitude(this);
-}

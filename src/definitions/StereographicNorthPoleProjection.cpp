@@ -2,8 +2,6 @@
 
 #include <iterator>
 
-#include "projections/StereographicNorthPole.h"
-
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -16,15 +14,6 @@ constexpr GxParamRow kParams[] = {
     GxFalseNorthing(0),
 };
 
-// The WKT parameter each index is written as.
-constexpr EGxWktParameter kWktParams[] = {
-    EGxWktParameter::eStandardParallel1,
-    EGxWktParameter::eCentralMeridian,
-    EGxWktParameter::eFalseEasting,
-    EGxWktParameter::eFalseNorthing,
-};
-static_assert(std::size(kWktParams) == std::size(kParams));
-
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eStereographicNorthPole,
     "Stereographic north pole",
@@ -34,8 +23,6 @@ constexpr GxProjDataLayout kLayout = {
     "WE",
     static_cast<int>(std::size(kParams)),
     kParams,
-    "Stereographic_North_Pole",
-    kWktParams,
 };
 
 }  // namespace
@@ -52,7 +39,3 @@ CGxStereographicNorthPoleProjection::CGxStereographicNorthPoleProjection(
     bool canEdit)
     : CGxTabledMapProjData(kLayout, name, branchName, ellipsoidID,
                            {parallel1, centre, falseEasting, falseNorthing}, canDelete, canEdit) {}
-
-CGxProjection* CGxStereographicNorthPoleProjection::CreateProjection() const {
-    return new CGxStereographicNorthPole(this);
-}

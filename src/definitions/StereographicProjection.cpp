@@ -2,8 +2,6 @@
 
 #include <iterator>
 
-#include "projections/Stereographic.h"
-
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -17,14 +15,6 @@ constexpr GxParamRow kParams[] = {
     GxFalseNorthing(0),
 };
 
-// The WKT parameter each index is written as.
-constexpr EGxWktParameter kWktParams[] = {
-    EGxWktParameter::eScaleFactor,      EGxWktParameter::eCentralMeridian,
-    EGxWktParameter::eLatitudeOfOrigin, EGxWktParameter::eFalseEasting,
-    EGxWktParameter::eFalseNorthing,
-};
-static_assert(std::size(kWktParams) == std::size(kParams));
-
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eStereographic,
     "Stereographic",
@@ -34,8 +24,6 @@ constexpr GxProjDataLayout kLayout = {
     "WE",
     static_cast<int>(std::size(kParams)),
     kParams,
-    "Stereographic",
-    kWktParams,
 };
 
 }  // namespace
@@ -54,7 +42,3 @@ CGxStereographicProjection::CGxStereographicProjection(const std::string& name,
     : CGxTabledMapProjData(kLayout, name, branchName, ellipsoidID,
                            {scale, centre, originLatitude, falseEasting, falseNorthing}, canDelete,
                            canEdit) {}
-
-CGxProjection* CGxStereographicProjection::CreateProjection() const {
-    return new CGxStereographic(this);
-}

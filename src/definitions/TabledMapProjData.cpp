@@ -3,10 +3,6 @@
 #include <algorithm>
 
 #include "definitions/DmsAngle.h"
-#include "foundation/Ellipsoid.h"
-#include "foundation/Tolerance.h"
-#include "projections/ProjectionSupport.h"
-#include "wkt/PRJParser.h"
 #include "zpf/zpf.h"
 
 namespace {
@@ -54,73 +50,6 @@ double ReadParameter(void* section, const GxParamRow& row) {
             break;
     }
     return ReadDecimal(section, row.keyword);
-}
-
-// What every written system shares: the geographic system is only the
-// carrier of the spheroid, on Greenwich, in degrees.
-constexpr const char* kGeoCSName = "Unused";
-constexpr const char* kPrimeMeridianName = "Greenwich";
-constexpr const char* kAngularUnitName = "Degree";
-constexpr double kRadiansPerDegree = 0.017453292519943295;
-constexpr const char* kMetreName = "Meter";
-constexpr const char* kNonProjectedName = "Non_Projected";
-// The spheroid name written when the ellipsoid is not known.
-constexpr const char* kUnknownSpheroidName = " ";
-
-void SetWktParameter(CGxPRJParser& parser, EGxWktParameter which, double value) {
-    switch (which) {
-        case EGxWktParameter::eFalseEasting:
-            parser.SetFalseEasting(value);
-            break;
-        case EGxWktParameter::eFalseNorthing:
-            parser.SetFalseNorthing(value);
-            break;
-        case EGxWktParameter::eCentralMeridian:
-            parser.SetCentralMeridian(value);
-            break;
-        case EGxWktParameter::eStandardParallel1:
-            parser.SetStandardParallel1(value);
-            break;
-        case EGxWktParameter::eStandardParallel2:
-            parser.SetStandardParallel2(value);
-            break;
-        case EGxWktParameter::eLatitudeOfOrigin:
-            parser.SetLatitudeOfOrigin(value);
-            break;
-        case EGxWktParameter::eLongitudeOfCenter:
-            parser.SetLongitudeOfCenter(value);
-            break;
-        case EGxWktParameter::eLatitudeOfCenter:
-            parser.SetLatitudeOfCenter(value);
-            break;
-        case EGxWktParameter::eAzimuth:
-            parser.SetAzimuth(value);
-            break;
-        case EGxWktParameter::eXYPlaneRotation:
-            parser.SetXYPlaneRotation(value);
-            break;
-        case EGxWktParameter::eScaleFactor:
-            parser.SetScaleFactor(value);
-            break;
-        case EGxWktParameter::eLongitudeOfSouthPole:
-            parser.SetLongitudeOfSouthPole(value);
-            break;
-        case EGxWktParameter::eLatitudeOfSouthPole:
-            parser.SetLatitudeOfSouthPole(value);
-            break;
-        case EGxWktParameter::eAngleOfRotation:
-            parser.SetAngleOfRotation(value);
-            break;
-        case EGxWktParameter::ePseudoParallel:
-            parser.SetPseudoParallel(value);
-            break;
-        case EGxWktParameter::eXScale:
-            parser.SetXScale(value);
-            break;
-        case EGxWktParameter::eYScale:
-            parser.SetYScale(value);
-            break;
-    }
 }
 
 }  // namespace
@@ -240,37 +169,6 @@ bool CGxTabledMapProjData::CanDelete() const {
 
 bool CGxTabledMapProjData::CanEdit() const {
     return canEdit;
-}
-
-void CGxTabledMapProjData::TransferParameters(CGxPRJParser& parser) const {
-    TransferParameters(parser, GxCatalogueEllipsoid(ellipsoidID));
-}
-
-void CGxTabledMapProjData::TransferParameters(CGxPRJParser& parser,
-                                              const CGxEllipsoid* ellipsoid) const {
-    parser.SetProjCSname(name);
-    parser.SetGeoCSname(kGeoCSName);
-    parser.SetDatum(branchName);
-    parser.SetPrimeMeridian(kPrimeMeridianName, 0.0);
-    parser.SetAngularUnit(kAngularUnitName, kRadiansPerDegree);
-    if (ellipsoid) {
-        parser.SetEllipsoid(ellipsoid->GetName(), ellipsoid->GetMajor(),
-                            ellipsoid->GetInvFlatness());
-        parser.SetProjectionType(layout->type);
-        parser.SetProjectionTypeName(layout->wktName);
-    } else {
-        parser.SetEllipsoid(kUnknownSpheroidName, kGxUnset, kGxUnset);
-        parser.SetProjectionType(eNonProjected);
-        parser.SetProjectionTypeName(kNonProjectedName);
-    }
-    for (int i = 0; i < layout->count; ++i)
-        SetWktParameter(parser, layout->wktParams[i], params[i]);
-    // The geographical and rotated-pole grids give their coordinates in
-    // degrees, every other type in metres.
-    if (layout->type == eGeographical || layout->type == eRotatedLongitudeLatitude)
-        parser.SetProjUnit(kAngularUnitName, 1.0);
-    else
-        parser.SetProjUnit(kMetreName, 1.0);
 }
 
 std::string CGxTabledMapProjData::GetProjectionTypeTitle() const {

@@ -10,8 +10,10 @@
 class CGxEllipsoid;
 
 // The twenty definition types differ only in their parameter lists, keywords
-// and names. Each type describes itself once in a constant table; one
-// implementation of reading, writing, labelled access and copying serves all.
+// and names. Each type describes its keyword-file form once in a constant
+// table; one implementation of reading, writing, labelled access and copying
+// serves all. What a type is in WKT, in PROJ.4 and as an algorithm is its row
+// of the projection-type table (definitions/ProjectionTypes.h).
 
 // Alternative keyword tried before the decimal one when a parameter is read.
 enum class EGxAlternativeForm : int {
@@ -77,41 +79,16 @@ constexpr GxParamRow GxFalseNorthing(double defaultValue) {
 // Largest parameter count of any type (Krovak).
 constexpr std::size_t kGxMaxProjParams = 10;
 
-// The WKT parameter a definition parameter is written as. The same value can
-// stand under different WKT names: a Lambert 2SP "origin longitude" and a
-// Transverse Mercator "centre" are both the WKT central meridian.
-enum class EGxWktParameter : int {
-    eFalseEasting,
-    eFalseNorthing,
-    eCentralMeridian,
-    eStandardParallel1,
-    eStandardParallel2,
-    eLatitudeOfOrigin,
-    eLongitudeOfCenter,
-    eLatitudeOfCenter,
-    eAzimuth,
-    eXYPlaneRotation,
-    eScaleFactor,
-    eLongitudeOfSouthPole,
-    eLatitudeOfSouthPole,
-    eAngleOfRotation,
-    ePseudoParallel,
-    eXScale,
-    eYScale,
-};
-
 // Everything that tells one definition type from another.
 struct GxProjDataLayout {
     CGxMapProjData::EProjectionType type;
-    const char* title;                 // GetProjectionTypeTitle
-    const char* sectionName;           // written, and accepted on reading
-    const char* oldSectionName;        // also accepted on reading, or null
-    const char* defaultName;           // name of the default definition
-    const char* defaultEllipsoid;      // ellipsoid identifier of the default definition
-    int count;                         // number of parameters, at most kGxMaxProjParams
-    const GxParamRow* params;          // count entries in index order
-    const char* wktName;               // PROJECTION name the WKT writer gives the type
-    const EGxWktParameter* wktParams;  // count entries: the WKT parameter of each index
+    const char* title;             // GetProjectionTypeTitle
+    const char* sectionName;       // written, and accepted on reading
+    const char* oldSectionName;    // also accepted on reading, or null
+    const char* defaultName;       // name of the default definition
+    const char* defaultEllipsoid;  // ellipsoid identifier of the default definition
+    int count;                     // number of parameters, at most kGxMaxProjParams
+    const GxParamRow* params;      // count entries in index order
 };
 
 // The register code of a definition of the family ("EPSG:25832"); empty for
@@ -121,7 +98,10 @@ GXCART_API const std::string& GxDefinitionCode(const CGxMapProjData* definition)
 // The common implementation of the definition family. It holds the fields of
 // every definition (name, branch, ellipsoid identifier, the parameters in
 // index order, the two flags) and follows the type's layout table; a concrete
-// class adds its constructors, named accessors and algorithm factory.
+// class adds its constructors and named accessors. The transfer to WKT and
+// every class's CreateProjection stand with the projection-type table
+// (ProjectionTypes.cpp), the one place that ties a definition to the writer
+// and to its algorithm.
 class GXCART_API CGxTabledMapProjData : public CGxMapProjData {
 public:
     ~CGxTabledMapProjData() override;
@@ -150,7 +130,8 @@ public:
     bool IsSectionID(const std::string& text) const override;
     bool CanDelete() const override;
     bool CanEdit() const override;
-    // The figure is looked up in the setup's ellipsoid catalogue.
+    // The figure is looked up in the setup's ellipsoid catalogue. The WKT
+    // name and parameters are the type's row of the projection-type table.
     void TransferParameters(CGxPRJParser& parser) const override;
     // The same with a figure found elsewhere (an algorithm asks the catalogue
     // by its coordinate-system name); null stands for none: the system is

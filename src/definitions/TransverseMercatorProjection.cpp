@@ -2,8 +2,6 @@
 
 #include <iterator>
 
-#include "projections/TransverseMercatorJHS.h"
-
 namespace {
 
 using IDs = CGxMapProjDataIDs;
@@ -17,14 +15,6 @@ constexpr GxParamRow kParams[] = {
     GxFalseNorthing(0),
 };
 
-// The WKT parameter each index is written as.
-constexpr EGxWktParameter kWktParams[] = {
-    EGxWktParameter::eScaleFactor,      EGxWktParameter::eCentralMeridian,
-    EGxWktParameter::eLatitudeOfOrigin, EGxWktParameter::eFalseEasting,
-    EGxWktParameter::eFalseNorthing,
-};
-static_assert(std::size(kWktParams) == std::size(kParams));
-
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eTransverseMercator,
     "Transverse mercator",
@@ -34,8 +24,6 @@ constexpr GxProjDataLayout kLayout = {
     "WE",
     static_cast<int>(std::size(kParams)),
     kParams,
-    "Transverse_Mercator",
-    kWktParams,
 };
 
 }  // namespace
@@ -53,8 +41,3 @@ CGxTransverseMercatorProjection::CGxTransverseMercatorProjection(
     : CGxTabledMapProjData(kLayout, name, branchName, ellipsoidID,
                            {scale, centre, originLatitude, falseEasting, falseNorthing}, canDelete,
                            canEdit) {}
-
-// The library's own grids all use the conformal-latitude series form.
-CGxProjection* CGxTransverseMercatorProjection::CreateProjection() const {
-    return new CGxTransverseMercatorJHS(this);
-}

@@ -23,7 +23,6 @@
 
 namespace {
 
-constexpr int kAlbersType = 16;
 // The inverse's q comes from the radius through (C - rho^2 n^2 / a^2) / n,
 // with a rounding error of a few units of 1e-16 relative to the terms. Within
 // that of the polar value the point is the pole: q cannot tell closer points
@@ -44,7 +43,7 @@ CGxAlbersEqualAreaEllipsoid::CGxAlbersEqualAreaEllipsoid(double parallel1, doubl
                      falseNorthing),
       lat1(parallel1 * kGxDegToRad),
       lat2(parallel2 * kGxDegToRad) {
-    GxComputeFourierCoefficients(kAlbersType, false, e2, c);
+    GxComputeFourierCoefficients(EGxSeries::eAuthalicLatitude, false, e2, c);
 
     const double m1 = GxParallelRadius(lat1, e2);
     const double m2 = GxParallelRadius(lat2, e2);

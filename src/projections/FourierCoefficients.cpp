@@ -4,12 +4,6 @@
 
 namespace {
 
-constexpr int kTransverseMercator = 1;
-constexpr int kAlbers = 16;
-constexpr int kLambertAzimuthal = 17;
-constexpr int kCassini = 18;
-constexpr int kEquidistantConic = 19;
-
 // Krueger series in n, fourth order: forward (geodetic conformal to
 // rectifying) coefficients.
 void TransverseMercatorForward(double n, double* h) {
@@ -65,20 +59,18 @@ void Conformal(double E, double* c) {
 
 }  // namespace
 
-void GxComputeFourierCoefficients(int type, bool forward, double x, double* out) {
-    switch (type) {
-        case kTransverseMercator:
+void GxComputeFourierCoefficients(EGxSeries series, bool forward, double x, double* out) {
+    switch (series) {
+        case EGxSeries::eKruegerTransverseMercator:
             forward ? TransverseMercatorForward(x, out) : TransverseMercatorInverse(x, out);
             break;
-        case kAlbers:
-        case kLambertAzimuthal:
+        case EGxSeries::eAuthalicLatitude:
             Authalic(x, out);
             break;
-        case kCassini:
-        case kEquidistantConic:
+        case EGxSeries::eMeridianArc:
             forward ? MeridianArc(x, out) : Footpoint(x, out);
             break;
-        default:
+        case EGxSeries::eConformalLatitude:
             Conformal(x, out);
             break;
     }

@@ -12,8 +12,6 @@
 namespace {
 
 constexpr double kQuarterPi = 0.7853981633974483;
-// Projection type number of Krovak; it selects the conformal latitude series.
-constexpr int kKrovakType = 15;
 // Half the side of the default square, ellipsoid units.
 constexpr double kDefaultAreaHalfSide = 500000.0;
 
@@ -47,7 +45,7 @@ void CGxKrovak::_Setup(double scaleAtPseudoParallel, double pseudoParallel, doub
     f = ellipsoid.GetFlatness();
     e = ellipsoid.GetEccentricity();
     e2 = e * e;
-    GxComputeFourierCoefficients(kKrovakType, false, e2, conformal);
+    GxComputeFourierCoefficients(EGxSeries::eConformalLatitude, false, e2, conformal);
     kp = scaleAtPseudoParallel;
     latP = pseudoParallel * kGxDegToRad;
     latC = centreLatitude * kGxDegToRad;

@@ -29,7 +29,6 @@
 
 namespace {
 
-constexpr int kLambertAzimuthalType = 17;
 constexpr int kOblique = 1;
 constexpr int kNorthPolar = 2;
 constexpr int kSouthPolar = 3;
@@ -89,7 +88,7 @@ CGxLambertAzimuthalEqualAreaEllipsoid::CGxLambertAzimuthalEqualAreaEllipsoid(
       cosBeta0(1.0),
       Rq(0.0),
       D(0.0) {
-    GxComputeFourierCoefficients(kLambertAzimuthalType, false, e2, c);
+    GxComputeFourierCoefficients(EGxSeries::eAuthalicLatitude, false, e2, c);
     if (aspect == kOblique) {
         const double q0 = GxAuthalicQ(std::sin(lat0), e, e2);
         beta0 = std::asin(q0 / qP);

@@ -76,10 +76,8 @@ struct GxLambertCone {
     // applied for the one-parallel form) and the origin (angles in radians).
     void Set(double e_, double n_, double scale_, double lon0_, double latOrigin, double fe,
              double fn) {
-        // Any conformal type number selects the conformal series.
-        constexpr int kLambertType = 2;
         e = e_;
-        GxComputeFourierCoefficients(kLambertType, false, e * e, conformal);
+        GxComputeFourierCoefficients(EGxSeries::eConformalLatitude, false, e * e, conformal);
         n = n_;
         apex = n_ >= 0 ? 1.0 : -1.0;
         absN = std::fabs(n_);

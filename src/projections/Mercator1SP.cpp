@@ -10,11 +10,6 @@
 #include "projections/FourierCoefficients.h"
 #include "projections/ProjectionSupport.h"
 
-namespace {
-// Projection type number of this form; it selects the conformal series.
-constexpr int kMercator1SPType = 11;
-}  // namespace
-
 CGxMercator1SP::CGxMercator1SP(const char* name_, double scale, double centreLongitude,
                                double falseEasting, double falseNorthing,
                                const CGxEllipsoid& ellipsoid)
@@ -43,7 +38,7 @@ void CGxMercator1SP::_Setup(double scale, double centreLongitude, double falseEa
     cylinder.lon0 = centreLongitude * kGxDegToRad;
     cylinder.falseEasting = falseEasting;
     cylinder.falseNorthing = falseNorthing;
-    GxComputeFourierCoefficients(kMercator1SPType, false, e * e, cylinder.c);
+    GxComputeFourierCoefficients(EGxSeries::eConformalLatitude, false, e * e, cylinder.c);
 }
 
 const char* CGxMercator1SP::GetName() const {

@@ -14,11 +14,6 @@
 #include "projections/ParallelRadius.h"
 #include "projections/ProjectionSupport.h"
 
-namespace {
-// Projection type number of this form; it selects the conformal series.
-constexpr int kMercator2SPType = 10;
-}  // namespace
-
 CGxMercator2SP::CGxMercator2SP(const char* name_, double parallel1, double centreLongitude,
                                double falseEasting, double falseNorthing,
                                const CGxEllipsoid& ellipsoid)
@@ -48,7 +43,7 @@ void CGxMercator2SP::_Setup(double parallel1, double centreLongitude, double fal
     cylinder.lon0 = centreLongitude * kGxDegToRad;
     cylinder.falseEasting = falseEasting;
     cylinder.falseNorthing = falseNorthing;
-    GxComputeFourierCoefficients(kMercator2SPType, false, e * e, cylinder.c);
+    GxComputeFourierCoefficients(EGxSeries::eConformalLatitude, false, e * e, cylinder.c);
 }
 
 const char* CGxMercator2SP::GetName() const {

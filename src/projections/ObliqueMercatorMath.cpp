@@ -11,9 +11,6 @@
 namespace {
 
 constexpr double kHalfPi = 1.5707963267948966;
-// The Hotine projection type; any conformal type selects the
-// conformal-to-geodetic latitude series.
-constexpr int kConformalSeriesType = 6;
 // Half the side of the default box around the centre, degrees.
 constexpr double kDefaultAreaHalfSide = 3.0;
 constexpr double kEastWestAzimuth = 90.0;
@@ -53,7 +50,7 @@ void CGxObliqueMercatorBase::_Setup(double scale, double centreLongitude, double
     falseEasting = falseEasting_;
     falseNorthing = falseNorthing_;
 
-    GxComputeFourierCoefficients(kConformalSeriesType, false, e2, c);
+    GxComputeFourierCoefficients(EGxSeries::eConformalLatitude, false, e2, c);
 
     const double s = std::sin(latC);
     const double cosLat = std::cos(latC);

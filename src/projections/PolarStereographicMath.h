@@ -44,17 +44,16 @@ struct GxPolarStereographicMath {
 
     GxPolarStereographicMath() = default;
 
-    // type: the projection type number, which selects the conformal series;
-    // angles in radians.
-    GxPolarStereographicMath(int type, double a, double e_, double k0, bool south, double lon0,
-                             double fe, double fn)
+    // Angles in radians.
+    GxPolarStereographicMath(double a, double e_, double k0, bool south, double lon0, double fe,
+                             double fn)
         : e(e_),
           rhoScale(2 * a * k0 / GxPolarStereographicK(e_)),
           hemisphere(south ? -1.0 : 1.0),
           lonOrigin(lon0),
           falseEasting(fe),
           falseNorthing(fn) {
-        GxComputeFourierCoefficients(type, false, e * e, c);
+        GxComputeFourierCoefficients(EGxSeries::eConformalLatitude, false, e * e, c);
     }
 
     // Degrees in, map units out. The pole goes to the false origin.

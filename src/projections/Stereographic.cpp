@@ -17,9 +17,6 @@
 #include "projections/FourierCoefficients.h"
 
 namespace {
-// Projection type number of the stereographic; it selects the conformal
-// series of the polar aspect.
-constexpr int kStereographicType = 4;
 constexpr double kQuarterPi = 0.7853981633974483;
 }  // namespace
 
@@ -57,8 +54,7 @@ void CGxStereographic::_Setup(double scale, double centreLongitude, double origi
         R = n = c = chi0 = 0;
         sqrtC = sinChi0 = twoRk = g = h = 0;
         cosChi0 = 1;
-        polar = GxPolarStereographicMath(kStereographicType, a, e, k0, !northPole, lon0,
-                                         falseEasting, falseNorthing);
+        polar = GxPolarStereographicMath(a, e, k0, !northPole, lon0, falseEasting, falseNorthing);
         return;
     }
     aspect = eOblique;
@@ -72,7 +68,7 @@ void CGxStereographic::_Setup(double scale, double centreLongitude, double origi
     // pole c is written without n - s and 1 - s, near the south pole without
     // n + s and 1 + s.
     const double e2 = e * e;
-    GxComputeFourierCoefficients(kStereographicType, false, e2, conformal);
+    GxComputeFourierCoefficients(EGxSeries::eConformalLatitude, false, e2, conformal);
     const double s = std::sin(lat0);
     const double cos2 = std::cos(lat0) * std::cos(lat0);
     const double es = e * s;

@@ -11,12 +11,6 @@
 #include "projections/AlgorithmTransfer.h"
 #include "projections/ProjectionSupport.h"
 
-namespace {
-// Projection type numbers of the two forms; they select the conformal series.
-constexpr int kNorthPoleType = 12;
-constexpr int kSouthPoleType = 13;
-}  // namespace
-
 CGxStereographicPole::CGxStereographicPole(bool south, const char* name_, double standardParallel,
                                            double centreLongitude, double falseEasting,
                                            double falseNorthing, const CGxEllipsoid& ellipsoid)
@@ -32,8 +26,8 @@ void CGxStereographicPole::_Setup(bool south, double standardParallel, double ce
     latC = standardParallel * kGxDegToRad;
     const double e = ellipsoid.GetEccentricity();
     k0 = GxPolarScaleFromParallel(latC, e, south);
-    polar = GxPolarStereographicMath(south ? kSouthPoleType : kNorthPoleType, a, e, k0, south,
-                                     centreLongitude * kGxDegToRad, falseEasting, falseNorthing);
+    polar = GxPolarStereographicMath(a, e, k0, south, centreLongitude * kGxDegToRad, falseEasting,
+                                     falseNorthing);
 }
 
 const char* CGxStereographicPole::GetName() const {

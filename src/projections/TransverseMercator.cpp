@@ -14,7 +14,6 @@
 
 namespace {
 
-constexpr int kTransverseMercatorType = 1;
 constexpr int kTerms = 4;
 // Northings are folded over the poles and mirrored at the equator about this
 // value, a round quarter meridian.
@@ -160,8 +159,8 @@ CGxTransverseMercator::CGxTransverseMercator(const char* name_,
       originNorthing(0.0) {
     GxGaussianLatitudeSeries(n, G1, G2);
     // Krueger's forward series and the inverse one with its own (negative) signs.
-    GxComputeFourierCoefficients(kTransverseMercatorType, true, n, U1);
-    GxComputeFourierCoefficients(kTransverseMercatorType, false, n, U2);
+    GxComputeFourierCoefficients(EGxSeries::eKruegerTransverseMercator, true, n, U1);
+    GxComputeFourierCoefficients(EGxSeries::eKruegerTransverseMercator, false, n, U2);
     for (double& u : U2) u = -u;
     // k0 a (1 + X)/(1 + n), arranged as a plus a small correction; the rounding
     // of this arrangement is part of the grid's established values.

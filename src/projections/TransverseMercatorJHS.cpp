@@ -15,7 +15,6 @@
 
 namespace {
 
-constexpr int kTransverseMercatorType = 1;
 constexpr int kTerms = 4;
 constexpr double kHalfPi = kGxPi / 2;
 constexpr double kTwoPi = 2 * kGxPi;
@@ -127,8 +126,8 @@ CGxTransverseMercatorJHS::CGxTransverseMercatorJHS(const char* name_,
       e(p.e),
       n(f / (2 - f)),
       B(a / (1 + n) * (1 + n * n / 4 + n * n * n * n / 64)) {
-    GxComputeFourierCoefficients(kTransverseMercatorType, true, n, h);
-    GxComputeFourierCoefficients(kTransverseMercatorType, false, n, hp);
+    GxComputeFourierCoefficients(EGxSeries::eKruegerTransverseMercator, true, n, h);
+    GxComputeFourierCoefficients(EGxSeries::eKruegerTransverseMercator, false, n, hp);
     double toGaussian[4];
     GxGaussianLatitudeSeries(n, toGaussian, toGeodetic);
     // Meridian arc of the origin through the conformal and rectifying

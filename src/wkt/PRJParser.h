@@ -1,7 +1,6 @@
 #pragma once
 
 #include <list>
-#include <map>
 #include <string>
 
 #include "datum/DatumShift.h"
@@ -9,6 +8,32 @@
 #include "foundation/GxExport.h"
 
 class CGxProjection;
+
+// The projection parameters of a coordinate-system record. Every parameter of
+// every projection type is one of these, whatever name a text or a keyword
+// file gives it: a Lambert 2SP "origin longitude" and a Transverse Mercator
+// "centre" are both the central meridian. The record keeps one value for
+// each, and the definitions hand their parameters over by the same slots.
+enum class EGxWktParameter : int {
+    eFalseEasting,
+    eFalseNorthing,
+    eCentralMeridian,
+    eStandardParallel1,
+    eStandardParallel2,
+    eLatitudeOfOrigin,
+    eLongitudeOfCenter,
+    eLatitudeOfCenter,
+    eAzimuth,
+    eXYPlaneRotation,
+    eScaleFactor,
+    eLongitudeOfSouthPole,
+    eLatitudeOfSouthPole,
+    eAngleOfRotation,
+    ePseudoParallel,
+    eXScale,
+    eYScale,
+};
+constexpr int kGxWktParameterCount = static_cast<int>(EGxWktParameter::eYScale) + 1;
 
 // One coordinate system in the flat form in which an OGC well-known text (the
 // one-line content of a .prj file) states it: the names of the projected and
@@ -28,8 +53,8 @@ class CGxProjection;
 class GXCART_API CGxPRJParser {
 public:
     // How a projection name is read beyond its type: the names that fix some
-    // of the type's parameters or its figure (the name table in
-    // PRJParser.cpp; docs/wkt-dialects.md).
+    // of the type's parameters or its figure (the names of each type's row in
+    // definitions/ProjectionTypes.cpp; docs/wkt-dialects.md).
     enum class EDialect : int {
         kPlain,
         kEsriWebMercator,      // Mercator on the sphere of the semi-major axis
@@ -53,12 +78,12 @@ public:
     explicit CGxPRJParser(CGxProjection* projection);
     virtual ~CGxPRJParser();
 
-    // Fills the members from the text; true when a coordinate system of a
-    // known projection type with all its parameters and units was read. After
-    // a failure the type is eInvalidProjection and the members keep whatever
-    // had been read. With sortParallels set, the two standard parallels of
-    // the conic types (Lambert 2SP, Albers, equidistant conic) are stored
-    // smaller first. Meant to run once on a fresh parser.
+    // Fills the members from the text (WktReader.cpp); true when a coordinate
+    // system of a known projection type with all its parameters and units was
+    // read. After a failure the type is eInvalidProjection and the members
+    // keep whatever had been read. With sortParallels set, the two standard
+    // parallels of the conic types (Lambert 2SP, Albers, equidistant conic)
+    // are stored smaller first. Meant to run once on a fresh parser.
     bool Parse(bool sortParallels);
 
     // Non-zero when the text is taken for WKT: balanced square brackets, more
@@ -162,41 +187,44 @@ public:
     void SetAxisInfo(EAxisType axis, const std::string& name, const std::string& direction);
 
     // Projection parameters: lengths in the linear unit, angles in the
-    // angular unit, scales as plain factors; -1e-35 when absent.
-    double GetFalseEasting() const { return parameters[kFalseEasting]; }
-    void SetFalseEasting(double v) { parameters[kFalseEasting] = v; }
-    double GetFalseNorthing() const { return parameters[kFalseNorthing]; }
-    void SetFalseNorthing(double v) { parameters[kFalseNorthing] = v; }
-    double GetCentralMeridian() const { return parameters[kCentralMeridian]; }
-    void SetCentralMeridian(double v) { parameters[kCentralMeridian] = v; }
-    double GetStandardParallel1() const { return parameters[kStandardParallel1]; }
-    void SetStandardParallel1(double v) { parameters[kStandardParallel1] = v; }
-    double GetStandardParallel2() const { return parameters[kStandardParallel2]; }
-    void SetStandardParallel2(double v) { parameters[kStandardParallel2] = v; }
-    double GetLatitudeOfOrigin() const { return parameters[kLatitudeOfOrigin]; }
-    void SetLatitudeOfOrigin(double v) { parameters[kLatitudeOfOrigin] = v; }
-    double GetLongitudeOfCenter() const { return parameters[kLongitudeOfCenter]; }
-    void SetLongitudeOfCenter(double v) { parameters[kLongitudeOfCenter] = v; }
-    double GetLatitudeOfCenter() const { return parameters[kLatitudeOfCenter]; }
-    void SetLatitudeOfCenter(double v) { parameters[kLatitudeOfCenter] = v; }
-    double GetAzimuth() const { return parameters[kAzimuth]; }
-    void SetAzimuth(double v) { parameters[kAzimuth] = v; }
-    double GetXYPlaneRotation() const { return parameters[kXYPlaneRotation]; }
-    void SetXYPlaneRotation(double v) { parameters[kXYPlaneRotation] = v; }
-    double GetScaleFactor() const { return parameters[kScaleFactor]; }
-    void SetScaleFactor(double v) { parameters[kScaleFactor] = v; }
-    double GetLongitudeOfSouthPole() const { return parameters[kLongitudeOfSouthPole]; }
-    void SetLongitudeOfSouthPole(double v) { parameters[kLongitudeOfSouthPole] = v; }
-    double GetLatitudeOfSouthPole() const { return parameters[kLatitudeOfSouthPole]; }
-    void SetLatitudeOfSouthPole(double v) { parameters[kLatitudeOfSouthPole] = v; }
-    double GetAngleOfRotation() const { return parameters[kAngleOfRotation]; }
-    void SetAngleOfRotation(double v) { parameters[kAngleOfRotation] = v; }
-    double GetPseudoParallel() const { return parameters[kPseudoParallel]; }
-    void SetPseudoParallel(double v) { parameters[kPseudoParallel] = v; }
-    double GetXScale() const { return parameters[kXScale]; }
-    void SetXScale(double v) { parameters[kXScale] = v; }
-    double GetYScale() const { return parameters[kYScale]; }
-    void SetYScale(double v) { parameters[kYScale] = v; }
+    // angular unit, scales as plain factors; -1e-35 when absent. By slot, a
+    // value outside the enumeration reads as absent and stores nothing.
+    double GetWktParameter(EGxWktParameter which) const;
+    void SetWktParameter(EGxWktParameter which, double v);
+    double GetFalseEasting() const { return _At(P::eFalseEasting); }
+    void SetFalseEasting(double v) { _At(P::eFalseEasting) = v; }
+    double GetFalseNorthing() const { return _At(P::eFalseNorthing); }
+    void SetFalseNorthing(double v) { _At(P::eFalseNorthing) = v; }
+    double GetCentralMeridian() const { return _At(P::eCentralMeridian); }
+    void SetCentralMeridian(double v) { _At(P::eCentralMeridian) = v; }
+    double GetStandardParallel1() const { return _At(P::eStandardParallel1); }
+    void SetStandardParallel1(double v) { _At(P::eStandardParallel1) = v; }
+    double GetStandardParallel2() const { return _At(P::eStandardParallel2); }
+    void SetStandardParallel2(double v) { _At(P::eStandardParallel2) = v; }
+    double GetLatitudeOfOrigin() const { return _At(P::eLatitudeOfOrigin); }
+    void SetLatitudeOfOrigin(double v) { _At(P::eLatitudeOfOrigin) = v; }
+    double GetLongitudeOfCenter() const { return _At(P::eLongitudeOfCenter); }
+    void SetLongitudeOfCenter(double v) { _At(P::eLongitudeOfCenter) = v; }
+    double GetLatitudeOfCenter() const { return _At(P::eLatitudeOfCenter); }
+    void SetLatitudeOfCenter(double v) { _At(P::eLatitudeOfCenter) = v; }
+    double GetAzimuth() const { return _At(P::eAzimuth); }
+    void SetAzimuth(double v) { _At(P::eAzimuth) = v; }
+    double GetXYPlaneRotation() const { return _At(P::eXYPlaneRotation); }
+    void SetXYPlaneRotation(double v) { _At(P::eXYPlaneRotation) = v; }
+    double GetScaleFactor() const { return _At(P::eScaleFactor); }
+    void SetScaleFactor(double v) { _At(P::eScaleFactor) = v; }
+    double GetLongitudeOfSouthPole() const { return _At(P::eLongitudeOfSouthPole); }
+    void SetLongitudeOfSouthPole(double v) { _At(P::eLongitudeOfSouthPole) = v; }
+    double GetLatitudeOfSouthPole() const { return _At(P::eLatitudeOfSouthPole); }
+    void SetLatitudeOfSouthPole(double v) { _At(P::eLatitudeOfSouthPole) = v; }
+    double GetAngleOfRotation() const { return _At(P::eAngleOfRotation); }
+    void SetAngleOfRotation(double v) { _At(P::eAngleOfRotation) = v; }
+    double GetPseudoParallel() const { return _At(P::ePseudoParallel); }
+    void SetPseudoParallel(double v) { _At(P::ePseudoParallel) = v; }
+    double GetXScale() const { return _At(P::eXScale); }
+    void SetXScale(double v) { _At(P::eXScale) = v; }
+    double GetYScale() const { return _At(P::eYScale); }
+    void SetYScale(double v) { _At(P::eYScale) = v; }
 
 protected:
     // A new definition with the values as written, owned by the caller; null
@@ -204,56 +232,13 @@ protected:
     CGxMapProjData* _CreateProjData() const;
 
 private:
-    // Slots of the projection parameters, in the record's order.
-    enum EParameterSlot : int {
-        kFalseEasting,
-        kFalseNorthing,
-        kCentralMeridian,
-        kStandardParallel1,
-        kStandardParallel2,
-        kLatitudeOfOrigin,
-        kLongitudeOfCenter,
-        kLatitudeOfCenter,
-        kAzimuth,
-        kXYPlaneRotation,
-        kScaleFactor,
-        kLongitudeOfSouthPole,
-        kLatitudeOfSouthPole,
-        kAngleOfRotation,
-        kPseudoParallel,
-        kXScale,
-        kYScale,
-        kParameterCount
-    };
+    using P = EGxWktParameter;
 
-    struct GxNameEntry {
-        CGxMapProjData::EProjectionType type;
-        EDialect dialect;
-        // Absent offsets and latitude of origin read as 0, scale as 1.
-        bool methodDefaults;
-    };
-
-    // Fills the name table and gives every member its initial value.
+    // Gives every member its initial value.
     void _initialize();
-    // Step of Parse: reads the parameters of the current type from the text
-    // after PROJECTION and applies the type's decisions (Lambert one or two
-    // parallels, Hotine or rectified skew orthomorphic); false when a
-    // required parameter is missing or the text contradicts its name. With
-    // methodDefaults an absent false easting, false northing or latitude of
-    // origin is 0 and an absent scale factor 1.
-    bool _ReadParameters(const std::string& projectionText, EDialect dialect, bool methodDefaults);
-    // Step of Parse for a Krovak named without its axis scales and plane
-    // rotation, once the axes are read: the east-north grid where the AXIS
-    // elements or the system's name say so.
-    void _OrientKrovak(const std::string& text, const std::string& projectionText);
-    // Step of Parse for the Mercator types, once the units are read: whether
-    // the text states the web Mercator, whose figure is a sphere, and then
-    // puts that sphere in place of the spheroid. False when the text names it
-    // but contradicts it.
-    bool _ReadWebMercator(const std::string& text, EDialect dialect);
+    double& _At(P which) { return parameters[static_cast<int>(which)]; }
+    double _At(P which) const { return parameters[static_cast<int>(which)]; }
 
-    // Projection name, lower-cased with blanks read as underscores, to type.
-    std::map<std::string, GxNameEntry> nameTable;
     std::string text;
     std::string projCSname;
     std::string geoCSname;
@@ -268,7 +253,7 @@ private:
     CGxDatumShift datumShift;
     CGxMapProjData::EProjectionType projectionType;
     std::string projectionTypeName;
-    double parameters[kParameterCount];
+    double parameters[kGxWktParameterCount];
     std::string projUnitName;
     double projUnitFactor;
     std::string axis1Name;

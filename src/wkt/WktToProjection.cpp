@@ -11,38 +11,21 @@
 #include <new>
 
 #include "definitions/MapProjData.h"
+#include "definitions/ProjectionTypes.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Projection.h"
 #include "foundation/Tolerance.h"
-#include "projections/AlbersEqualArea.h"
-#include "projections/CassiniSoldner.h"
-#include "projections/EquidistantConic.h"
-#include "projections/Geographical.h"
-#include "projections/HotineObliqueMercator.h"
-#include "projections/Krovak.h"
-#include "projections/Lambert1SP.h"
-#include "projections/Lambert2SP.h"
-#include "projections/LambertAzimuthalEqualArea.h"
-#include "projections/Mercator1SP.h"
-#include "projections/Mercator2SP.h"
-#include "projections/NewZealandMapGrid.h"
-#include "projections/ObliqueMercator.h"
-#include "projections/PolarStereographic.h"
-#include "projections/RectifiedSkewOrthomorphic.h"
-#include "projections/RotatedLongitudeLatitude.h"
-#include "projections/Stereographic.h"
-#include "projections/StereographicNorthPole.h"
-#include "projections/StereographicSouthPole.h"
-#include "projections/TransverseMercatorJHS.h"
 #include "wkt/PRJParser.h"
 
 namespace {
 
-using EType = CGxMapProjData::EProjectionType;
-using Getter = double (CGxPRJParser::*)() const;
+using P = EGxWktParameter;
 
 // Radians per degree as WKT writes the degree unit's factor.
 constexpr double kRadiansPerDegree = 0.017453292519943295;
+
+// Longest parameter list of a type (Krovak).
+constexpr int kMaxValues = 10;
 
 // How a value of the text becomes a value of the algorithm.
 enum class EConversion {
@@ -52,161 +35,31 @@ enum class EConversion {
     kCentreLongitude,  // to degrees, then moved by the prime meridian
 };
 
-struct GxWktValue {
-    Getter get;
-    EConversion conversion;
-};
-
-// Longest parameter list of a type (Krovak).
-constexpr int kMaxValues = 10;
-
-// The parameters of a type in the order of its definition's index, which is
-// also the order in which the algorithm's constructor takes them.
-struct GxWktLayout {
-    int count;
-    GxWktValue values[kMaxValues];
-};
-
-constexpr GxWktValue kScale{&CGxPRJParser::GetScaleFactor, EConversion::kAsWritten};
-constexpr GxWktValue kCentralMeridian{&CGxPRJParser::GetCentralMeridian,
-                                      EConversion::kCentreLongitude};
-constexpr GxWktValue kLatitudeOfOrigin{&CGxPRJParser::GetLatitudeOfOrigin, EConversion::kAngle};
-constexpr GxWktValue kParallel1{&CGxPRJParser::GetStandardParallel1, EConversion::kAngle};
-constexpr GxWktValue kParallel2{&CGxPRJParser::GetStandardParallel2, EConversion::kAngle};
-constexpr GxWktValue kCentreLongitude{&CGxPRJParser::GetLongitudeOfCenter,
-                                      EConversion::kCentreLongitude};
-constexpr GxWktValue kCentreLatitude{&CGxPRJParser::GetLatitudeOfCenter, EConversion::kAngle};
-constexpr GxWktValue kAzimuth{&CGxPRJParser::GetAzimuth, EConversion::kAngle};
-constexpr GxWktValue kPlaneRotation{&CGxPRJParser::GetXYPlaneRotation, EConversion::kAngle};
-constexpr GxWktValue kPseudoParallel{&CGxPRJParser::GetPseudoParallel, EConversion::kAngle};
-constexpr GxWktValue kXScale{&CGxPRJParser::GetXScale, EConversion::kAsWritten};
-constexpr GxWktValue kYScale{&CGxPRJParser::GetYScale, EConversion::kAsWritten};
-constexpr GxWktValue kSouthPoleLongitude{&CGxPRJParser::GetLongitudeOfSouthPole,
-                                         EConversion::kAsWritten};
-constexpr GxWktValue kSouthPoleLatitude{&CGxPRJParser::GetLatitudeOfSouthPole,
-                                        EConversion::kAsWritten};
-constexpr GxWktValue kRotationAngle{&CGxPRJParser::GetAngleOfRotation, EConversion::kAsWritten};
-constexpr GxWktValue kFalseEasting{&CGxPRJParser::GetFalseEasting, EConversion::kLength};
-constexpr GxWktValue kFalseNorthing{&CGxPRJParser::GetFalseNorthing, EConversion::kLength};
-
-// Scale on the central meridian (or at the origin) with the origin.
-constexpr GxWktLayout kOriginScaleLayout{
-    5, {kScale, kCentralMeridian, kLatitudeOfOrigin, kFalseEasting, kFalseNorthing}};
-// Two standard parallels with the origin: the conics.
-constexpr GxWktLayout kTwoParallelLayout{
-    6,
-    {kParallel1, kParallel2, kCentralMeridian, kLatitudeOfOrigin, kFalseEasting, kFalseNorthing}};
-constexpr GxWktLayout kOriginLayout{
-    4, {kCentralMeridian, kLatitudeOfOrigin, kFalseEasting, kFalseNorthing}};
-constexpr GxWktLayout kObliqueLayout{
-    6, {kScale, kCentreLongitude, kCentreLatitude, kAzimuth, kFalseEasting, kFalseNorthing}};
-constexpr GxWktLayout kSkewOrthomorphicLayout{7,
-                                              {kScale, kCentreLongitude, kCentreLatitude, kAzimuth,
-                                               kPlaneRotation, kFalseEasting, kFalseNorthing}};
-constexpr GxWktLayout kRotatedPoleLayout{3,
-                                         {kSouthPoleLongitude, kSouthPoleLatitude, kRotationAngle}};
-constexpr GxWktLayout kParallelLayout{
-    4, {kParallel1, kCentralMeridian, kFalseEasting, kFalseNorthing}};
-constexpr GxWktLayout kCylinderScaleLayout{
-    4, {kScale, kCentralMeridian, kFalseEasting, kFalseNorthing}};
-constexpr GxWktLayout kKrovakLayout{
-    10,
-    {kScale, kPseudoParallel, kCentreLongitude, kCentreLatitude, kAzimuth, kPlaneRotation, kXScale,
-     kYScale, kFalseEasting, kFalseNorthing}};
-constexpr GxWktLayout kNoValues{0, {}};
-
-// The layout of a type; null for a type that builds nothing.
-const GxWktLayout* _LayoutOf(EType type) {
-    switch (type) {
-        case CGxMapProjData::eTransverseMercator:
-        case CGxMapProjData::eNonProjected:
-        case CGxMapProjData::eLambert1SP:
-        case CGxMapProjData::eStereographic:
-        case CGxMapProjData::ePolarStereographic:
-            return &kOriginScaleLayout;
-        case CGxMapProjData::eLambert2SP:
-        case CGxMapProjData::eAlbersEqualArea:
-        case CGxMapProjData::eEquidistantConic:
-            return &kTwoParallelLayout;
-        case CGxMapProjData::eNewZealandMapGrid:
-        case CGxMapProjData::eLambertAzimuthalEqualArea:
-        case CGxMapProjData::eCassiniSoldner:
-            return &kOriginLayout;
-        case CGxMapProjData::eHotineObliqueMercator:
-        case CGxMapProjData::eObliqueMercator:
-            return &kObliqueLayout;
-        case CGxMapProjData::eRectifiedSkewOrthomorphic:
-            return &kSkewOrthomorphicLayout;
-        case CGxMapProjData::eRotatedLongitudeLatitude:
-            return &kRotatedPoleLayout;
-        case CGxMapProjData::eMercator2SP:
-        case CGxMapProjData::eStereographicNorthPole:
-        case CGxMapProjData::eStereographicSouthPole:
-            return &kParallelLayout;
-        case CGxMapProjData::eMercator1SP:
-            return &kCylinderScaleLayout;
-        case CGxMapProjData::eKrovak:
-            return &kKrovakLayout;
-        case CGxMapProjData::eGeographical:
-            return &kNoValues;
-        default:
-            return nullptr;
+EConversion _ConversionOf(EGxWktParameter slot) {
+    switch (slot) {
+        case P::eFalseEasting:
+        case P::eFalseNorthing:
+            return EConversion::kLength;
+        case P::eCentralMeridian:
+        case P::eLongitudeOfCenter:
+            return EConversion::kCentreLongitude;
+        case P::eStandardParallel1:
+        case P::eStandardParallel2:
+        case P::eLatitudeOfOrigin:
+        case P::eLatitudeOfCenter:
+        case P::eAzimuth:
+        case P::eXYPlaneRotation:
+        case P::ePseudoParallel:
+            return EConversion::kAngle;
+        case P::eScaleFactor:
+        case P::eXScale:
+        case P::eYScale:
+        case P::eLongitudeOfSouthPole:
+        case P::eLatitudeOfSouthPole:
+        case P::eAngleOfRotation:
+            return EConversion::kAsWritten;
     }
-}
-
-// The algorithm of a type from its values in layout order (degrees, metres).
-CGxProjection* _NewAlgorithm(EType type, const char* name, const double* v, double primeMeridian,
-                             const CGxEllipsoid& e) {
-    switch (type) {
-        case CGxMapProjData::eTransverseMercator:
-        case CGxMapProjData::eNonProjected:
-            // Every Transverse Mercator name, and the plane system read with
-            // its parameters, gets the series form that holds to the
-            // millimetre across a whole zone.
-            return new CGxTransverseMercatorJHS(name, v[0], v[1], v[2], v[3], v[4], e);
-        case CGxMapProjData::eLambert2SP:
-            return new CGxLambert2SP(name, v[0], v[1], v[2], v[3], v[4], v[5], e);
-        case CGxMapProjData::eLambert1SP:
-            return new CGxLambert1SP(name, v[0], v[1], v[2], v[3], v[4], e);
-        case CGxMapProjData::eStereographic:
-            return new CGxStereographic(name, v[0], v[1], v[2], v[3], v[4], e);
-        case CGxMapProjData::eNewZealandMapGrid:
-            return new CGxNewZealandMapGrid(name, v[0], v[1], v[2], v[3], e);
-        case CGxMapProjData::eHotineObliqueMercator:
-            return new CGxHotineObliqueMercator(name, v[0], v[1], v[2], v[3], v[4], v[5], e);
-        case CGxMapProjData::eObliqueMercator:
-            return new CGxObliqueMercator(name, v[0], v[1], v[2], v[3], v[4], v[5], e);
-        case CGxMapProjData::eRectifiedSkewOrthomorphic:
-            return new CGxRectifiedSkewOrthomorphic(name, v[0], v[1], v[2], v[3], v[4], v[5], v[6],
-                                                    e);
-        case CGxMapProjData::eRotatedLongitudeLatitude:
-            return new CGxRotatedLongitudeLatitude(name, v[0], v[1], v[2], e);
-        case CGxMapProjData::eMercator2SP:
-            return new CGxMercator2SP(name, v[0], v[1], v[2], v[3], e);
-        case CGxMapProjData::eMercator1SP:
-            return new CGxMercator1SP(name, v[0], v[1], v[2], v[3], e);
-        case CGxMapProjData::eStereographicNorthPole:
-            return new CGxStereographicNorthPole(name, v[0], v[1], v[2], v[3], e);
-        case CGxMapProjData::eStereographicSouthPole:
-            return new CGxStereographicSouthPole(name, v[0], v[1], v[2], v[3], e);
-        case CGxMapProjData::eGeographical:
-            return new CGxGeographical(name, primeMeridian, e);
-        case CGxMapProjData::eKrovak:
-            return new CGxKrovak(name, v[0], v[1], v[2], v[3], v[4], v[5], v[6], v[7], v[8], v[9],
-                                 e);
-        case CGxMapProjData::eAlbersEqualArea:
-            return new CGxAlbersEqualArea(name, v[0], v[1], v[2], v[3], v[4], v[5], e);
-        case CGxMapProjData::eLambertAzimuthalEqualArea:
-            return new CGxLambertAzimuthalEqualArea(name, v[0], v[1], v[2], v[3], e);
-        case CGxMapProjData::eCassiniSoldner:
-            return new CGxCassiniSoldner(name, v[0], v[1], v[2], v[3], e);
-        case CGxMapProjData::eEquidistantConic:
-            return new CGxEquidistantConic(name, v[0], v[1], v[2], v[3], v[4], v[5], e);
-        case CGxMapProjData::ePolarStereographic:
-            return new CGxPolarStereographic(name, v[0], v[1], v[2], v[3], v[4], e);
-        default:
-            return nullptr;
-    }
+    return EConversion::kAsWritten;
 }
 
 // A unit factor, or the neutral one when the record carries none (a record
@@ -218,8 +71,8 @@ double _FactorOr(double factor, double neutral) {
 }  // namespace
 
 CGxProjection* CGxPRJParser::CreateMapProjection() {
-    const GxWktLayout* layout = _LayoutOf(projectionType);
-    if (!layout) return nullptr;
+    const GxProjectionType* row = GxProjectionTypeOf(projectionType);
+    if (!row || !row->newAlgorithm) return nullptr;
 
     const CGxEllipsoid ellipsoid(spheroidName, "", semiMajorAxis, inverseFlattening);
 
@@ -234,10 +87,10 @@ CGxProjection* CGxPRJParser::CreateMapProjection() {
     const double pm = GxIsUnset(primeMeridian) ? 0.0 : primeMeridian;
 
     double v[kMaxValues] = {};
-    for (int i = 0; i < layout->count; ++i) {
-        const GxWktValue& value = layout->values[i];
-        const double written = (this->*value.get)();
-        switch (value.conversion) {
+    for (int i = 0; i < row->values.count; ++i) {
+        const EGxWktParameter slot = row->values[i];
+        const double written = GetWktParameter(slot);
+        switch (_ConversionOf(slot)) {
             case EConversion::kAsWritten:
                 v[i] = written;
                 break;
@@ -255,7 +108,7 @@ CGxProjection* CGxPRJParser::CreateMapProjection() {
 
     CGxProjection* algorithm = nullptr;
     try {
-        algorithm = _NewAlgorithm(projectionType, projCSname.c_str(), v, pm, ellipsoid);
+        algorithm = row->newAlgorithm({projCSname.c_str(), v, pm, ellipsoid});
     } catch (const std::bad_alloc&) {
         return nullptr;
     }
@@ -264,21 +117,11 @@ CGxProjection* CGxPRJParser::CreateMapProjection() {
     // The value the other form of the type needs, so that a written text
     // carries both: the scale a standard parallel gives, and the parallel of
     // the one-parallel Mercator.
-    double derived[kMaxValues];
-    for (double& d : derived) d = kGxUnset;
-    switch (projectionType) {
-        case CGxMapProjData::eMercator2SP:
-        case CGxMapProjData::eStereographicNorthPole:
-        case CGxMapProjData::eStereographicSouthPole:
-            algorithm->GetDerivedParameters(derived);
-            SetScaleFactor(derived[0]);
-            break;
-        case CGxMapProjData::eMercator1SP:
-            algorithm->GetDerivedParameters(derived);
-            SetStandardParallel1(derived[0]);
-            break;
-        default:
-            break;
+    if (row->derives) {
+        double derived[kMaxValues];
+        for (double& d : derived) d = kGxUnset;
+        algorithm->GetDerivedParameters(derived);
+        SetWktParameter(row->derivedInto, derived[0]);
     }
     return algorithm;
 }
@@ -286,12 +129,11 @@ CGxProjection* CGxPRJParser::CreateMapProjection() {
 CGxMapProjData* CGxPRJParser::_CreateProjData() const {
     // The plane system read with Transverse Mercator parameters has an
     // algorithm but no definition.
-    if (projectionType == CGxMapProjData::eNonProjected) return nullptr;
-    const GxWktLayout* layout = _LayoutOf(projectionType);
-    if (!layout) return nullptr;
+    const GxProjectionType* row = GxProjectionTypeOf(projectionType);
+    if (!row || !row->newDefinition) return nullptr;
 
     double values[kMaxValues] = {};
-    for (int i = 0; i < layout->count; ++i) values[i] = (this->*layout->values[i].get)();
+    for (int i = 0; i < row->values.count; ++i) values[i] = GetWktParameter(row->values[i]);
     return CGxMapProjData::CreateProjection(projectionType, projCSname, datumName, spheroidName,
                                             values);
 }
