@@ -120,6 +120,8 @@ TEST(EpsgCode, SpellingsOfACodeGiveTheNamedSystemBitForBit) {
 // same code or by a name.
 TEST(EpsgCode, EveryCodeOfTheCatalogueNamesItsSystem) {
     CGxMapProjectionList& list = CGxCartSetup::Instance().GetMapProjectionList();
+    // Another test of this program may have read the deferred file already.
+    const bool deferredUnread = list.GetNoOfDeferredMapProjections() == 0;
     int coded = 0;
     for (auto it = list.GetIteratorBegin(); it != list.GetIteratorEnd(); ++it) {
         const std::string& code = GxDefinitionCode(*it);
@@ -134,7 +136,7 @@ TEST(EpsgCode, EveryCodeOfTheCatalogueNamesItsSystem) {
     }
     EXPECT_EQ(coded, 93 + 124 + 221);
     // None of this needed the deferred systems.
-    EXPECT_EQ(list.GetNoOfDeferredMapProjections(), 0u);
+    if (deferredUnread) EXPECT_EQ(list.GetNoOfDeferredMapProjections(), 0u);
 }
 
 // Codes of start-up and deferred systems against PROJ, to a millimetre
