@@ -136,7 +136,9 @@ TEST(EpsgCode, EveryCodeOfTheCatalogueNamesItsSystem) {
     }
     EXPECT_EQ(coded, 93 + 124 + 221);
     // None of this needed the deferred systems.
-    if (deferredUnread) EXPECT_EQ(list.GetNoOfDeferredMapProjections(), 0u);
+    if (deferredUnread) {
+        EXPECT_EQ(list.GetNoOfDeferredMapProjections(), 0u);
+    }
 }
 
 // Codes of start-up and deferred systems against PROJ, to a millimetre
