@@ -40,8 +40,19 @@ using gxzpf::Kind;
 // from the library's unload, after the thread's destructors have run, and the
 // error must still be usable then. Messages longer than the buffer are cut.
 struct ErrorState {
+    static constexpr std::size_t kSize = 512;
     int code = eZpfOk;
-    char message[512] = {};
+    char message[kSize] = {};
+    // A keyword look-up that finds nothing leaves its message in parts, put
+    // together when it is read: a definition asks for every optional keyword
+    // of its type, and why one is absent is rarely asked. lookUp names the
+    // function; null when message is complete.
+    const char* lookUp = nullptr;
+    int occurrence = 0;
+    std::size_t keywordSize = 0;
+    std::size_t sectionSize = 0;
+    char keyword[kSize] = {};
+    char section[kSize] = {};
 };
 
 // Out of line, so that a caller finds the thread's state once rather than at
@@ -57,7 +68,7 @@ struct ErrorState {
 // mostly literals, whose length is known here and whose copy is a few moves.
 class MessageBuilder {
 public:
-    explicit MessageBuilder(char (&buffer)[sizeof ErrorState::message]) : buffer_(buffer) {}
+    explicit MessageBuilder(char (&buffer)[ErrorState::kSize]) : buffer_(buffer) {}
     ~MessageBuilder() { buffer_[n_] = '\0'; }
     MessageBuilder(const MessageBuilder&) = delete;
     MessageBuilder& operator=(const MessageBuilder&) = delete;
@@ -79,7 +90,7 @@ public:
     }
 
 private:
-    std::size_t _Room() const { return sizeof ErrorState::message - 1 - n_; }
+    std::size_t _Room() const { return ErrorState::kSize - 1 - n_; }
 
     char* buffer_;
     std::size_t n_ = 0;
@@ -89,6 +100,7 @@ template <class... Pieces>
 void SetError(int code, const Pieces&... pieces) {
     ErrorState& e = LastError();
     e.code = code;
+    e.lookUp = nullptr;
     MessageBuilder message(e.message);
     (message.Add(pieces), ...);
 }
@@ -108,7 +120,41 @@ private:
 void ClearError() {
     ErrorState& e = LastError();
     e.code = eZpfOk;
+    e.lookUp = nullptr;
     e.message[0] = '\0';
+}
+
+// Keeps what the message of a keyword that function did not find needs.
+void KeywordNotFound(const char* function, const char* keyword, int occurrence,
+                     const gxzpf::Section& section) {
+    ErrorState& e = LastError();
+    e.code = eZpfNotFound;
+    e.lookUp = function;
+    e.occurrence = occurrence;
+    // Longer parts could not show in the message.
+    e.keywordSize = std::min(std::strlen(keyword), ErrorState::kSize);
+    std::memcpy(e.keyword, keyword, e.keywordSize);
+    e.sectionSize = std::min(section.name.size(), ErrorState::kSize);
+    std::memcpy(e.section, section.name.data(), e.sectionSize);
+}
+
+// The last error's message, put together first where it was left in parts.
+const char* ErrorMessage() {
+    ErrorState& e = LastError();
+    if (e.lookUp) {
+        const Count occurrence(e.occurrence);
+        MessageBuilder message(e.message);
+        message.Add(e.lookUp);
+        message.Add(": keyword '");
+        message.Add(std::string_view(e.keyword, e.keywordSize));
+        message.Add("' (occurrence ");
+        message.Add(occurrence);
+        message.Add(") in section '");
+        message.Add(std::string_view(e.section, e.sectionSize));
+        message.Add("' not found");
+        e.lookUp = nullptr;
+    }
+    return e.message;
 }
 
 // Handle checks that report a failure in the name of the calling function.
@@ -208,9 +254,10 @@ gxzpf::Value* FindValue(void* section, const char* keyword, int occurrence, int 
     if (!s || !NeedText(keyword, function, "keyword name") || !NeedText(out, function, "result pointer"))
         return nullptr;
     gxzpf::Keyword* k = NthKeyword(*s, keyword, occurrence);
-    if (!k)
-        return static_cast<gxzpf::Value*>(NotFound(function, "keyword '", keyword, "' (occurrence ",
-                                                   Count(occurrence), ") in section '", s->name, "'"));
+    if (!k) {
+        KeywordNotFound(function, keyword, occurrence, *s);
+        return nullptr;
+    }
     if (valueNum >= 1 && static_cast<std::size_t>(valueNum) <= k->ValueCount())
         return k->ValueAt(static_cast<std::size_t>(valueNum) - 1);
     return static_cast<gxzpf::Value*>(NotFound(function, "value ", Count(valueNum), " of keyword '", keyword, "'"));
@@ -297,8 +344,8 @@ void zpfClose(void* file) {
 }
 
 int zpfPeekErrorGlb(std::string* message) {
+    if (message) *message = ErrorMessage();
     const ErrorState& e = LastError();
-    if (message) *message = e.message;
     return e.code;
 }
 
@@ -422,8 +469,8 @@ void* zpfKeywordByNameNum(void* section, const char* keyword, int occurrence) {
     gxzpf::Section* s = NeedSection(section, "zpfKeywordByNameNum");
     if (!s || !NeedText(keyword, "zpfKeywordByNameNum", "keyword name")) return nullptr;
     if (gxzpf::Keyword* k = NthKeyword(*s, keyword, occurrence)) return k;
-    return NotFound("zpfKeywordByNameNum", "keyword '", keyword, "' (occurrence ", Count(occurrence), ") in section '",
-                    s->name, "'");
+    KeywordNotFound("zpfKeywordByNameNum", keyword, occurrence, *s);
+    return nullptr;
 }
 
 int zpfGetNoParams(void* keyword) {

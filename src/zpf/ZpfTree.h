@@ -41,27 +41,38 @@ public:
     NodeText() = default;
     NodeText(const NodeText&) = delete;
     NodeText& operator=(const NodeText&) = delete;
+    ~NodeText() { delete[] own_; }
 
     // Text that lives as long as the node: the text of its file.
-    void Refer(std::string_view text) { view_ = text; }
-    void Keep(std::string_view text) {
-        own_.assign(text.data(), text.size());
-        view_ = own_;
+    void Refer(std::string_view text) {
+        _Release();
+        data_ = text.data();
+        size_ = text.size();
     }
-    void Keep(std::string&& text) {
-        own_ = std::move(text);
-        view_ = own_;
+    void Keep(std::string_view text) {
+        char* copy = text.empty() ? nullptr : new char[text.size()];
+        if (copy) std::memcpy(copy, text.data(), text.size());
+        _Release();
+        own_ = copy;
+        data_ = copy;
+        size_ = text.size();
     }
 
-    std::string_view View() const { return view_; }
-    operator std::string_view() const { return view_; }
-    std::string Str() const { return std::string(view_); }
-    std::size_t size() const { return view_.size(); }
-    const char* data() const { return view_.data(); }
+    std::string_view View() const { return {data_, size_}; }
+    operator std::string_view() const { return View(); }
+    std::string Str() const { return std::string(data_, size_); }
+    std::size_t size() const { return size_; }
+    const char* data() const { return data_; }
 
 private:
-    std::string_view view_;
-    std::string own_;
+    void _Release() {
+        delete[] own_;
+        own_ = nullptr;
+    }
+
+    const char* data_ = nullptr;
+    std::size_t size_ = 0;
+    char* own_ = nullptr;  // the node's own copy, when it has one
 };
 
 // A name as the keyword look-ups compare it: its first and last eight bytes
@@ -191,19 +202,21 @@ public:
     Keyword* operator[](std::size_t index) const { return items_[index]; }
 
     void Append(Keyword* keyword, SlotArena& arena) {
-        if (size_ == capacity_) {
-            // Catalogue sections hold a handful of keywords: the first slots
-            // usually suffice.
-            const std::size_t capacity = capacity_ == 0 ? kFirstSlots : 2 * capacity_;
-            Keyword** items = arena.Take(capacity);
-            std::copy(items_, items_ + size_, items);
-            items_ = items;
-            capacity_ = capacity;
-        }
+        if (size_ == capacity_) _Grow(arena);
         items_[size_++] = keyword;
     }
 
 private:
+    [[gnu::noinline]] void _Grow(SlotArena& arena) {
+        // Catalogue sections hold a handful of keywords: the first slots
+        // usually suffice.
+        const std::size_t capacity = capacity_ == 0 ? kFirstSlots : 2 * capacity_;
+        Keyword** items = arena.Take(capacity);
+        std::copy(items_, items_ + size_, items);
+        items_ = items;
+        capacity_ = capacity;
+    }
+
     static constexpr std::size_t kFirstSlots = 10;
     Keyword** items_ = nullptr;
     std::size_t size_ = 0;
@@ -270,40 +283,54 @@ public:
     ~NodePool() { Clear(); }
 
     Node* Make() {
-        if (blocks_.empty() || blocks_.back().used == blocks_.back().capacity) _Grow();
-        Block& block = blocks_.back();
-        Node* node = ::new (static_cast<void*>(block.nodes + block.used)) Node();
-        ++block.used;
+        if (next_ == end_) _Grow();
+        Node* node = ::new (static_cast<void*>(next_)) Node();
+        ++next_;
         return node;
     }
 
     void Clear() {
         std::allocator<Node> allocator;
-        for (Block& block : blocks_) {
-            for (std::size_t i = 0; i < block.used; ++i) block.nodes[i].~Node();
+        for (std::size_t b = 0; b < blocks_.size(); ++b) {
+            // Every block but the last is full.
+            const Block& block = blocks_[b];
+            const std::size_t used = b + 1 == blocks_.size()
+                                         ? static_cast<std::size_t>(next_ - block.nodes)
+                                         : block.capacity;
+            for (std::size_t i = 0; i < used; ++i) block.nodes[i].~Node();
             allocator.deallocate(block.nodes, block.capacity);
         }
         blocks_.clear();
+        next_ = end_ = nullptr;
     }
 
 private:
     struct Block {
         Node* nodes;
         std::size_t capacity;
-        std::size_t used;
     };
     // A small file (a user's custom file) stays small; a catalogue reaches the
-    // largest blocks after a few steps.
+    // largest blocks after a few steps. Those stay below the size from which
+    // the allocator maps fresh pages from the system for each block (and
+    // unmaps them when the file is closed).
     static constexpr std::size_t kFirstBlock = 8;
-    static constexpr std::size_t kLargestBlock = 1024;
+    static constexpr std::size_t kLargestBlock =
+        std::max<std::size_t>(kFirstBlock, 64 * 1024 / sizeof(Node));
 
-    void _Grow() {
+    // Out of line: making a node is on the reader's path for every keyword
+    // and value, a new block rarely.
+    [[gnu::noinline]] void _Grow() {
         const std::size_t capacity =
             blocks_.empty() ? kFirstBlock : std::min(2 * blocks_.back().capacity, kLargestBlock);
         blocks_.reserve(blocks_.size() + 1);
-        blocks_.push_back(Block{std::allocator<Node>().allocate(capacity), capacity, 0});
+        blocks_.push_back(Block{std::allocator<Node>().allocate(capacity), capacity});
+        next_ = blocks_.back().nodes;
+        end_ = next_ + capacity;
     }
 
+    // The free part of the last block.
+    Node* next_ = nullptr;
+    Node* end_ = nullptr;
     std::vector<Block> blocks_;
 };
 
@@ -363,7 +390,7 @@ struct File {
         if (keyword.valueCount < Keyword::kInPlace)
             keyword.values[keyword.valueCount] = value;
         else
-            keyword.moreValues.push_back(value);
+            _AddFurther(keyword, value);
         ++keyword.valueCount;
         return value;
     }
@@ -395,6 +422,9 @@ struct File {
     SlotArena slots;
 
 private:
+    [[gnu::noinline]] static void _AddFurther(Keyword& keyword, Value* value) {
+        keyword.moreValues.push_back(value);
+    }
     static void _Name(NodeText& node, std::string_view name, Take take) {
         if (take == Take::View)
             node.Refer(name);

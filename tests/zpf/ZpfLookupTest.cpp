@@ -239,4 +239,38 @@ TEST_F(ZpfLoaded, LongSectionsAndLongValueListsKeepTheirOrder) {
     zpfGetErrorGlb();
 }
 
+// The message of a look-up that found nothing names the keyword and the
+// section even when it is read after both are gone, and only the last
+// error's message is given.
+TEST_F(ZpfLoaded, AMissIsReportedWhenTheFileIsGone) {
+    void* section = Load("B {\n    \"Section with a long name\" {\n        K = 1\n    }\n}\n");
+    std::string keyword = "Parallel_1_dms";
+    double value = 0.0;
+    EXPECT_FALSE(zpfGetParam(section, keyword.c_str(), 2, 1, &value));
+    keyword.assign(keyword.size(), 'x');
+    zpfClose(file_);
+    file_ = nullptr;
+    std::string message;
+    EXPECT_EQ(zpfPeekErrorGlb(&message), eZpfNotFound);
+    EXPECT_EQ(
+        message,
+        "zpfGetParam: keyword 'Parallel_1_dms' (occurrence 2) in section 'Section with a long "
+        "name' not found");
+    EXPECT_EQ(zpfGetErrorGlb(&message), eZpfNotFound);
+    EXPECT_EQ(zpfGetErrorGlb(&message), eZpfOk);
+    EXPECT_EQ(message, "");
+
+    // A later failure replaces the message, a success leaves it.
+    section = Load("B {\n    S {\n        K = \"text\"\n    }\n}\n");
+    EXPECT_EQ(zpfKeywordByNameNum(section, "Absent", 1), nullptr);
+    EXPECT_FALSE(zpfGetParam(section, "K", 1, 1, &value));
+    EXPECT_NE(zpfKeywordByNameNum(section, "K", 1), nullptr);
+    EXPECT_EQ(zpfGetErrorGlb(&message), eZpfNotANumber);
+    EXPECT_EQ(message, "zpfGetParam: the text \"text\" is not a number");
+    EXPECT_EQ(zpfKeywordByNameNum(section, std::string(600, 'k').c_str(), 1), nullptr);
+    EXPECT_EQ(zpfGetErrorGlb(&message), eZpfNotFound);
+    EXPECT_EQ(message.size(), 511u);
+    EXPECT_EQ(message.rfind("zpfKeywordByNameNum: keyword 'kkk", 0), 0u) << message;
+}
+
 }  // namespace
