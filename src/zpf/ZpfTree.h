@@ -34,8 +34,8 @@ enum class Kind : std::uint32_t {
 // The name of a node or the text of a value. Read from a file, it is a view
 // of the file's own text wherever the file holds it as it stands (a bare name,
 // a number, a quoted text without escapes), so loading a catalogue copies
-// nothing; otherwise the node keeps its own copy. Nodes never move, so a view
-// of the node's own copy stays valid.
+// nothing; otherwise the node keeps a copy of its own. Its characters are
+// never null, not even for an empty text.
 class NodeText {
 public:
     NodeText() = default;
@@ -46,7 +46,7 @@ public:
     // Text that lives as long as the node: the text of its file.
     void Refer(std::string_view text) {
         _Release();
-        data_ = text.data();
+        data_ = text.empty() ? "" : text.data();
         size_ = text.size();
     }
     void Keep(std::string_view text) {
@@ -54,7 +54,7 @@ public:
         if (copy) std::memcpy(copy, text.data(), text.size());
         _Release();
         own_ = copy;
-        data_ = copy;
+        data_ = copy ? copy : "";
         size_ = text.size();
     }
 
@@ -70,7 +70,7 @@ private:
         own_ = nullptr;
     }
 
-    const char* data_ = nullptr;
+    const char* data_ = "";
     std::size_t size_ = 0;
     char* own_ = nullptr;  // the node's own copy, when it has one
 };
