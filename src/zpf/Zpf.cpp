@@ -19,6 +19,7 @@
 #include <new>
 #include <string_view>
 #include <system_error>
+#include <type_traits>
 
 #include "foundation/NumberText.h"
 #include "zpf/FileReplace.h"
@@ -39,30 +40,69 @@ using gxzpf::Kind;
 // from the library's unload, after the thread's destructors have run, and the
 // error must still be usable then. Messages longer than the buffer are cut.
 struct ErrorState {
+    static constexpr std::size_t kSize = 512;
     int code = eZpfOk;
-    char message[512] = {};
+    char message[kSize] = {};
+    // A keyword look-up that finds nothing leaves its message in parts, put
+    // together when it is read: a definition asks for every optional keyword
+    // of its type, and why one is absent is rarely asked. lookUp names the
+    // function; null when message is complete.
+    const char* lookUp = nullptr;
+    int occurrence = 0;
+    std::size_t keywordSize = 0;
+    std::size_t sectionSize = 0;
+    char keyword[kSize] = {};
+    char section[kSize] = {};
 };
 
-ErrorState& LastError() {
+// Out of line, so that a caller finds the thread's state once rather than at
+// every use (each is a call into the dynamic loader's TLS lookup).
+[[gnu::noinline]] ErrorState& LastError() {
     static thread_local ErrorState state;
     return state;
 }
 
 // The message is assembled from its pieces straight into the thread's
 // buffer: failed look-ups are routine (a definition asks for every optional
-// keyword of its type), so reporting one allocates nothing.
+// keyword of its type), so reporting one allocates nothing. The pieces are
+// mostly literals, whose length is known here and whose copy is a few moves.
+class MessageBuilder {
+public:
+    explicit MessageBuilder(char (&buffer)[ErrorState::kSize]) : buffer_(buffer) {}
+    ~MessageBuilder() { buffer_[n_] = '\0'; }
+    MessageBuilder(const MessageBuilder&) = delete;
+    MessageBuilder& operator=(const MessageBuilder&) = delete;
+
+    template <std::size_t N>
+    void Add(const char (&literal)[N]) {
+        if (N - 1 <= _Room()) {
+            std::memcpy(buffer_ + n_, literal, N - 1);
+            n_ += N - 1;
+        } else {
+            Add(std::string_view(literal, N - 1));
+        }
+    }
+    void Add(std::string_view piece) {
+        // Messages longer than the buffer are cut.
+        const std::size_t take = std::min(piece.size(), _Room());
+        std::memcpy(buffer_ + n_, piece.data(), take);
+        n_ += take;
+    }
+
+private:
+    std::size_t _Room() const { return ErrorState::kSize - 1 - n_; }
+
+    char* buffer_;
+    std::size_t n_ = 0;
+};
+
 template <class... Pieces>
 void SetError(int code, const Pieces&... pieces) {
     ErrorState& e = LastError();
     e.code = code;
-    std::size_t n = 0;
-    auto append = [&e, &n](std::string_view piece) {
-        const std::size_t take = std::min(piece.size(), sizeof e.message - 1 - n);
-        piece.copy(e.message + n, take);
-        n += take;
-    };
-    (append(std::string_view(pieces)), ...);
-    e.message[n] = '\0';
+    e.lookUp = nullptr;
+    MessageBuilder message(e.message);
+    (message.Add(pieces), ...);
 }
 
 // An occurrence or position as message text.
@@ -80,14 +120,54 @@ private:
 void ClearError() {
     ErrorState& e = LastError();
     e.code = eZpfOk;
+    e.lookUp = nullptr;
     e.message[0] = '\0';
 }
 
+// Keeps what the message of a keyword that function did not find needs.
+void KeywordNotFound(const char* function, const char* keyword, int occurrence,
+                     const gxzpf::Section& section) {
+    ErrorState& e = LastError();
+    e.code = eZpfNotFound;
+    e.lookUp = function;
+    e.occurrence = occurrence;
+    // Longer parts could not show in the message.
+    e.keywordSize = std::min(std::strlen(keyword), ErrorState::kSize);
+    std::memcpy(e.keyword, keyword, e.keywordSize);
+    e.sectionSize = std::min(section.name.size(), ErrorState::kSize);
+    std::memcpy(e.section, section.name.data(), e.sectionSize);
+}
+
+// The last error's message, put together first where it was left in parts.
+const char* ErrorMessage() {
+    ErrorState& e = LastError();
+    if (e.lookUp) {
+        const Count occurrence(e.occurrence);
+        MessageBuilder message(e.message);
+        message.Add(e.lookUp);
+        message.Add(": keyword '");
+        message.Add(std::string_view(e.keyword, e.keywordSize));
+        message.Add("' (occurrence ");
+        message.Add(occurrence);
+        message.Add(") in section '");
+        message.Add(std::string_view(e.section, e.sectionSize));
+        message.Add("' not found");
+        e.lookUp = nullptr;
+    }
+    return e.message;
+}
+
 // Handle checks that report a failure in the name of the calling function.
+// The check is on the path of every call, the report is not.
+[[gnu::noinline, gnu::cold]] void BadHandle(const void* handle, const char* function,
+                                            const char* what) {
+    SetError(eZpfNullHandle, function, ": ", handle ? "not a " : "null ", what, " handle");
+}
+
 template <class Node>
 Node* Need(void* handle, Kind kind, const char* function, const char* what) {
     Node* node = As<Node>(handle, kind);
-    if (!node) SetError(eZpfNullHandle, function, ": ", handle ? "not a " : "null ", what, " handle");
+    if (!node) BadHandle(handle, function, what);
     return node;
 }
 
@@ -97,14 +177,18 @@ gxzpf::Section* NeedSection(void* h, const char* fn) { return Need<gxzpf::Sectio
 gxzpf::Keyword* NeedKeyword(void* h, const char* fn) { return Need<gxzpf::Keyword>(h, Kind::Keyword, fn, "keyword"); }
 gxzpf::Value* NeedValue(void* h, const char* fn) { return Need<gxzpf::Value>(h, Kind::Value, fn, "value"); }
 
+[[gnu::noinline, gnu::cold]] void NullText(const char* function, const char* what) {
+    SetError(eZpfNullHandle, function, ": null ", what);
+}
+
 bool NeedText(const void* text, const char* function, const char* what) {
-    if (!text) SetError(eZpfNullHandle, function, ": null ", what);
+    if (!text) NullText(function, what);
     return text != nullptr;
 }
 
 // The num-th (1-based) node of a list.
-template <class Node>
-Node* Nth(const std::vector<Node*>& nodes, int num) {
+template <class List>
+auto Nth(const List& nodes, int num) -> std::decay_t<decltype(nodes[0])> {
     if (num < 1 || static_cast<std::size_t>(num) > nodes.size()) return nullptr;
     return nodes[static_cast<std::size_t>(num) - 1];
 }
@@ -115,7 +199,20 @@ Node* NthNamed(const std::vector<Node*>& nodes, const char* name, int num) {
     if (num < 1) return nullptr;
     const std::string_view wanted(name);
     for (Node* node : nodes)
-        if (node->name == wanted && --num == 0) return node;
+        if (node->name.View() == wanted && --num == 0) return node;
+    return nullptr;
+}
+
+// The num-th (1-based) keyword of a section whose name is name. Catalogues
+// ask for every keyword of a definition, present or not, so this is the
+// look-up that counts: it compares the keys made when the keywords were read
+// and touches the names themselves only for long ones.
+gxzpf::Keyword* NthKeyword(const gxzpf::Section& section, const char* name, int num) {
+    if (num < 1) return nullptr;
+    const std::string_view wanted(name);
+    const gxzpf::NameKey key = gxzpf::NameKey::Of(wanted.data(), wanted.size());
+    for (gxzpf::Keyword* keyword : section.keywords)
+        if (keyword->Named(wanted, key) && --num == 0) return keyword;
     return nullptr;
 }
 
@@ -142,13 +239,13 @@ gxzpf::Keyword* AppendKeyword(gxzpf::Section& section, const char* name) {
 void AppendNumber(gxzpf::Keyword& keyword, double number) {
     gxzpf::Value* value = keyword.section->file->AddValue(keyword);
     value->number = number;
-    value->text = GxFormatNumberShortest(number);
+    value->text.Keep(GxFormatNumberShortest(number));
 }
 
 void AppendText(gxzpf::Keyword& keyword, const std::string& text) {
     gxzpf::Value* value = keyword.section->file->AddValue(keyword);
     value->isText = true;
-    value->text = text;
+    value->text.Keep(text);
 }
 
 gxzpf::Value* FindValue(void* section, const char* keyword, int occurrence, int valueNum, const void* out,
@@ -156,10 +253,11 @@ gxzpf::Value* FindValue(void* section, const char* keyword, int occurrence, int 
     gxzpf::Section* s = NeedSection(section, function);
     if (!s || !NeedText(keyword, function, "keyword name") || !NeedText(out, function, "result pointer"))
         return nullptr;
-    gxzpf::Keyword* k = NthNamed(s->keywords, keyword, occurrence);
-    if (!k)
-        return static_cast<gxzpf::Value*>(NotFound(function, "keyword '", keyword, "' (occurrence ",
-                                                   Count(occurrence), ") in section '", s->name, "'"));
+    gxzpf::Keyword* k = NthKeyword(*s, keyword, occurrence);
+    if (!k) {
+        KeywordNotFound(function, keyword, occurrence, *s);
+        return nullptr;
+    }
     if (valueNum >= 1 && static_cast<std::size_t>(valueNum) <= k->ValueCount())
         return k->ValueAt(static_cast<std::size_t>(valueNum) - 1);
     return static_cast<gxzpf::Value*>(NotFound(function, "value ", Count(valueNum), " of keyword '", keyword, "'"));
@@ -246,8 +344,8 @@ void zpfClose(void* file) {
 }
 
 int zpfPeekErrorGlb(std::string* message) {
+    if (message) *message = ErrorMessage();
     const ErrorState& e = LastError();
-    if (message) *message = e.message;
     return e.code;
 }
 
@@ -296,14 +394,14 @@ int zpfGetNoInstances(void* target, const char* name) {
     int count = 0;
     const std::string_view wanted(name);
     for (const gxzpf::Section* s : t->sections)
-        if (s->name == wanted && count < INT_MAX) ++count;
+        if (s->name.View() == wanted && count < INT_MAX) ++count;
     return count;
 }
 
 std::string zpfGetName(void* handle) {
-    if (auto* t = As<gxzpf::Target>(handle, Kind::Target)) return t->name;
-    if (auto* s = As<gxzpf::Section>(handle, Kind::Section)) return s->name;
-    if (auto* k = As<gxzpf::Keyword>(handle, Kind::Keyword)) return k->name;
+    if (auto* t = As<gxzpf::Target>(handle, Kind::Target)) return t->name.Str();
+    if (auto* s = As<gxzpf::Section>(handle, Kind::Section)) return s->name.Str();
+    if (auto* k = As<gxzpf::Keyword>(handle, Kind::Keyword)) return k->name.Str();
     SetError(eZpfNullHandle, "zpfGetName: ", handle ? "not a block, section or keyword" : "null", " handle");
     return std::string();
 }
@@ -363,16 +461,16 @@ int zpfGetParam(void* section, const char* keyword, int occurrence, int valueNum
 int zpfGetParam(void* section, const char* keyword, int occurrence, int valueNum, std::string* value) {
     const gxzpf::Value* v = FindValue(section, keyword, occurrence, valueNum, value, "zpfGetParam");
     if (!v) return 0;
-    *value = v->text;
+    value->assign(v->text.data(), v->text.size());
     return 1;
 }
 
 void* zpfKeywordByNameNum(void* section, const char* keyword, int occurrence) {
     gxzpf::Section* s = NeedSection(section, "zpfKeywordByNameNum");
     if (!s || !NeedText(keyword, "zpfKeywordByNameNum", "keyword name")) return nullptr;
-    if (gxzpf::Keyword* k = NthNamed(s->keywords, keyword, occurrence)) return k;
-    return NotFound("zpfKeywordByNameNum", "keyword '", keyword, "' (occurrence ", Count(occurrence), ") in section '",
-                    s->name, "'");
+    if (gxzpf::Keyword* k = NthKeyword(*s, keyword, occurrence)) return k;
+    KeywordNotFound("zpfKeywordByNameNum", keyword, occurrence, *s);
+    return nullptr;
 }
 
 int zpfGetNoParams(void* keyword) {
@@ -470,7 +568,7 @@ int zpfAddValue(void* keyword, const std::string& value) {
 int zpfGetString(void* param, std::string* value) {
     gxzpf::Value* v = NeedValue(param, "zpfGetString");
     if (!v || !NeedText(value, "zpfGetString", "result pointer")) return 0;
-    *value = v->text;
+    value->assign(v->text.data(), v->text.size());
     return 1;
 }
 
@@ -574,7 +672,9 @@ namespace {
 // Why a keyword does not have the shape asked for; "" when it has.
 std::string ShapeProblem(const gxzpf::Keyword& k, int minValues, int maxValues, bool numbersOnly) {
     // Messages are made only for a failure: catalogues check every keyword.
-    auto where = [&k] { return "line " + std::to_string(k.line) + ": keyword '" + k.name + "' "; };
+    auto where = [&k] {
+        return "line " + std::to_string(k.line) + ": keyword '" + k.name.Str() + "' ";
+    };
     const std::size_t count = k.ValueCount();
     if (count < static_cast<std::size_t>(std::max(minValues, 0)) ||
         count > static_cast<std::size_t>(std::max(maxValues, 0))) {
@@ -593,7 +693,7 @@ std::string ShapeProblem(const gxzpf::Keyword& k, int minValues, int maxValues, 
     for (std::size_t i = 0; numbersOnly && i < count; ++i) {
         const gxzpf::Value* v = k.ValueAt(i);
         if (v->isText)
-            return where() + "holds the text \"" + v->text.substr(0, 40) +
+            return where() + "holds the text \"" + std::string(v->text.View().substr(0, 40)) +
                    "\" where a number is expected";
     }
     return std::string();
@@ -613,7 +713,7 @@ int zpfCheckParam(void* section, const char* keyword, int minValues, int maxValu
                   std::string* problem) {
     gxzpf::Section* s = NeedSection(section, "zpfCheckParam");
     if (!s || !NeedText(keyword, "zpfCheckParam", "keyword name")) return 0;
-    const gxzpf::Keyword* k = NthNamed(s->keywords, keyword, 1);
+    const gxzpf::Keyword* k = NthKeyword(*s, keyword, 1);
     if (!k) return 1;
     return ReportShape(ShapeProblem(*k, minValues, maxValues, numbersOnly != 0), problem) ? 1 : 0;
 }
@@ -622,30 +722,40 @@ int zpfCheckParams(void* section, const ZpfParamShape* shapes, int count, std::s
     gxzpf::Section* s = NeedSection(section, "zpfCheckParams");
     if (!s || (count > 0 && !NeedText(shapes, "zpfCheckParams", "shape list"))) return 0;
     // One pass over the keywords; each shape applies to the first keyword of
-    // its name only, as readers take the first occurrence. Names are told
-    // apart by length and first and last letter before they are compared.
+    // its name only, as readers take the first occurrence. The shapes are
+    // chained by the length of their names (in list order within a chain),
+    // so a keyword is compared only with the shapes of its length.
     constexpr int kMostShapes = 64;
+    constexpr int kChains = 32;
     if (count > kMostShapes) count = kMostShapes;
-    std::uint32_t keys[kMostShapes];
-    std::size_t sizes[kMostShapes];
-    auto key = [](const char* name, std::size_t size) {
-        return size == 0
-                   ? 0u
-                   : static_cast<std::uint32_t>(size & 0xFFFF) |
-                         static_cast<std::uint32_t>(static_cast<unsigned char>(name[0])) << 16 |
-                         static_cast<std::uint32_t>(static_cast<unsigned char>(name[size - 1]))
-                             << 24;
+    // Filled for the shapes in use only: a catalogue section checks about
+    // fifteen.
+    struct Wanted {
+        const char* name;
+        std::size_t size;
+        gxzpf::NameKey key;
+        bool open;
+        signed char next;
     };
-    for (int i = 0; i < count; ++i) {
-        sizes[i] = shapes[i].keyword ? std::strlen(shapes[i].keyword) : 0;
-        keys[i] = shapes[i].keyword ? key(shapes[i].keyword, sizes[i]) : 0xFFFFFFFFu;
+    Wanted wanted[kMostShapes];
+    signed char first[kChains];
+    std::memset(first, -1, sizeof first);
+    for (int i = count - 1; i >= 0; --i) {
+        Wanted& w = wanted[i];
+        w.open = shapes[i].keyword != nullptr;
+        if (!w.open) continue;
+        w.name = shapes[i].keyword;
+        w.size = std::strlen(w.name);
+        w.key = gxzpf::NameKey::Of(w.name, w.size);
+        signed char& chain = first[w.size % kChains];
+        w.next = chain;
+        chain = static_cast<signed char>(i);
     }
     for (const gxzpf::Keyword* k : s->keywords) {
-        const std::uint32_t wanted = key(k->name.data(), k->name.size());
-        for (int i = 0; i < count; ++i) {
-            if (keys[i] != wanted || std::memcmp(k->name.data(), shapes[i].keyword, sizes[i]) != 0)
-                continue;
-            keys[i] = 0xFFFFFFFFu;  // later occurrences are not read
+        for (int i = first[k->name.size() % kChains]; i >= 0; i = wanted[i].next) {
+            Wanted& w = wanted[i];
+            if (!w.open || !k->Named(std::string_view(w.name, w.size), w.key)) continue;
+            w.open = false;  // later occurrences are not read
             const ZpfParamShape& shape = shapes[i];
             const std::size_t n = k->ValueCount();
             bool fits = n >= static_cast<std::size_t>(std::max(shape.minValues, 0)) &&

@@ -11,7 +11,9 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -25,18 +27,47 @@ namespace {
 // megabyte of garbage gives a readable message.
 constexpr std::size_t kShownLength = 40;
 
-bool IsNameChar(char c) {
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_' || c == '-' ||
-           c == '.';
+// Character classes of the reader, one table lookup per character.
+enum CharClass : unsigned char {
+    kNameChar = 1,     // may stand in a bare name: A-Z a-z 0-9 _ - .
+    kPlainInText = 2,  // stands for itself inside a quoted text
+    kEndsBare = 4,     // ends an unquoted value: blank , # " or a control byte
+};
+
+constexpr unsigned char ClassOf(unsigned char u) {
+    const bool name = (u >= 'A' && u <= 'Z') || (u >= 'a' && u <= 'z') || (u >= '0' && u <= '9') ||
+                      u == '_' || u == '-' || u == '.';
+    const bool control = u < 0x20 || u == 0x7F;
+    // Inside a quoted text: neither the closing quote, nor an escape, nor a
+    // control character (tab excepted).
+    const bool plain = u != '"' && u != '\\' && (!control || u == '\t');
+    const bool endsBare = u == ' ' || u == '\t' || u == ',' || u == '#' || u == '"' || control;
+    return static_cast<unsigned char>((name ? kNameChar : 0) | (plain ? kPlainInText : 0) |
+                                      (endsBare ? kEndsBare : 0));
 }
 
-bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+struct CharClasses {
+    unsigned char of[256] = {};
+    constexpr CharClasses() {
+        for (int i = 0; i < 256; ++i) of[i] = ClassOf(static_cast<unsigned char>(i));
+    }
+};
+constexpr CharClasses kClasses;
 
-// A character that stands for itself inside a quoted text: neither the
-// closing quote, nor an escape, nor a control character (tab excepted).
+bool Is(char c, CharClass which) {
+    return (kClasses.of[static_cast<unsigned char>(c)] & which) != 0;
+}
+
+bool IsNameChar(char c) {
+    return Is(c, kNameChar);
+}
+
 bool IsPlainInText(char c) {
-    unsigned char u = static_cast<unsigned char>(c);
-    return c != '"' && c != '\\' && (u >= 0x20 || c == '\t') && u != 0x7F;
+    return Is(c, kPlainInText);
+}
+
+bool IsBlank(char c) {
+    return c == ' ' || c == '\t';
 }
 
 int HexDigit(char c) {
@@ -66,6 +97,50 @@ std::string ShowText(std::string_view text) {
     return "'" + shown + "'";
 }
 
+// The value of a plain decimal ("-45", "6378137", "0.9996"), the form of
+// nearly every number in the catalogues, read without the general number
+// reader; false for any other form, which is left to that reader. A decimal
+// of at most 15 digits is an integer below 2^53 divided by an exact power of
+// ten, so the one correctly rounded division gives the double nearest to the
+// text, the same bits the general reader gives.
+constexpr int kPlainDigits = 15;
+constexpr double kPowersOfTen[kPlainDigits + 1] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                   1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+
+bool ReadPlainDecimal(std::string_view text, double& value) {
+    std::size_t i = 0;
+    const bool negative = !text.empty() && text[0] == '-';
+    if (!text.empty() && (text[0] == '-' || text[0] == '+')) ++i;
+    std::uint64_t mantissa = 0;
+    int digits = 0;
+    int fraction = 0;
+    const std::size_t whole = i;
+    for (; i < text.size() && text[i] >= '0' && text[i] <= '9' && digits <= kPlainDigits;
+         ++i, ++digits)
+        mantissa = 10 * mantissa + static_cast<std::uint64_t>(text[i] - '0');
+    if (i == whole) return false;
+    if (i < text.size() && text[i] == '.') {
+        const std::size_t first = ++i;
+        for (; i < text.size() && text[i] >= '0' && text[i] <= '9' && digits <= kPlainDigits;
+             ++i, ++digits, ++fraction)
+            mantissa = 10 * mantissa + static_cast<std::uint64_t>(text[i] - '0');
+        if (i == first) return false;
+    }
+    if (i != text.size() || digits > kPlainDigits) return false;
+    const double magnitude = static_cast<double>(mantissa) / kPowersOfTen[fraction];
+    value = negative ? -magnitude : magnitude;
+    return true;
+}
+
+// A name or a text as read: a view of the line, or of the reader's scratch
+// when escapes had to be decoded.
+struct Piece {
+    std::string_view text;
+    bool decoded = false;
+
+    File::Take Take() const { return decoded ? File::Take::Copy : File::Take::View; }
+};
+
 // Reads one line at a time into the tree. A problem costs the line it is on,
 // or, inside a section, the whole section: a section with one bad line is not
 // handed out half read. Everything else is still read. The text of every line
@@ -73,7 +148,7 @@ std::string ShowText(std::string_view text) {
 // the end of the file), so the tree can be written again as it was read.
 class LineReader {
 public:
-    explicit LineReader(File& file) : file_(file) {}
+    LineReader(File& file, bool mayHoldNul) : file_(file), mayHoldNul_(mayHoldNul) {}
 
     void ReadLine(std::string_view line, std::size_t lineNo, std::size_t begin, std::size_t end) {
         line_ = line;
@@ -83,7 +158,7 @@ public:
         lineEnd_ = end;
         _SkipBlanks();
         if (_AtEnd()) return;
-        if (line_.find('\0') != std::string_view::npos) {
+        if (mayHoldNul_ && line_.find('\0') != std::string_view::npos) {
             _Fail("NUL byte (not a text file?)");
             return;
         }
@@ -93,21 +168,21 @@ public:
             _ExpectEnd("after '}'");
             return;
         }
-        std::string name;
+        Piece name;
         if (!_ReadName(name)) return;
         _SkipBlanks();
         if (pos_ < line_.size() && line_[pos_] == '{') {
             ++pos_;
-            _Open(std::move(name));
+            _Open(name);
             _ExpectEnd("after '{'");
             return;
         }
         if (pos_ < line_.size() && line_[pos_] == '=') {
             ++pos_;
-            _Keyword(std::move(name));
+            _Keyword(name);
             return;
         }
-        _Fail("expected '{' or '=' after " + ShowText(name));
+        _Fail("expected '{' or '=' after " + ShowText(name.text));
     }
 
     // Called after the last line, with the length of the text: whatever is
@@ -155,8 +230,35 @@ private:
     // End of the meaningful text: the line's end or a comment.
     bool _AtEnd() const { return pos_ >= line_.size() || line_[pos_] == '#'; }
 
+    // The first position from pos on whose byte is not of the class. The
+    // byte after a line (its line end, or the text's terminating NUL) is of
+    // none of the classes scanned for (blanks, name characters, the plain
+    // characters of a quoted text, those of an unquoted value), so the scan
+    // needs no bounds check.
+    template <class InRun>
+    std::size_t _RunEnd(std::size_t pos, InRun inRun) const {
+        const char* const text = line_.data();
+        // Four bytes a round; each is looked at only when those before it
+        // were in the run, so nothing past the byte that ends it is read.
+        for (;; pos += 4) {
+            if (!inRun(text[pos])) return pos;
+            if (!inRun(text[pos + 1])) return pos + 1;
+            if (!inRun(text[pos + 2])) return pos + 2;
+            if (!inRun(text[pos + 3])) return pos + 3;
+        }
+    }
+
     void _SkipBlanks() {
-        while (pos_ < line_.size() && IsBlank(line_[pos_])) ++pos_;
+        if (!IsBlank(line_.data()[pos_])) return;
+        // Indentation and the blanks that align comments are runs of spaces:
+        // eight at a time.
+        constexpr std::uint64_t kEightSpaces = 0x2020202020202020u;
+        std::size_t pos = pos_;
+        for (std::uint64_t word; pos + sizeof word <= line_.size(); pos += sizeof word) {
+            std::memcpy(&word, line_.data() + pos, sizeof word);
+            if (word != kEightSpaces) break;
+        }
+        pos_ = _RunEnd(pos, IsBlank);
     }
 
     void _ExpectEnd(const char* where) {
@@ -164,25 +266,39 @@ private:
         if (!_AtEnd()) _Fail(std::string("unexpected ") + ShowChar(line_[pos_]) + " " + where);
     }
 
-    bool _ReadName(std::string& name) {
+    bool _ReadName(Piece& name) {
         if (line_[pos_] == '"') return _ReadQuoted(name);
         std::size_t start = pos_;
-        while (pos_ < line_.size() && IsNameChar(line_[pos_])) ++pos_;
+        pos_ = _RunEnd(pos_, IsNameChar);
         if (pos_ == start) return _Fail("unexpected " + ShowChar(line_[pos_]));
-        name.assign(line_.data() + start, pos_ - start);
+        name = Piece{line_.substr(start, pos_ - start), false};
         return true;
     }
 
     // A quoted text from the opening quote at pos_; escapes are \" \\ \n \t
     // \r and \xHH. A text ends on its line: a missing closing quote is an
-    // error, not a text running into the following lines.
-    bool _ReadQuoted(std::string& out) {
-        ++pos_;
+    // error, not a text running into the following lines. On an error, text
+    // holds what was decoded up to it.
+    bool _ReadQuoted(Piece& text) {
+        const std::size_t start = ++pos_;
+        // Most texts have no escapes: they are the characters up to the
+        // closing quote, as the line holds them.
+        const std::size_t run = _RunEnd(start, IsPlainInText);
+        if (run < line_.size() && line_[run] == '"') {
+            pos_ = run + 1;
+            text = Piece{line_.substr(start, run - start), false};
+            return true;
+        }
+        const bool read = _DecodeQuoted(scratch_);
+        text = Piece{scratch_, true};
+        return read;
+    }
+
+    bool _DecodeQuoted(std::string& out) {
         out.clear();
         while (pos_ < line_.size()) {
             // Plain characters are taken as one run.
-            std::size_t run = pos_;
-            while (run < line_.size() && IsPlainInText(line_[run])) ++run;
+            const std::size_t run = _RunEnd(pos_, IsPlainInText);
             out.append(line_.data() + pos_, run - pos_);
             pos_ = run;
             if (pos_ >= line_.size()) break;
@@ -216,9 +332,9 @@ private:
         return _Fail("unterminated string");
     }
 
-    void _Open(std::string name) {
+    void _Open(const Piece& name) {
         if (depth_ == 0) {
-            target_ = file_.AddTarget(std::move(name));
+            target_ = file_.AddTarget(name.text, name.Take());
             target_->fromText = true;
             target_->closed = false;
             target_->line = lineNo_;
@@ -231,10 +347,10 @@ private:
             // Most often a forgotten closing brace: the section before ends
             // here, lost, and the new one is read.
             _Fail("section " + ShowText(section_->name) + " cannot hold another block " +
-                  ShowText(name));
+                  ShowText(name.text));
             _EndSection();
         }
-        section_ = file_.NewSection(*target_, std::move(name));
+        section_ = file_.NewSection(*target_, name.text, name.Take());
         section_->line = lineNo_;
         sectionStart_ = lineBegin_;
         damaged_ = false;
@@ -273,13 +389,13 @@ private:
         }
     }
 
-    void _Keyword(std::string name) {
+    void _Keyword(const Piece& name) {
         if (depth_ < 2) {
-            _Fail("keyword " + ShowText(name) +
+            _Fail("keyword " + ShowText(name.text) +
                   (depth_ == 0 ? " outside a block" : " outside a section"));
             return;
         }
-        Keyword& keyword = *file_.AddKeyword(*section_, std::move(name));
+        Keyword& keyword = *file_.AddKeyword(*section_, name.text, name.Take());
         keyword.line = lineNo_;
         _SkipBlanks();
         // "NAME =" with nothing after it is a keyword without values.
@@ -301,26 +417,32 @@ private:
         if (_AtEnd() || line_[pos_] == ',') return _Fail("missing value");
         if (line_[pos_] == '"') {
             value.isText = true;
-            return _ReadQuoted(value.text);
+            Piece text;
+            const bool read = _ReadQuoted(text);
+            if (text.decoded)
+                value.text.Keep(text.text);
+            else
+                value.text.Refer(text.text);
+            return read;
         }
         std::size_t start = pos_;
-        while (pos_ < line_.size()) {
-            char c = line_[pos_];
-            unsigned char u = static_cast<unsigned char>(c);
-            if (IsBlank(c) || c == ',' || c == '#' || c == '"' || u < 0x20 || u == 0x7F) break;
-            ++pos_;
-        }
+        pos_ = _RunEnd(pos_, [](char c) { return !Is(c, kEndsBare); });
         if (pos_ == start) return _Fail("unexpected " + ShowChar(line_[pos_]));
         value.isText = false;
-        value.text.assign(line_.data() + start, pos_ - start);
+        const std::string_view number = line_.substr(start, pos_ - start);
+        value.text.Refer(number);
         // Text values are always quoted; a bare word that is no number is a
         // mistake in the file, not a text.
-        if (!GxParseWholeNumber(value.text, &value.number))
-            return _Fail(ShowText(value.text) + " is not a number (quote text values)");
+        if (!ReadPlainDecimal(number, value.number) &&
+            !GxParseWholeNumber(std::string(number), &value.number))
+            return _Fail(ShowText(number) + " is not a number (quote text values)");
         return true;
     }
 
     File& file_;
+    // Whether a line may hold a NUL byte: false when the whole text holds
+    // none, which spares a search of every line.
+    const bool mayHoldNul_;
     std::string_view line_;
     std::size_t pos_ = 0;
     std::size_t lineNo_ = 0;
@@ -333,6 +455,8 @@ private:
     std::size_t sectionStart_ = 0;
     // Start of the text not yet given to any element.
     std::size_t pendingBegin_ = 0;
+    // Texts with escapes, decoded.
+    std::string scratch_;
     std::string first_;
 };
 
@@ -342,8 +466,8 @@ bool Parse(std::string text, File& file, std::string& message) {
     file.Clear();
     message.clear();
     file.text = std::move(text);
-    LineReader reader(file);
     std::string_view all(file.text);
+    LineReader reader(file, all.find('\0') != std::string_view::npos);
     // Editors on some systems start UTF-8 files with a byte-order mark; it
     // stays in the text written back.
     std::size_t begin = all.substr(0, 3) == "\xEF\xBB\xBF" ? 3 : 0;
@@ -391,7 +515,7 @@ void RemoveSection(Section& section) {
     section.tag = Kind::Dead;
 }
 
-bool IsBareName(const std::string& name) {
+bool IsBareName(std::string_view name) {
     if (name.empty()) return false;
     for (char c : name)
         if (!IsNameChar(c)) return false;

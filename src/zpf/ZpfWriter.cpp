@@ -3,6 +3,7 @@
 #include "zpf/ZpfTree.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace gxzpf {
@@ -10,7 +11,7 @@ namespace {
 
 constexpr const char* kIndent = "    ";
 
-void AppendQuoted(std::string& out, const std::string& text) {
+void AppendQuoted(std::string& out, std::string_view text) {
     static const char* const kHex = "0123456789ABCDEF";
     out += '"';
     for (char c : text) {
@@ -36,7 +37,7 @@ void AppendQuoted(std::string& out, const std::string& text) {
     out += '"';
 }
 
-void AppendName(std::string& out, const std::string& name) {
+void AppendName(std::string& out, std::string_view name) {
     if (IsBareName(name))
         out += name;
     else
@@ -62,7 +63,7 @@ void AppendSection(std::string& out, const Section& section) {
             if (value->isText)
                 AppendQuoted(out, value->text);
             else
-                out += value->text;
+                out += value->text.View();
         }
         out += '\n';
     }
