@@ -5,7 +5,7 @@
 #include "definitions/DmsAngle.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
-#include "projections/ProjectionSupport.h"
+#include "projections/AlgorithmCatalogue.h"
 #include "wkt/PRJParser.h"
 #include "zpf/zpf.h"
 

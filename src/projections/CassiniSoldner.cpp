@@ -11,10 +11,10 @@
 #include <tuple>
 
 #include "definitions/CassiniSoldnerProjection.h"
+#include "foundation/Angles.h"
 #include "foundation/Ellipsoid.h"
-#include "foundation/Tolerance.h"
-#include "projections/MeridianArc.h"
-#include "projections/ProjWrapperTransfer.h"
+#include "projections/AlgorithmCatalogue.h"
+#include "projections/math/MeridianArc.h"
 
 // ---------------------------------------------------------------- ellipsoid
 
@@ -93,5 +93,6 @@ CGxCassiniSoldner::CGxCassiniSoldner(const CGxCassiniSoldnerProjection* definiti
                                  d.GetFalseNorthing());
       }) {}
 
+template class CGxAlgorithmOf<CGxCassiniSoldner, CGxCassiniSoldnerProjection, CGxProjWrapper>;
 template class CGxProjWrapperOf<CGxCassiniSoldner, CGxCassiniSoldnerEllipsoid,
                                 CGxCassiniSoldnerSphere, CGxCassiniSoldnerProjection>;

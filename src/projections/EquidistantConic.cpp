@@ -13,13 +13,13 @@
 #include <tuple>
 
 #include "definitions/EquidistantConicProjection.h"
+#include "foundation/Angles.h"
 #include "foundation/Ellipsoid.h"
-#include "foundation/Tolerance.h"
-#include "projections/ConeApexOffsets.h"
-#include "projections/ConeLongitude.h"
-#include "projections/MeridianArc.h"
-#include "projections/ParallelRadius.h"
-#include "projections/ProjWrapperTransfer.h"
+#include "projections/AlgorithmCatalogue.h"
+#include "projections/math/ConeApexOffsets.h"
+#include "projections/math/ConeLongitude.h"
+#include "projections/math/MeridianArc.h"
+#include "projections/math/ParallelRadius.h"
 
 namespace {
 
@@ -119,5 +119,6 @@ CGxEquidistantConic::CGxEquidistantConic(const CGxEquidistantConicProjection* de
                                  d.GetOriginLatitude(), d.GetFalseEasting(), d.GetFalseNorthing());
       }) {}
 
+template class CGxAlgorithmOf<CGxEquidistantConic, CGxEquidistantConicProjection, CGxProjWrapper>;
 template class CGxProjWrapperOf<CGxEquidistantConic, CGxEquidistantConicEllipsoid,
                                 CGxEquidistantConicSphere, CGxEquidistantConicProjection>;

@@ -10,7 +10,7 @@
 #include "foundation/NumberText.h"
 #include "foundation/Projection.h"
 #include "foundation/Tolerance.h"
-#include "projections/ProjectionSupport.h"
+#include "projections/ProjectionName.h"
 #include "wkt/WktTokenizer.h"
 
 namespace {
