@@ -3,7 +3,7 @@
 // Southern cones (both parallels south, n < 0) keep positive radii in the
 // inverse by turning both coordinate differences round. The ellipsoidal
 // inverse reaches the latitude from q exactly (series start and a Newton step,
-// AuthalicLatitude.h); radii within rounding of the pole's give the pole.
+// math/AuthalicLatitude.h); radii within rounding of the pole's give the pole.
 
 #include "projections/AlbersEqualArea.h"
 

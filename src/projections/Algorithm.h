@@ -31,8 +31,9 @@ class CGxPRJParser;
 //                                   TDefinition
 //
 // A type declares `class CGxKrovak : public CGxAlgorithmOf<CGxKrovak,
-// CGxKrovakProjection>`, makes the layers its friends (`friend
-// CGxLocalGridOf<CGxKrovak>;`) and writes _Forward and _Inverse. Projections
+// CGxKrovakProjection>`, makes the local-grid layer its friend (`friend
+// CGxLocalGridOf<CGxKrovak>;`), writes _Forward and _Inverse, and instantiates
+// both layers in its source file, after including AlgorithmCatalogue.h. Projections
 // that share their formulas put a base between the layers (the oblique
 // Mercator family: CGxAlgorithmOf<CGxObliqueMercator, ...,
 // CGxObliqueMercatorBase>, whose base is CGxLocalGridOf<CGxObliqueMercatorBase>).

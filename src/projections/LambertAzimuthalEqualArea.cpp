@@ -9,7 +9,7 @@
 // spherical one divides 0 by 0 and returns a NaN latitude.
 //
 // The ellipsoidal inverse returns from the authalic latitude exactly (series
-// start and a Newton step, AuthalicLatitude.h). Near a pole the cosine of the
+// start and a Newton step, math/AuthalicLatitude.h). Near a pole the cosine of the
 // authalic latitude, the radius of the polar aspects and the centre's scale
 // D are taken from the distance of q to its polar value, so that an oblique
 // centre next to a pole and points next to it keep full precision.

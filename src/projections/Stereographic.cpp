@@ -3,7 +3,7 @@
 // Gauss sphere of radius R = sqrt(rho0 nu0) (latitude chi, longitude scaled by
 // n), and that sphere is projected stereographically from the antipode of the
 // origin. An origin at a pole selects the polar aspect (methods 9810/9829 with
-// the given scale at the pole), see PolarStereographicMath.h.
+// the given scale at the pole), see math/PolarStereographicMath.h.
 
 #include "projections/Stereographic.h"
 
