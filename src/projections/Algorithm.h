@@ -32,11 +32,12 @@ class CGxPRJParser;
 //
 // A type declares `class CGxKrovak : public CGxAlgorithmOf<CGxKrovak,
 // CGxKrovakProjection>`, makes the local-grid layer its friend (`friend
-// CGxLocalGridOf<CGxKrovak>;`), writes _Forward and _Inverse, and instantiates
-// both layers in its source file, after including AlgorithmCatalogue.h. Projections
-// that share their formulas put a base between the layers (the oblique
-// Mercator family: CGxAlgorithmOf<CGxObliqueMercator, ...,
-// CGxObliqueMercatorBase>, whose base is CGxLocalGridOf<CGxObliqueMercatorBase>).
+// CGxLocalGridOf<CGxKrovak>;`), writes _Forward and _Inverse, and
+// instantiates both layers in its source file, after including
+// AlgorithmCatalogue.h. Projections that share their formulas put a base
+// between the layers (the oblique Mercator family:
+// CGxAlgorithmOf<CGxObliqueMercator, ..., CGxObliqueMercatorBase>, whose base
+// is CGxLocalGridOf<CGxObliqueMercatorBase>).
 //
 // The members that reach the catalogues and definitions (GetEllipsoid, the
 // constructor from a definition, the transfer) are defined in
