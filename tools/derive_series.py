@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Derives the series coefficients of the geodesic integrals
 (src/datum/VincentySeries.h) and of the meridian arc and its inverse
-(src/projections/MeridianArc.h), and prints them.
+(src/projections/math/MeridianArc.h), and prints them.
 
 A developer tool: needs SymPy (python3-sympy), which the library does not.
 

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "projections/ClenshawSeries.h"
+#include "projections/math/ClenshawSeries.h"
 
 // The three integrals of a geodesic on the auxiliary sphere, as Fourier series
 // in the arc sigma measured from the geodesic's northward equator crossing:

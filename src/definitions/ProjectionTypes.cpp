@@ -45,7 +45,7 @@
 #include "projections/NewZealandMapGrid.h"
 #include "projections/ObliqueMercator.h"
 #include "projections/PolarStereographic.h"
-#include "projections/ProjectionSupport.h"
+#include "projections/AlgorithmCatalogue.h"
 #include "projections/RectifiedSkewOrthomorphic.h"
 #include "projections/RotatedLongitudeLatitude.h"
 #include "projections/Stereographic.h"

@@ -3,15 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
+#include "foundation/Angles.h"
 #include "foundation/GxExport.h"
 
-// Numbers shared by the whole library: pi as the library writes it, the
-// degree/radian factors, the marker of an absent number and the nearness
-// test used wherever two doubles are compared for sameness.
-
-constexpr double kGxPi = 3.141592653589793;
-constexpr double kGxDegToRad = kGxPi / 180.0;
-constexpr double kGxRadToDeg = 180.0 / kGxPi;
+// Numbers shared by the whole library: the marker of an absent number and the
+// nearness test used wherever two doubles are compared for sameness. (The
+// angle constants live in Angles.h; they are included here for the code that
+// has always found them through this header.)
 
 // An absent number (unset unit, missing WKT value). A value is absent exactly
 // when it compares equal to this marker.
@@ -27,4 +25,6 @@ inline bool GxIsNear(double u, double v) {
     return std::fabs(u - v) / std::max(std::fabs(u), std::fabs(v)) <= kGxRelativeTolerance;
 }
 
-inline bool GxIsUnset(double v) { return v == kGxUnset; }
+inline bool GxIsUnset(double v) {
+    return v == kGxUnset;
+}

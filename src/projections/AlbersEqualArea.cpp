@@ -3,7 +3,7 @@
 // Southern cones (both parallels south, n < 0) keep positive radii in the
 // inverse by turning both coordinate differences round. The ellipsoidal
 // inverse reaches the latitude from q exactly (series start and a Newton step,
-// AuthalicLatitude.h); radii within rounding of the pole's give the pole.
+// math/AuthalicLatitude.h); radii within rounding of the pole's give the pole.
 
 #include "projections/AlbersEqualArea.h"
 
@@ -12,14 +12,14 @@
 #include <tuple>
 
 #include "definitions/AlbersEqualAreaProjection.h"
+#include "foundation/Angles.h"
 #include "foundation/Ellipsoid.h"
-#include "foundation/Tolerance.h"
-#include "projections/AuthalicLatitude.h"
-#include "projections/ConeApexOffsets.h"
-#include "projections/ConeLongitude.h"
+#include "projections/AlgorithmCatalogue.h"
 #include "projections/FourierCoefficients.h"
-#include "projections/ParallelRadius.h"
-#include "projections/ProjWrapperTransfer.h"
+#include "projections/math/AuthalicLatitude.h"
+#include "projections/math/ConeApexOffsets.h"
+#include "projections/math/ConeLongitude.h"
+#include "projections/math/ParallelRadius.h"
 
 namespace {
 
@@ -140,5 +140,6 @@ CGxAlbersEqualArea::CGxAlbersEqualArea(const CGxAlbersEqualAreaProjection* defin
                                  d.GetOriginLatitude(), d.GetFalseEasting(), d.GetFalseNorthing());
       }) {}
 
+template class CGxAlgorithmOf<CGxAlbersEqualArea, CGxAlbersEqualAreaProjection, CGxProjWrapper>;
 template class CGxProjWrapperOf<CGxAlbersEqualArea, CGxAlbersEqualAreaEllipsoid,
                                 CGxAlbersEqualAreaSphere, CGxAlbersEqualAreaProjection>;

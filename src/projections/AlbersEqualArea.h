@@ -19,7 +19,7 @@ class CGxAlbersEqualAreaProjection;
 // the pole (latitude +-90). Equal standard parallels make the cone constant
 // 0/0 and every result NaN: the tangent cone needs the spherical form or two
 // distinct parallels. Both forms take the longitude difference from the
-// central meridian the shorter way round (ConeLongitude.h).
+// central meridian the shorter way round (math/ConeLongitude.h).
 class GXCART_API CGxAlbersEqualAreaEllipsoid : public CGxInnerFormOf<CGxAlbersEqualAreaEllipsoid> {
 public:
     CGxAlbersEqualAreaEllipsoid(double parallel1, double parallel2, double centralMeridian,

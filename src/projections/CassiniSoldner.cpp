@@ -2,7 +2,7 @@
 // Projections: A Working Manual (USGS Professional Paper 1395), chapter 13.
 // Northings measure the meridian arc from the origin latitude; the inverse
 // starts from the footpoint latitude of that arc. Arc and footpoint are the
-// series in the third flattening to sixth order (MeridianArc.h); the series
+// series in the third flattening to sixth order (math/MeridianArc.h); the series
 // in the longitude difference are Snyder's.
 
 #include "projections/CassiniSoldner.h"
@@ -11,10 +11,10 @@
 #include <tuple>
 
 #include "definitions/CassiniSoldnerProjection.h"
+#include "foundation/Angles.h"
 #include "foundation/Ellipsoid.h"
-#include "foundation/Tolerance.h"
-#include "projections/MeridianArc.h"
-#include "projections/ProjWrapperTransfer.h"
+#include "projections/AlgorithmCatalogue.h"
+#include "projections/math/MeridianArc.h"
 
 // ---------------------------------------------------------------- ellipsoid
 
@@ -93,5 +93,6 @@ CGxCassiniSoldner::CGxCassiniSoldner(const CGxCassiniSoldnerProjection* definiti
                                  d.GetFalseNorthing());
       }) {}
 
+template class CGxAlgorithmOf<CGxCassiniSoldner, CGxCassiniSoldnerProjection, CGxProjWrapper>;
 template class CGxProjWrapperOf<CGxCassiniSoldner, CGxCassiniSoldnerEllipsoid,
                                 CGxCassiniSoldnerSphere, CGxCassiniSoldnerProjection>;

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "foundation/GxExport.h"
-#include "projections/MeridianArc.h"
 #include "projections/ProjInterface.h"
+#include "projections/math/MeridianArc.h"
 
 class CGxEllipsoid;
 class CGxCassiniSoldnerProjection;

@@ -2,10 +2,10 @@
 // Projections: A Working Manual (USGS Professional Paper 1395), chapter 16.
 // The radius of a parallel falls by the meridian arc, so northing differences
 // along the central meridian are true lengths; the arc and its inverse are the
-// series in the third flattening to sixth order (MeridianArc.h), exact to well
+// series in the third flattening to sixth order (math/MeridianArc.h), exact to well
 // below a nanometre. Southern cones (n < 0) keep positive radii in the inverse
 // by turning both coordinate differences round. Longitudes are taken the
-// shorter way round from the central meridian (ConeLongitude.h).
+// shorter way round from the central meridian (math/ConeLongitude.h).
 
 #include "projections/EquidistantConic.h"
 
@@ -13,13 +13,13 @@
 #include <tuple>
 
 #include "definitions/EquidistantConicProjection.h"
+#include "foundation/Angles.h"
 #include "foundation/Ellipsoid.h"
-#include "foundation/Tolerance.h"
-#include "projections/ConeApexOffsets.h"
-#include "projections/ConeLongitude.h"
-#include "projections/MeridianArc.h"
-#include "projections/ParallelRadius.h"
-#include "projections/ProjWrapperTransfer.h"
+#include "projections/AlgorithmCatalogue.h"
+#include "projections/math/ConeApexOffsets.h"
+#include "projections/math/ConeLongitude.h"
+#include "projections/math/MeridianArc.h"
+#include "projections/math/ParallelRadius.h"
 
 namespace {
 
@@ -119,5 +119,6 @@ CGxEquidistantConic::CGxEquidistantConic(const CGxEquidistantConicProjection* de
                                  d.GetOriginLatitude(), d.GetFalseEasting(), d.GetFalseNorthing());
       }) {}
 
+template class CGxAlgorithmOf<CGxEquidistantConic, CGxEquidistantConicProjection, CGxProjWrapper>;
 template class CGxProjWrapperOf<CGxEquidistantConic, CGxEquidistantConicEllipsoid,
                                 CGxEquidistantConicSphere, CGxEquidistantConicProjection>;

@@ -1,16 +1,17 @@
 #pragma once
 
-#include "projections/ObliqueMercatorMath.h"
+#include "projections/ObliqueMercatorBase.h"
 
 class CGxEllipsoid;
-class CGxPRJParser;
 class CGxHotineObliqueMercatorProjection;
 
 // Hotine oblique Mercator with its grid origin at the natural origin, where
 // the central line crosses the aposphere's equator, and the grid rectified by
 // the azimuth of the central line (EPSG variant A with gamma = alpha). The
 // Alaska state-plane zone 1 is of this kind.
-class GXCART_API CGxHotineObliqueMercator : public CGxObliqueMercatorBase {
+class GXCART_API CGxHotineObliqueMercator
+    : public CGxAlgorithmOf<CGxHotineObliqueMercator, CGxHotineObliqueMercatorProjection,
+                            CGxObliqueMercatorBase> {
 public:
     // scale on the central line; centre longitude and latitude and the
     // central line's azimuth at the centre in degrees; false easting and
@@ -23,13 +24,4 @@ public:
     // unknown identifier the grid keeps only the name and its numbers stay
     // NaN.
     explicit CGxHotineObliqueMercator(const CGxHotineObliqueMercatorProjection* definition);
-
-    CGxProjection* Clone() const override;
-    void TransferParameters(CGxPRJParser& parser) const override;
-
-    // The catalogue figure of the coordinate system this grid is named
-    // after; false when the catalogue knows none.
-    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
-    // The catalogue definition of that name when it is of this type.
-    bool GetMapProjection(CGxHotineObliqueMercatorProjection& definition) const;
 };

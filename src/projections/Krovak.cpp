@@ -3,15 +3,15 @@
 #include <cmath>
 
 #include "definitions/KrovakProjection.h"
+#include "foundation/Angles.h"
+#include "foundation/DefaultArea.h"
 #include "foundation/Ellipsoid.h"
-#include "foundation/Tolerance.h"
-#include "projections/AlgorithmTransfer.h"
-#include "projections/ConformalLatitude.h"
+#include "projections/AlgorithmCatalogue.h"
 #include "projections/FourierCoefficients.h"
+#include "projections/math/ConformalLatitude.h"
 
 namespace {
 
-constexpr double kQuarterPi = 0.7853981633974483;
 // Half the side of the default square, ellipsoid units.
 constexpr double kDefaultAreaHalfSide = 500000.0;
 
@@ -21,12 +21,12 @@ CGxKrovak::CGxKrovak(const char* name_, double scaleAtPseudoParallel, double pse
                      double centreLongitude, double centreLatitude, double azimuth,
                      double xyPlaneRotation, double xScale_, double yScale_, double falseEasting_,
                      double falseNorthing_, const CGxEllipsoid& ellipsoid)
-    : name(name_) {
+    : CGxAlgorithmOf(name_) {
     _Setup(scaleAtPseudoParallel, pseudoParallel, centreLongitude, centreLatitude, azimuth,
            xyPlaneRotation, xScale_, yScale_, falseEasting_, falseNorthing_, ellipsoid);
 }
 
-CGxKrovak::CGxKrovak(const CGxKrovakProjection* def) : name(GxDefinitionName(def).c_str()) {
+CGxKrovak::CGxKrovak(const CGxKrovakProjection* def) : CGxAlgorithmOf(def) {
     // Without a known ellipsoid the grid has no figure: every point converts
     // to NaN.
     if (const CGxEllipsoid* ellipsoid = GxDefinitionEllipsoid(def)) {
@@ -41,8 +41,7 @@ void CGxKrovak::_Setup(double scaleAtPseudoParallel, double pseudoParallel, doub
                        double centreLatitude, double azimuth, double xyPlaneRotation,
                        double xScale_, double yScale_, double falseEasting_, double falseNorthing_,
                        const CGxEllipsoid& ellipsoid) {
-    a = ellipsoid.GetMajor();
-    f = ellipsoid.GetFlatness();
+    _SetFigure(ellipsoid);
     e = ellipsoid.GetEccentricity();
     e2 = e * e;
     GxComputeFourierCoefficients(EGxSeries::eConformalLatitude, false, e2, conformal);
@@ -65,31 +64,22 @@ void CGxKrovak::_Setup(double scaleAtPseudoParallel, double pseudoParallel, doub
     gamma0 = std::asin(s / B);
     // The Gaussian sphere maps latitude phi to U with
     // tan(pi/4 + U/2) = t0 / t(phi)^B; t0 sends the centre latitude to gamma0.
-    t0 = std::tan(kQuarterPi + gamma0 / 2) * std::pow((1 + es) / (1 - es), e * B / 2) /
-         std::pow(std::tan(kQuarterPi + latC / 2), B);
+    t0 = std::tan(kGxQuarterPi + gamma0 / 2) * std::pow((1 + es) / (1 - es), e * B / 2) /
+         std::pow(std::tan(kGxQuarterPi + latC / 2), B);
     n = std::sin(latP);
     r0 = kp * A / std::tan(latP);
     cosRot = std::cos(rotation);
     sinRot = std::sin(rotation);
     cosAlpha = std::cos(alphaC);
     sinAlpha = std::sin(alphaC);
-    tanHalfP = std::tan(kQuarterPi + latP / 2);
+    tanHalfP = std::tan(kGxQuarterPi + latP / 2);
 }
 
-const char* CGxKrovak::GetName() const {
-    return name.name;
-}
-
-void CGxKrovak::Geo2Proj(double lon, double lat, double* x, double* y) const {
-    if (name.isLocal) {
-        *x = lon;
-        *y = lat;
-        return;
-    }
+void CGxKrovak::_Forward(double lon, double lat, double* x, double* y) const {
     // Latitude U and longitude V on the Gaussian sphere; t0 / t^B is
     // tan(pi/4 + U/2) written with the conformal term t(phi) = exp(-psi).
     const double t = GxConformalT(lat * kGxDegToRad, e);
-    const double U = 2 * (std::atan(t0 / std::pow(t, B)) - kQuarterPi);
+    const double U = 2 * (std::atan(t0 / std::pow(t, B)) - kGxQuarterPi);
     const double V = B * (lon0 - lon * kGxDegToRad);
     const double sinU = std::sin(U), cosU = std::cos(U);
     const double cosV = std::cos(V), sinV = std::sin(V);
@@ -98,19 +88,14 @@ void CGxKrovak::Geo2Proj(double lon, double lat, double* x, double* y) const {
     const double sinT = std::sin(T), cosT = std::cos(T);
     const double D = std::atan2(cosU * sinV / cosT, (cosAlpha * sinT - sinU) / (sinAlpha * cosT));
     const double theta = n * D;
-    const double r = r0 * std::pow(tanHalfP / std::tan(kQuarterPi + T / 2), n);
+    const double r = r0 * std::pow(tanHalfP / std::tan(kGxQuarterPi + T / 2), n);
     const double xp = r * std::cos(theta) * xScale;
     const double yp = r * std::sin(theta) * yScale;
     *x = xp * cosRot - yp * sinRot + falseEasting;
     *y = yp * cosRot + xp * sinRot + falseNorthing;
 }
 
-void CGxKrovak::Proj2Geo(double x, double y, double* lon, double* lat) const {
-    if (name.isLocal) {
-        *lon = x;
-        *lat = y;
-        return;
-    }
+void CGxKrovak::_Inverse(double x, double y, double* lon, double* lat) const {
     const double dx = x - falseEasting;
     const double dy = y - falseNorthing;
     // Each plane coordinate is rounded through its false origin, so that it
@@ -119,14 +104,14 @@ void CGxKrovak::Proj2Geo(double x, double y, double* lon, double* lat) const {
     const double xp = ((cosRot * dx + sinRot * dy) / xScale + falseEasting) - falseEasting;
     const double D = std::atan2(yp, xp) / n;
     const double r = std::sqrt(xp * xp + yp * yp);
-    const double T = 2 * (std::atan(tanHalfP * std::pow(r0 / r, 1 / n)) - kQuarterPi);
+    const double T = 2 * (std::atan(tanHalfP * std::pow(r0 / r, 1 / n)) - kGxQuarterPi);
     const double sinT = std::sin(T), cosT = std::cos(T);
     const double U = std::asin(cosAlpha * sinT - sinAlpha * cosT * std::cos(D));
     const double V = std::asin(cosT * std::sin(D) / std::cos(U));
     *lon = (lon0 - V / B) * kGxRadToDeg;
     // Back from the Gaussian sphere to t(phi) of the ellipsoid, then the
     // latitude by the usual fixed-point iteration.
-    const double t = std::pow(t0 / std::tan(kQuarterPi + U / 2), 1 / B);
+    const double t = std::pow(t0 / std::tan(kGxQuarterPi + U / 2), 1 / B);
     *lat = GxLatitudeFromT(t, e, conformal) * kGxRadToDeg;
 }
 
@@ -135,39 +120,9 @@ void CGxKrovak::GetOrigin(double* lon, double* lat) const {
     *lat = latC * kGxRadToDeg;
 }
 
-double CGxKrovak::GetConvergence(double lon, double lat) const {
-    if (name.isLocal) return 0.0;
-    return GxNumericalConvergence(*this, lon, lat);
-}
-
 void CGxKrovak::GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const {
-    double lon, lat, x, y;
-    GetOrigin(&lon, &lat);
-    Geo2Proj(lon, lat, &x, &y);
-    *x0 = *y0 = x - kDefaultAreaHalfSide;
-    *x1 = *y1 = x + kDefaultAreaHalfSide;
+    GxSquareAroundOrigin(*this, kDefaultAreaHalfSide, x0, y0, x1, y1);
 }
 
-bool CGxKrovak::IsLocal() const {
-    return name.isLocal;
-}
-
-bool CGxKrovak::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
-    return GxAnonymousEllipsoid(a, f, out);
-}
-
-CGxProjection* CGxKrovak::Clone() const {
-    return new CGxKrovak(*this);
-}
-
-void CGxKrovak::TransferParameters(CGxPRJParser& parser) const {
-    GxTransferAlgorithm(*this, &CGxKrovak::GetMapProjection, parser);
-}
-
-bool CGxKrovak::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
-    return GxCatalogueFigureOf(GetName(), ellipsoid);
-}
-
-bool CGxKrovak::GetMapProjection(CGxKrovakProjection& definition) const {
-    return GxCatalogueDefinitionOf(GetName(), definition);
-}
+template class CGxLocalGridOf<CGxKrovak>;
+template class CGxAlgorithmOf<CGxKrovak, CGxKrovakProjection>;

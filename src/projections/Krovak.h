@@ -1,11 +1,9 @@
 #pragma once
 
-#include "foundation/Projection.h"
-#include "projections/FromDefinition.h"
-#include "projections/ProjectionSupport.h"
+#include "foundation/GxExport.h"
+#include "projections/Algorithm.h"
 
 class CGxEllipsoid;
-class CGxPRJParser;
 class CGxKrovakProjection;
 
 // Krovak's oblique conformal conic: the ellipsoid goes conformally onto the
@@ -19,7 +17,7 @@ class CGxKrovakProjection;
 // Yp = r sin(theta). Two axis scales and a plane rotation give any other
 // orientation: scales (1, 1) and rotation 0 keep southing/westing; scales
 // (-1, 1) with a rotation of 90 degrees give easting/northing.
-class GXCART_API CGxKrovak : public CGxProjection {
+class GXCART_API CGxKrovak : public CGxAlgorithmOf<CGxKrovak, CGxKrovakProjection> {
 public:
     // Angles in degrees; xScale and yScale are plain factors on Xp and Yp;
     // false easting and northing in the ellipsoid unit, added after the
@@ -34,28 +32,18 @@ public:
     // NaN.
     explicit CGxKrovak(const CGxKrovakProjection* definition);
 
-    const char* GetName() const override;
-    void Geo2Proj(double lon, double lat, double* x, double* y) const override;
-    void Proj2Geo(double x, double y, double* lon, double* lat) const override;
     // Origin longitude and centre latitude, degrees.
     void GetOrigin(double* lon, double* lat) const override;
-    // Numerical, from a one-arc-minute step north.
-    double GetConvergence(double lon, double lat) const override;
     // A square of 1000 km around the projected origin; both axes are centred
     // on the origin's first coordinate.
     void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
-    bool IsLocal() const override;
-    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
-    CGxProjection* Clone() const override;
-    void TransferParameters(CGxPRJParser& parser) const override;
-
-    // The catalogue figure of the coordinate system this grid is named
-    // after; false when the catalogue knows none.
-    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
-    // The catalogue definition of that name when it is of this type.
-    bool GetMapProjection(CGxKrovakProjection& definition) const;
 
 private:
+    // The convergence is the numerical one, from a one-arc-minute step north.
+    friend CGxLocalGridOf<CGxKrovak>;
+    void _Forward(double lon, double lat, double* x, double* y) const;
+    void _Inverse(double x, double y, double* lon, double* lat) const;
+
     // Takes the parameters (as for the constructor by numbers) and computes
     // every coefficient; called once, while the object is being built.
     void _Setup(double scaleAtPseudoParallel, double pseudoParallel, double centreLongitude,
@@ -63,8 +51,7 @@ private:
                 double yScale, double falseEasting, double falseNorthing,
                 const CGxEllipsoid& ellipsoid);
 
-    GxProjectionName name;
-    double a = kGxNoFigure, f = kGxNoFigure, e = kGxNoFigure, e2 = kGxNoFigure;
+    double e = kGxNoFigure, e2 = kGxNoFigure;
     double kp = kGxNoFigure;      // scale on the pseudo standard parallel
     double latP = kGxNoFigure;    // pseudo standard parallel, radians
     double latC = kGxNoFigure;    // centre latitude, radians

@@ -9,22 +9,23 @@
 #include <cmath>
 
 #include "definitions/Lambert2SPProjection.h"
+#include "foundation/Angles.h"
+#include "foundation/DefaultArea.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
-#include "projections/AlgorithmTransfer.h"
-#include "projections/ConformalLatitude.h"
-#include "projections/ParallelRadius.h"
+#include "projections/AlgorithmCatalogue.h"
+#include "projections/math/ConformalLatitude.h"
+#include "projections/math/ParallelRadius.h"
 
 CGxLambert2SP::CGxLambert2SP(const char* name_, double parallel1, double parallel2,
                              double originLongitude, double originLatitude, double falseEasting,
                              double falseNorthing, const CGxEllipsoid& ellipsoid)
-    : name(name_) {
+    : CGxAlgorithmOf(name_) {
     _Setup(parallel1, parallel2, originLongitude, originLatitude, falseEasting, falseNorthing,
            ellipsoid);
 }
 
-CGxLambert2SP::CGxLambert2SP(const CGxLambert2SPProjection* def)
-    : name(GxDefinitionName(def).c_str()) {
+CGxLambert2SP::CGxLambert2SP(const CGxLambert2SPProjection* def) : CGxAlgorithmOf(def) {
     // Without a known ellipsoid the grid has no figure: every point converts
     // to NaN.
     if (const CGxEllipsoid* ellipsoid = GxDefinitionEllipsoid(def)) {
@@ -37,8 +38,7 @@ CGxLambert2SP::CGxLambert2SP(const CGxLambert2SPProjection* def)
 void CGxLambert2SP::_Setup(double parallel1, double parallel2, double originLongitude,
                            double originLatitude, double falseEasting, double falseNorthing,
                            const CGxEllipsoid& ellipsoid) {
-    a = ellipsoid.GetMajor();
-    f = ellipsoid.GetFlatness();
+    _SetFigure(ellipsoid);
     lat1 = parallel1 * kGxPi / 180.0;
     lat2 = parallel2 * kGxPi / 180.0;
     latF = originLatitude * kGxPi / 180.0;
@@ -54,35 +54,12 @@ void CGxLambert2SP::_Setup(double parallel1, double parallel2, double originLong
     cone.Set(e, n, a * F, originLongitude * kGxPi / 180.0, latF, falseEasting, falseNorthing);
 }
 
-const char* CGxLambert2SP::GetName() const {
-    return name.name;
-}
-
-void CGxLambert2SP::Geo2Proj(double lon, double lat, double* x, double* y) const {
-    if (name.isLocal) {
-        *x = lon;
-        *y = lat;
-        return;
-    }
-    cone.Forward(lon, lat, x, y);
-}
-
-void CGxLambert2SP::Proj2Geo(double x, double y, double* lon, double* lat) const {
-    if (name.isLocal) {
-        *lon = x;
-        *lat = y;
-        return;
-    }
-    cone.Inverse(x, y, lon, lat);
-}
-
 void CGxLambert2SP::GetOrigin(double* lon, double* lat) const {
     *lon = cone.lon0 * 180.0 / kGxPi;
     *lat = latF * 180.0 / kGxPi;
 }
 
-double CGxLambert2SP::GetConvergence(double lon, double) const {
-    if (name.isLocal) return 0.0;
+double CGxLambert2SP::_Convergence(double lon, double) const {
     return (lon - cone.lon0 * 180.0 / kGxPi) * cone.n;
 }
 
@@ -93,29 +70,8 @@ void CGxLambert2SP::GetDefaultArea(double* x0, double* y0, double* x1, double* y
     // would show almost nothing of the cone; centre the box on the band
     // between the standard parallels instead.
     if (GxIsNear(lat, 90.0) || GxIsNear(lat, -90.0)) lat = (lat1 + lat2) * 0.5 * 180.0 / kGxPi;
-    GxDefaultAreaAround(*this, lon, lat, 3.0, x0, y0, x1, y1);
+    GxDefaultAreaAround(*this, lon, lat, kGxDefaultAreaHalfSide, x0, y0, x1, y1);
 }
 
-bool CGxLambert2SP::IsLocal() const {
-    return name.isLocal;
-}
-
-bool CGxLambert2SP::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
-    return GxAnonymousEllipsoid(a, f, out);
-}
-
-CGxProjection* CGxLambert2SP::Clone() const {
-    return new CGxLambert2SP(*this);
-}
-
-void CGxLambert2SP::TransferParameters(CGxPRJParser& parser) const {
-    GxTransferAlgorithm(*this, &CGxLambert2SP::GetMapProjection, parser);
-}
-
-bool CGxLambert2SP::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
-    return GxCatalogueFigureOf(GetName(), ellipsoid);
-}
-
-bool CGxLambert2SP::GetMapProjection(CGxLambert2SPProjection& definition) const {
-    return GxCatalogueDefinitionOf(GetName(), definition);
-}
+template class CGxLocalGridOf<CGxLambert2SP>;
+template class CGxAlgorithmOf<CGxLambert2SP, CGxLambert2SPProjection>;

@@ -9,7 +9,7 @@
 // spherical one divides 0 by 0 and returns a NaN latitude.
 //
 // The ellipsoidal inverse returns from the authalic latitude exactly (series
-// start and a Newton step, AuthalicLatitude.h). Near a pole the cosine of the
+// start and a Newton step, math/AuthalicLatitude.h). Near a pole the cosine of the
 // authalic latitude, the radius of the polar aspects and the centre's scale
 // D are taken from the distance of q to its polar value, so that an oblique
 // centre next to a pole and points next to it keep full precision.
@@ -20,21 +20,20 @@
 #include <tuple>
 
 #include "definitions/LambertAzimuthalEqualAreaProjection.h"
+#include "foundation/Angles.h"
+#include "foundation/DefaultArea.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
-#include "projections/AuthalicLatitude.h"
+#include "projections/AlgorithmCatalogue.h"
 #include "projections/FourierCoefficients.h"
-#include "projections/ParallelRadius.h"
-#include "projections/ProjWrapperTransfer.h"
+#include "projections/math/AuthalicLatitude.h"
+#include "projections/math/ParallelRadius.h"
 
 namespace {
 
 constexpr int kOblique = 1;
 constexpr int kNorthPolar = 2;
 constexpr int kSouthPolar = 3;
-constexpr double kObliqueHalfWidth = 3.0;     // degrees
-constexpr double kPolarHalfWidth = 200000.0;  // metres
-constexpr double kQuarterPi = 0.7853981633974483;
 // Beyond this |sin(beta)| (beta above 81.9 degrees) cos(beta) is taken from
 // the distance of q to its polar value: sqrt(1 - sin^2) would lose digits in
 // proportion to 1/cos^2(beta), metres at a centre 1e-3 degrees from a pole.
@@ -62,12 +61,9 @@ int AspectOf(double originLatitude) {
 void AzimuthalDefaultArea(const CGxProjInterface& p, int aspect, double lon0, double lat0,
                           double* x0, double* y0, double* x1, double* y1) {
     if (aspect == kOblique) {
-        GxInnerDefaultArea(p, lon0, lat0, kObliqueHalfWidth, x0, y0, x1, y1);
+        GxDefaultAreaAround(p, lon0, lat0, kGxDefaultAreaHalfSide, x0, y0, x1, y1);
     } else if (aspect == kNorthPolar || aspect == kSouthPolar) {
-        double x, y;
-        p.Geo2Proj(lon0, lat0, &x, &y);
-        *x0 = *y0 = x - kPolarHalfWidth;
-        *x1 = *y1 = x + kPolarHalfWidth;
+        GxSquareAroundEasting(p, lon0, lat0, kGxPolarAreaHalfSide, x0, y0, x1, y1);
     }
 }
 
@@ -223,13 +219,13 @@ void CGxLambertAzimuthalEqualAreaSphere::Geo2Proj(double lon, double lat, double
             break;
         }
         case kNorthPolar: {
-            const double rho = 2 * a * std::sin(kQuarterPi - phi / 2);
+            const double rho = 2 * a * std::sin(kGxQuarterPi - phi / 2);
             *x = falseEasting + rho * sinDlon;
             *y = falseNorthing - rho * cosDlon;
             break;
         }
         case kSouthPolar: {
-            const double rho = 2 * a * std::cos(kQuarterPi - phi / 2);
+            const double rho = 2 * a * std::cos(kGxQuarterPi - phi / 2);
             *x = falseEasting + rho * sinDlon;
             *y = falseNorthing + rho * cosDlon;
             break;
@@ -286,6 +282,8 @@ CGxLambertAzimuthalEqualArea::CGxLambertAzimuthalEqualArea(
                                  d.GetFalseNorthing());
       }) {}
 
+template class CGxAlgorithmOf<CGxLambertAzimuthalEqualArea, CGxLambertAzimuthalEqualAreaProjection,
+                              CGxProjWrapper>;
 template class CGxProjWrapperOf<CGxLambertAzimuthalEqualArea, CGxLambertAzimuthalEqualAreaEllipsoid,
                                 CGxLambertAzimuthalEqualAreaSphere,
                                 CGxLambertAzimuthalEqualAreaProjection>;

@@ -3,9 +3,9 @@
 #include <cmath>
 
 #include "definitions/NewZealandMapGridProjection.h"
+#include "foundation/Angles.h"
 #include "foundation/Ellipsoid.h"
-#include "foundation/Tolerance.h"
-#include "projections/AlgorithmTransfer.h"
+#include "projections/AlgorithmCatalogue.h"
 
 namespace {
 
@@ -66,12 +66,12 @@ double Series(const double* k, int count, double w) {
 CGxNewZealandMapGrid::CGxNewZealandMapGrid(const char* name_, double originLongitude,
                                            double originLatitude, double falseEasting_,
                                            double falseNorthing_, const CGxEllipsoid& ellipsoid)
-    : name(name_) {
+    : CGxAlgorithmOf(name_) {
     _Setup(originLongitude, originLatitude, falseEasting_, falseNorthing_, ellipsoid);
 }
 
 CGxNewZealandMapGrid::CGxNewZealandMapGrid(const CGxNewZealandMapGridProjection* def)
-    : name(GxDefinitionName(def).c_str()) {
+    : CGxAlgorithmOf(def) {
     // Without a known ellipsoid the grid has no figure: every point converts
     // to NaN.
     if (const CGxEllipsoid* ellipsoid = GxDefinitionEllipsoid(def)) {
@@ -83,8 +83,7 @@ CGxNewZealandMapGrid::CGxNewZealandMapGrid(const CGxNewZealandMapGridProjection*
 void CGxNewZealandMapGrid::_Setup(double originLongitude, double originLatitude,
                                   double falseEasting_, double falseNorthing_,
                                   const CGxEllipsoid& ellipsoid) {
-    a = ellipsoid.GetMajor();
-    f = ellipsoid.GetFlatness();
+    _SetFigure(ellipsoid);
     e = ellipsoid.GetEccentricity();
     e2 = e * e;
     lon0 = originLongitude;
@@ -93,16 +92,7 @@ void CGxNewZealandMapGrid::_Setup(double originLongitude, double originLatitude,
     falseNorthing = falseNorthing_;
 }
 
-const char* CGxNewZealandMapGrid::GetName() const {
-    return name.name;
-}
-
-void CGxNewZealandMapGrid::Geo2Proj(double lon, double lat, double* x, double* y) const {
-    if (name.isLocal) {
-        *x = lon;
-        *y = lat;
-        return;
-    }
+void CGxNewZealandMapGrid::_Forward(double lon, double lat, double* x, double* y) const {
     const double u = (lat - lat0) * 3600 * 1e-5;
     const Complex zeta = {Series(kIsometricSeries, 10, u), (lon - lon0) * kGxPi / 180};
     const Complex z = Polynomial(kForwardPolynomial, zeta);
@@ -110,12 +100,7 @@ void CGxNewZealandMapGrid::Geo2Proj(double lon, double lat, double* x, double* y
     *x = falseEasting + a * z.im;
 }
 
-void CGxNewZealandMapGrid::Proj2Geo(double x, double y, double* lon, double* lat) const {
-    if (name.isLocal) {
-        *lon = x;
-        *lat = y;
-        return;
-    }
+void CGxNewZealandMapGrid::_Inverse(double x, double y, double* lon, double* lat) const {
     const Complex z = {(y - falseNorthing) / a, (x - falseEasting) / a};
     Complex zeta = Polynomial(kInversePolynomial, z);
     const Complex* b = kForwardPolynomial;
@@ -141,11 +126,6 @@ void CGxNewZealandMapGrid::GetOrigin(double* lon, double* lat) const {
     *lat = lat0;
 }
 
-double CGxNewZealandMapGrid::GetConvergence(double lon, double lat) const {
-    if (name.isLocal) return 0.0;
-    return GxNumericalConvergence(*this, lon, lat);
-}
-
 void CGxNewZealandMapGrid::GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const {
     *x0 = kAreaX0;
     *y0 = kAreaY0;
@@ -153,26 +133,5 @@ void CGxNewZealandMapGrid::GetDefaultArea(double* x0, double* y0, double* x1, do
     *y1 = kAreaY1;
 }
 
-bool CGxNewZealandMapGrid::IsLocal() const {
-    return name.isLocal;
-}
-
-bool CGxNewZealandMapGrid::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
-    return GxAnonymousEllipsoid(a, f, out);
-}
-
-CGxProjection* CGxNewZealandMapGrid::Clone() const {
-    return new CGxNewZealandMapGrid(*this);
-}
-
-void CGxNewZealandMapGrid::TransferParameters(CGxPRJParser& parser) const {
-    GxTransferAlgorithm(*this, &CGxNewZealandMapGrid::GetMapProjection, parser);
-}
-
-bool CGxNewZealandMapGrid::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
-    return GxCatalogueFigureOf(GetName(), ellipsoid);
-}
-
-bool CGxNewZealandMapGrid::GetMapProjection(CGxNewZealandMapGridProjection& definition) const {
-    return GxCatalogueDefinitionOf(GetName(), definition);
-}
+template class CGxLocalGridOf<CGxNewZealandMapGrid>;
+template class CGxAlgorithmOf<CGxNewZealandMapGrid, CGxNewZealandMapGridProjection>;

@@ -1,11 +1,9 @@
 #pragma once
 
-#include "foundation/Projection.h"
-#include "projections/FromDefinition.h"
-#include "projections/ProjectionSupport.h"
+#include "foundation/GxExport.h"
+#include "projections/Algorithm.h"
 
 class CGxEllipsoid;
-class CGxPRJParser;
 class CGxNewZealandMapGridProjection;
 
 // The fixed coefficients of the New Zealand map grid, shared by every
@@ -51,7 +49,9 @@ public:
 // isometric latitude) and a complex polynomial in psi + i dlambda. The inverse
 // solves the polynomial by Newton-Raphson. Unlike the other grids the origin
 // is kept in degrees.
-class GXCART_API CGxNewZealandMapGrid : public CGxProjection, public CGxNewZealandMapGridConstants {
+class GXCART_API CGxNewZealandMapGrid
+    : public CGxAlgorithmOf<CGxNewZealandMapGrid, CGxNewZealandMapGridProjection>,
+      public CGxNewZealandMapGridConstants {
 public:
     // Origin longitude and latitude in degrees (the grid's own: 173 E, 41 S);
     // false easting and northing in the ellipsoid unit. Only the semi-major
@@ -65,37 +65,26 @@ public:
     // NaN.
     explicit CGxNewZealandMapGrid(const CGxNewZealandMapGridProjection* definition);
 
-    const char* GetName() const override;
-    void Geo2Proj(double lon, double lat, double* x, double* y) const override;
-    // Newton-Raphson on the complex polynomial: a few passes inside New
-    // Zealand, at most 100.
-    void Proj2Geo(double x, double y, double* lon, double* lat) const override;
     // The stored origin, degrees.
     void GetOrigin(double* lon, double* lat) const override;
-    // Numerical, from a one-arc-minute step north.
-    double GetConvergence(double lon, double lat) const override;
     // The grid's fixed working area, eastings 2000 to 3000 km and northings
     // 5300 to 6800 km, whatever the parameters.
     void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
-    bool IsLocal() const override;
-    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
-    CGxProjection* Clone() const override;
-    void TransferParameters(CGxPRJParser& parser) const override;
-
-    // The catalogue figure of the coordinate system this grid is named
-    // after; false when the catalogue knows none.
-    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
-    // The catalogue definition of that name when it is of this type.
-    bool GetMapProjection(CGxNewZealandMapGridProjection& definition) const;
 
 private:
+    // The convergence is the numerical one, from a one-arc-minute step north.
+    friend CGxLocalGridOf<CGxNewZealandMapGrid>;
+    void _Forward(double lon, double lat, double* x, double* y) const;
+    // Newton-Raphson on the complex polynomial: a few passes inside New
+    // Zealand, at most 100.
+    void _Inverse(double x, double y, double* lon, double* lat) const;
+
     // Takes the parameters (as for the constructor by numbers); called once,
     // while the object is being built.
     void _Setup(double originLongitude, double originLatitude, double falseEasting,
                 double falseNorthing, const CGxEllipsoid& ellipsoid);
 
-    GxProjectionName name;
-    double a = kGxNoFigure, f = kGxNoFigure, e = kGxNoFigure, e2 = kGxNoFigure;
+    double e = kGxNoFigure, e2 = kGxNoFigure;
     double lon0 = kGxNoFigure, lat0 = kGxNoFigure;  // degrees
     double falseEasting = kGxNoFigure, falseNorthing = kGxNoFigure;
 };

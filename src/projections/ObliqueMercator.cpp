@@ -1,16 +1,16 @@
 #include "projections/ObliqueMercator.h"
 
 #include "definitions/ObliqueMercatorProjection.h"
-#include "projections/AlgorithmTransfer.h"
+#include "projections/AlgorithmCatalogue.h"
 
 CGxObliqueMercator::CGxObliqueMercator(const char* name, double scale, double centreLongitude,
                                        double centreLatitude, double azimuth, double falseEasting,
                                        double falseNorthing, const CGxEllipsoid& ellipsoid)
-    : CGxObliqueMercatorBase(name, scale, centreLongitude, centreLatitude, azimuth, azimuth, true,
-                             falseEasting, falseNorthing, ellipsoid) {}
+    : CGxAlgorithmOf(name, scale, centreLongitude, centreLatitude, azimuth, azimuth, true,
+                     falseEasting, falseNorthing, ellipsoid) {}
 
 CGxObliqueMercator::CGxObliqueMercator(const CGxObliqueMercatorProjection* def)
-    : CGxObliqueMercatorBase(GxDefinitionName(def)) {
+    : CGxAlgorithmOf(def) {
     // Without a known ellipsoid the grid has no figure: every point converts
     // to NaN.
     if (const CGxEllipsoid* ellipsoid = GxDefinitionEllipsoid(def)) {
@@ -20,18 +20,5 @@ CGxObliqueMercator::CGxObliqueMercator(const CGxObliqueMercatorProjection* def)
     }
 }
 
-CGxProjection* CGxObliqueMercator::Clone() const {
-    return new CGxObliqueMercator(*this);
-}
-
-void CGxObliqueMercator::TransferParameters(CGxPRJParser& parser) const {
-    GxTransferAlgorithm(*this, &CGxObliqueMercator::GetMapProjection, parser);
-}
-
-bool CGxObliqueMercator::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
-    return GxCatalogueFigureOf(GetName(), ellipsoid);
-}
-
-bool CGxObliqueMercator::GetMapProjection(CGxObliqueMercatorProjection& definition) const {
-    return GxCatalogueDefinitionOf(GetName(), definition);
-}
+template class CGxAlgorithmOf<CGxObliqueMercator, CGxObliqueMercatorProjection,
+                              CGxObliqueMercatorBase>;

@@ -1,16 +1,17 @@
 #pragma once
 
-#include "projections/ObliqueMercatorMath.h"
+#include "projections/ObliqueMercatorBase.h"
 
 class CGxEllipsoid;
-class CGxPRJParser;
 class CGxObliqueMercatorProjection;
 
 // Hotine oblique Mercator with its grid origin at the projection centre and
 // the grid rectified by the azimuth of the central line (EPSG variant B with
 // gamma = alpha). With an azimuth of 90 degrees the central line runs east-west
 // through the centre and the projection is the Swiss oblique cylindrical one.
-class GXCART_API CGxObliqueMercator : public CGxObliqueMercatorBase {
+class GXCART_API CGxObliqueMercator
+    : public CGxAlgorithmOf<CGxObliqueMercator, CGxObliqueMercatorProjection,
+                            CGxObliqueMercatorBase> {
 public:
     // scale on the central line; centre longitude and latitude and the
     // central line's azimuth at the centre in degrees; false easting and
@@ -23,13 +24,4 @@ public:
     // unknown identifier the grid keeps only the name and its numbers stay
     // NaN.
     explicit CGxObliqueMercator(const CGxObliqueMercatorProjection* definition);
-
-    CGxProjection* Clone() const override;
-    void TransferParameters(CGxPRJParser& parser) const override;
-
-    // The catalogue figure of the coordinate system this grid is named
-    // after; false when the catalogue knows none.
-    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
-    // The catalogue definition of that name when it is of this type.
-    bool GetMapProjection(CGxObliqueMercatorProjection& definition) const;
 };

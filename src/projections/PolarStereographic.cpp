@@ -13,7 +13,7 @@
 #include "definitions/StereographicProjection.h"
 #include "definitions/StereographicSouthPoleProjection.h"
 #include "foundation/Tolerance.h"
-#include "projections/AlgorithmTransfer.h"
+#include "projections/AlgorithmCatalogue.h"
 #include "projections/Stereographic.h"
 #include "projections/StereographicNorthPole.h"
 #include "projections/StereographicSouthPole.h"
@@ -40,7 +40,8 @@ EInnerForm _InnerForm(double originLatitude) {
 
 CGxPolarStereographic::CGxPolarStereographic(const char* name, double scale, double centreLongitude,
                                              double originLatitude, double falseEasting,
-                                             double falseNorthing, const CGxEllipsoid& ellipsoid) {
+                                             double falseNorthing, const CGxEllipsoid& ellipsoid)
+    : CGxAlgorithmOf(name) {
     switch (_InnerForm(originLatitude)) {
         case EInnerForm::ePolarAspect:
             inner =
@@ -62,7 +63,8 @@ CGxPolarStereographic::CGxPolarStereographic(const char* name, double scale, dou
 // name, branch, ellipsoid identifier and numbers), and the inner grid is
 // built from that: it then resolves the ellipsoid by the same catalogue rule
 // as every grid built from a definition.
-CGxPolarStereographic::CGxPolarStereographic(const CGxPolarStereographicProjection* def) {
+CGxPolarStereographic::CGxPolarStereographic(const CGxPolarStereographicProjection* def)
+    : CGxAlgorithmOf(def) {
     if (!def) {
         inner = new (std::nothrow) CGxStereographicNorthPole(
             static_cast<const CGxStereographicNorthPoleProjection*>(nullptr));
@@ -98,11 +100,12 @@ CGxPolarStereographic::CGxPolarStereographic(const CGxPolarStereographicProjecti
 }
 
 CGxPolarStereographic::CGxPolarStereographic(const CGxPolarStereographic& other)
-    : CGxProjection(other), inner(other.inner ? other.inner->Clone() : nullptr) {}
+    : CGxAlgorithmOf(other), inner(other.inner ? other.inner->Clone() : nullptr) {}
 
 CGxPolarStereographic& CGxPolarStereographic::operator=(const CGxPolarStereographic& other) {
     if (this != &other) {
         CGxPolarStereographic copy(other);
+        CGxAlgorithmOf::operator=(other);
         std::swap(inner, copy.inner);
     }
     return *this;
@@ -112,11 +115,7 @@ CGxPolarStereographic::~CGxPolarStereographic() {
     delete inner;
 }
 
-const char* CGxPolarStereographic::GetName() const {
-    return inner ? inner->GetName() : "";
-}
-
-void CGxPolarStereographic::Geo2Proj(double lon, double lat, double* x, double* y) const {
+void CGxPolarStereographic::_Forward(double lon, double lat, double* x, double* y) const {
     if (inner) {
         inner->Geo2Proj(lon, lat, x, y);
     } else {
@@ -124,7 +123,7 @@ void CGxPolarStereographic::Geo2Proj(double lon, double lat, double* x, double* 
     }
 }
 
-void CGxPolarStereographic::Proj2Geo(double x, double y, double* lon, double* lat) const {
+void CGxPolarStereographic::_Inverse(double x, double y, double* lon, double* lat) const {
     if (inner) {
         inner->Proj2Geo(x, y, lon, lat);
     } else {
@@ -136,7 +135,7 @@ void CGxPolarStereographic::GetOrigin(double* lon, double* lat) const {
     inner ? inner->GetOrigin(lon, lat) : CGxProjection::GetOrigin(lon, lat);
 }
 
-double CGxPolarStereographic::GetConvergence(double lon, double lat) const {
+double CGxPolarStereographic::_Convergence(double lon, double lat) const {
     return inner ? inner->GetConvergence(lon, lat) : 0.0;
 }
 
@@ -144,26 +143,9 @@ void CGxPolarStereographic::GetDefaultArea(double* x0, double* y0, double* x1, d
     inner ? inner->GetDefaultArea(x0, y0, x1, y1) : CGxProjection::GetDefaultArea(x0, y0, x1, y1);
 }
 
-bool CGxPolarStereographic::IsLocal() const {
-    return inner && inner->IsLocal();
-}
-
 bool CGxPolarStereographic::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
     return inner && inner->GetAnonymousEllipsoid(out);
 }
 
-CGxProjection* CGxPolarStereographic::Clone() const {
-    return new CGxPolarStereographic(*this);
-}
-
-void CGxPolarStereographic::TransferParameters(CGxPRJParser& parser) const {
-    GxTransferAlgorithm(*this, &CGxPolarStereographic::GetMapProjection, parser);
-}
-
-bool CGxPolarStereographic::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
-    return GxCatalogueFigureOf(GetName(), ellipsoid);
-}
-
-bool CGxPolarStereographic::GetMapProjection(CGxPolarStereographicProjection& definition) const {
-    return GxCatalogueDefinitionOf(GetName(), definition);
-}
+template class CGxLocalGridOf<CGxPolarStereographic>;
+template class CGxAlgorithmOf<CGxPolarStereographic, CGxPolarStereographicProjection>;

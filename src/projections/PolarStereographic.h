@@ -1,9 +1,9 @@
 #pragma once
 
-#include "foundation/Projection.h"
+#include "foundation/GxExport.h"
+#include "projections/Algorithm.h"
 
 class CGxEllipsoid;
-class CGxPRJParser;
 class CGxPolarStereographicProjection;
 
 // Polar stereographic for every origin latitude: an origin at a pole gives
@@ -11,8 +11,10 @@ class CGxPolarStereographicProjection;
 // other origin latitude is taken as the standard parallel of a north-pole
 // (latitude 0 or above) or south-pole (below 0) projection, whose scale at
 // the pole is derived and the scale argument unused. The wrapper owns that
-// inner algorithm and answers every question through it.
-class GXCART_API CGxPolarStereographic : public CGxProjection {
+// inner algorithm, which carries the same name, and answers every question
+// through it.
+class GXCART_API CGxPolarStereographic
+    : public CGxAlgorithmOf<CGxPolarStereographic, CGxPolarStereographicProjection> {
 public:
     // name: coordinate-system string (empty means "NON-UTM"); scale: k0 at the
     // pole (used only for an origin at a pole); centreLongitude and
@@ -31,24 +33,17 @@ public:
     CGxPolarStereographic& operator=(const CGxPolarStereographic& other);
     ~CGxPolarStereographic() override;
 
-    const char* GetName() const override;
-    void Geo2Proj(double lon, double lat, double* x, double* y) const override;
-    void Proj2Geo(double x, double y, double* lon, double* lat) const override;
     void GetOrigin(double* lon, double* lat) const override;
-    double GetConvergence(double lon, double lat) const override;
     void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
-    bool IsLocal() const override;
+    // The figure of the inner grid.
     bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
-    CGxProjection* Clone() const override;
-    void TransferParameters(CGxPRJParser& parser) const override;
-
-    // The catalogue figure of the coordinate system this grid is named
-    // after; false when the catalogue knows none.
-    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
-    // The catalogue definition of that name when it is of this type.
-    bool GetMapProjection(CGxPolarStereographicProjection& definition) const;
 
 private:
+    friend CGxLocalGridOf<CGxPolarStereographic>;
+    void _Forward(double lon, double lat, double* x, double* y) const;
+    void _Inverse(double x, double y, double* lon, double* lat) const;
+    double _Convergence(double lon, double lat) const;
+
     // Owned; null only when it could not be allocated, and then the wrapper
     // answers like an algorithm without parameters (NaN coordinates).
     CGxProjection* inner = nullptr;

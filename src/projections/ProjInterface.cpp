@@ -1,11 +1,11 @@
 #include "projections/ProjInterface.h"
 
-#include <algorithm>
 #include <limits>
 
+#include "foundation/Angles.h"
+#include "foundation/DefaultArea.h"
 #include "foundation/Ellipsoid.h"
-#include "foundation/Tolerance.h"
-#include "projections/AlgorithmTransfer.h"
+#include "projections/math/Convergence.h"
 
 namespace {
 
@@ -18,12 +18,6 @@ CGxProjInterface::~CGxProjInterface() = default;
 
 EGxInnerKind GxInnerKindFor(const CGxEllipsoid& ellipsoid) {
     return ellipsoid.GetInvFlatness() == 0.0 ? eGxInnerSphere : eGxInnerEllipsoid;
-}
-
-void GxInnerDefaultArea(const CGxProjInterface& inner, double lon0, double lat0, double half,
-                        double* x0, double* y0, double* x1, double* y1) {
-    inner.Geo2Proj(lon0 - half, std::max(lat0 - half, -90.0), x0, y0);
-    inner.Geo2Proj(lon0 + half, std::min(lat0 + half, 90.0), x1, y1);
 }
 
 CGxInnerForm::CGxInnerForm(const CGxEllipsoid& ellipsoid, EGxInnerKind form, double centralMeridian,
@@ -43,8 +37,8 @@ void CGxInnerForm::GetOrigin(double* lon, double* lat) const {
 }
 
 void CGxInnerForm::GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const {
-    GxInnerDefaultArea(*this, lon0 * kGxRadToDeg, lat0 * kGxRadToDeg, kDefaultAreaHalfWidth, x0, y0,
-                       x1, y1);
+    GxDefaultAreaAround(*this, lon0 * kGxRadToDeg, lat0 * kGxRadToDeg, kDefaultAreaHalfWidth, x0,
+                        y0, x1, y1);
 }
 
 bool CGxInnerForm::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
@@ -52,14 +46,13 @@ bool CGxInnerForm::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
 }
 
 CGxProjWrapper::CGxProjWrapper(const char* name, int kind, CGxProjInterface* inner)
-    : name(name), inner(inner), kind(kind) {}
+    : CGxLocalGridOf(name), inner(inner), kind(kind) {}
 
 CGxProjWrapper::CGxProjWrapper(const CGxMapProjData* definition)
-    : name(GxDefinitionName(definition).c_str()), inner(nullptr), kind(eGxInnerNone) {}
+    : CGxLocalGridOf(definition), inner(nullptr), kind(eGxInnerNone) {}
 
 CGxProjWrapper::CGxProjWrapper(const CGxProjWrapper& other)
-    : CGxProjection(other),
-      name(other.name),
+    : CGxLocalGridOf(other),
       inner(other.inner ? other.inner->Clone() : nullptr),
       kind(other.kind) {}
 
@@ -69,7 +62,7 @@ CGxProjWrapper& CGxProjWrapper::operator=(const CGxProjWrapper& other) {
         CGxProjInterface* copy = other.inner ? other.inner->Clone() : nullptr;
         delete inner;
         inner = copy;
-        name = other.name;
+        CGxLocalGridOf::operator=(other);
         kind = other.kind;
     }
     return *this;
@@ -79,30 +72,24 @@ CGxProjWrapper::~CGxProjWrapper() {
     delete inner;
 }
 
-const char* CGxProjWrapper::GetName() const {
-    return name.name;
-}
-
-void CGxProjWrapper::Geo2Proj(double lon, double lat, double* x, double* y) const {
-    if (name.isLocal) {
-        *x = lon;
-        *y = lat;
-    } else if (inner) {
+void CGxProjWrapper::_Forward(double lon, double lat, double* x, double* y) const {
+    if (inner) {
         inner->Geo2Proj(lon, lat, x, y);
     } else {
         *x = *y = std::numeric_limits<double>::quiet_NaN();
     }
 }
 
-void CGxProjWrapper::Proj2Geo(double x, double y, double* lon, double* lat) const {
-    if (name.isLocal) {
-        *lon = x;
-        *lat = y;
-    } else if (inner) {
+void CGxProjWrapper::_Inverse(double x, double y, double* lon, double* lat) const {
+    if (inner) {
         inner->Proj2Geo(x, y, lon, lat);
     } else {
         *lon = *lat = std::numeric_limits<double>::quiet_NaN();
     }
+}
+
+double CGxProjWrapper::_Convergence(double lon, double lat) const {
+    return inner ? GxNumericalConvergence(*this, lon, lat) : 0.0;
 }
 
 void CGxProjWrapper::GetOrigin(double* lon, double* lat) const {
@@ -112,11 +99,6 @@ void CGxProjWrapper::GetOrigin(double* lon, double* lat) const {
         CGxProjection::GetOrigin(lon, lat);
 }
 
-double CGxProjWrapper::GetConvergence(double lon, double lat) const {
-    if (!inner || name.isLocal) return 0.0;
-    return GxNumericalConvergence(*this, lon, lat);
-}
-
 void CGxProjWrapper::GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const {
     if (inner)
         inner->GetDefaultArea(x0, y0, x1, y1);
@@ -124,14 +106,8 @@ void CGxProjWrapper::GetDefaultArea(double* x0, double* y0, double* x1, double* 
         CGxProjection::GetDefaultArea(x0, y0, x1, y1);
 }
 
-bool CGxProjWrapper::IsLocal() const {
-    return name.isLocal;
-}
-
 bool CGxProjWrapper::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
     return inner && inner->GetAnonymousEllipsoid(out);
 }
 
-bool CGxProjWrapper::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
-    return GxCatalogueFigureOf(GetName(), ellipsoid);
-}
+template class CGxLocalGridOf<CGxProjWrapper>;

@@ -1,11 +1,7 @@
 #pragma once
 
-#include <tuple>
-
 #include "foundation/GxExport.h"
-#include "foundation/Projection.h"
-#include "projections/FromDefinition.h"
-#include "projections/ProjectionSupport.h"
+#include "projections/Algorithm.h"
 
 class CGxEllipsoid;
 class CGxMapProjData;
@@ -55,11 +51,6 @@ CGxProjInterface* GxMakeInner(const CGxEllipsoid& ellipsoid, TArgs... args) {
     return new TEllipsoidForm(args..., ellipsoid);
 }
 
-// Default area of an inner implementation: the projected corners of
-// (lon0 - half, max(lat0 - half, -90)) and (lon0 + half, min(lat0 + half, 90)).
-void GxInnerDefaultArea(const CGxProjInterface& inner, double lon0, double lat0, double half,
-                        double* x0, double* y0, double* x1, double* y1);
-
 // The numbers every inner implementation keeps: the figure, the origin and
 // the false origin. It answers for the origin, the default area and the
 // anonymous ellipsoid, so that an inner form adds only its own constants and
@@ -99,33 +90,23 @@ protected:
 };
 
 // The common body of the wrapper algorithms (Albers, Lambert azimuthal equal
-// area, Cassini-Soldner, equidistant conic): it keeps the coordinate-system
-// name and owns one inner implementation, to which it forwards the forward
-// and inverse conversions, the origin, the default area and the anonymous
-// ellipsoid. Copies clone the inner object; destruction releases it.
+// area, Cassini-Soldner, equidistant conic): it owns one inner implementation,
+// to which it forwards the forward and inverse conversions, the origin, the
+// default area and the anonymous ellipsoid. Copies clone the inner object;
+// destruction releases it.
 //
 // A wrapper named as a local grid ("NON-UTM") is the identity and has
 // convergence 0. A wrapper without an inner object (built from a definition
 // whose ellipsoid the catalogue does not know) converts to NaN, reports the
 // origin (0, 0), a default area of four zeros, convergence 0 and no anonymous
 // ellipsoid.
-class GXCART_API CGxProjWrapper : public CGxProjection {
+class GXCART_API CGxProjWrapper : public CGxLocalGridOf<CGxProjWrapper> {
 public:
-    const char* GetName() const override;
-    void Geo2Proj(double lon, double lat, double* x, double* y) const override;
-    void Proj2Geo(double x, double y, double* lon, double* lat) const override;
     void GetOrigin(double* lon, double* lat) const override;
-    // Numerical convergence (degrees) through this object's forward, over one
-    // arc minute of latitude; 0 without an inner object or for a local grid.
-    double GetConvergence(double lon, double lat) const override;
     void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
-    bool IsLocal() const override;
+    // The figure of the inner form; false without one.
     bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
     ~CGxProjWrapper() override;
-
-    // The catalogue figure of the coordinate system this grid is named
-    // after; false when the catalogue knows none.
-    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
 
 protected:
     // Takes ownership of inner, which may be null.
@@ -148,7 +129,14 @@ protected:
     }
 
 private:
-    GxProjectionName name;
+    friend CGxLocalGridOf<CGxProjWrapper>;
+    // The inner form's conversions; NaN without one.
+    void _Forward(double lon, double lat, double* x, double* y) const;
+    void _Inverse(double x, double y, double* lon, double* lat) const;
+    // Numerical convergence through this object's forward, over one arc
+    // minute of latitude; 0 without an inner object.
+    double _Convergence(double lon, double lat) const;
+
     CGxProjInterface* inner;
     int kind;
 };
@@ -158,39 +146,20 @@ private:
 // whose copy Clone makes; TDefinition is its catalogue definition type, the
 // one it is written as. The wrapper adds only its public constructors.
 template <class TAlgorithm, class TEllipsoidForm, class TSphereForm, class TDefinition>
-class GXCART_API CGxProjWrapperOf : public CGxProjWrapper {
-public:
-    CGxProjection* Clone() const override {
-        return new TAlgorithm(static_cast<const TAlgorithm&>(*this));
-    }
-    // These two are defined in ProjWrapperTransfer.h and instantiated once,
-    // in the wrapper's own source file, where its definition type is complete.
-    void TransferParameters(CGxPRJParser& parser) const override;
-    // The catalogue definition of this grid's name when it is of this type.
-    bool GetMapProjection(TDefinition& definition) const;
-
+class GXCART_API CGxProjWrapperOf : public CGxAlgorithmOf<TAlgorithm, TDefinition, CGxProjWrapper> {
 protected:
     // From values: the inner form the ellipsoid calls for, built from the
     // projection's numbers.
     template <class... TArgs>
     CGxProjWrapperOf(const char* name, const CGxEllipsoid& ellipsoid, TArgs... numbers)
-        : CGxProjWrapper(name, GxInnerKindFor(ellipsoid),
-                         GxMakeInner<TEllipsoidForm, TSphereForm>(ellipsoid, numbers...)) {}
+        : CGxAlgorithmOf<TAlgorithm, TDefinition, CGxProjWrapper>(
+              name, GxInnerKindFor(ellipsoid),
+              GxMakeInner<TEllipsoidForm, TSphereForm>(ellipsoid, numbers...)) {}
 
     // From a catalogue definition: its name, and the inner form for the
     // ellipsoid its identifier names in the catalogue, built from the tuple of
-    // numbers that numbersOf reads from the definition.
+    // numbers that numbersOf reads from the definition. Defined in
+    // AlgorithmCatalogue.h, which the wrapper's own source file includes.
     template <class TNumbersOf>
-    CGxProjWrapperOf(const TDefinition* definition, TNumbersOf numbersOf)
-        : CGxProjWrapper(definition) {
-        // Without a known ellipsoid the grid has no figure: every point
-        // converts to NaN.
-        if (const CGxEllipsoid* ellipsoid = GxDefinitionEllipsoid(definition)) {
-            std::apply(
-                [&](auto... numbers) {
-                    _BuildInner<TEllipsoidForm, TSphereForm>(*ellipsoid, numbers...);
-                },
-                numbersOf(*definition));
-        }
-    }
+    CGxProjWrapperOf(const TDefinition* definition, TNumbersOf numbersOf);
 };

@@ -1,18 +1,18 @@
 #include "projections/RectifiedSkewOrthomorphic.h"
 
 #include "definitions/RectifiedSkewOrthomorphicProjection.h"
-#include "projections/AlgorithmTransfer.h"
+#include "projections/AlgorithmCatalogue.h"
 
 CGxRectifiedSkewOrthomorphic::CGxRectifiedSkewOrthomorphic(
     const char* name, double scale, double centreLongitude, double centreLatitude, double azimuth,
     double xyPlaneRotation, double falseEasting, double falseNorthing,
     const CGxEllipsoid& ellipsoid)
-    : CGxObliqueMercatorBase(name, scale, centreLongitude, centreLatitude, azimuth, xyPlaneRotation,
-                             false, falseEasting, falseNorthing, ellipsoid) {}
+    : CGxAlgorithmOf(name, scale, centreLongitude, centreLatitude, azimuth, xyPlaneRotation, false,
+                     falseEasting, falseNorthing, ellipsoid) {}
 
 CGxRectifiedSkewOrthomorphic::CGxRectifiedSkewOrthomorphic(
     const CGxRectifiedSkewOrthomorphicProjection* def)
-    : CGxObliqueMercatorBase(GxDefinitionName(def)) {
+    : CGxAlgorithmOf(def) {
     // Without a known ellipsoid the grid has no figure: every point converts
     // to NaN.
     if (const CGxEllipsoid* ellipsoid = GxDefinitionEllipsoid(def)) {
@@ -22,19 +22,5 @@ CGxRectifiedSkewOrthomorphic::CGxRectifiedSkewOrthomorphic(
     }
 }
 
-CGxProjection* CGxRectifiedSkewOrthomorphic::Clone() const {
-    return new CGxRectifiedSkewOrthomorphic(*this);
-}
-
-void CGxRectifiedSkewOrthomorphic::TransferParameters(CGxPRJParser& parser) const {
-    GxTransferAlgorithm(*this, &CGxRectifiedSkewOrthomorphic::GetMapProjection, parser);
-}
-
-bool CGxRectifiedSkewOrthomorphic::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
-    return GxCatalogueFigureOf(GetName(), ellipsoid);
-}
-
-bool CGxRectifiedSkewOrthomorphic::GetMapProjection(
-    CGxRectifiedSkewOrthomorphicProjection& definition) const {
-    return GxCatalogueDefinitionOf(GetName(), definition);
-}
+template class CGxAlgorithmOf<CGxRectifiedSkewOrthomorphic, CGxRectifiedSkewOrthomorphicProjection,
+                              CGxObliqueMercatorBase>;

@@ -18,18 +18,14 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <string>
 
-#include "catalogue/CartSetup.h"
 #include "definitions/RotatedLongitudeLatitudeProjection.h"
+#include "foundation/Angles.h"
+#include "foundation/DefaultArea.h"
 #include "foundation/Ellipsoid.h"
-#include "foundation/Tolerance.h"
-#include "projections/AlgorithmTransfer.h"
+#include "projections/AlgorithmCatalogue.h"
 
 namespace {
-// Half the side of the default box around the origin, degrees.
-constexpr double kAreaHalfSide = 3.0;
-
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 }  // namespace
 
@@ -38,11 +34,11 @@ CGxRotatedLongitudeLatitude::CGxRotatedLongitudeLatitude(const char* name_,
                                                          double southPoleLatitude_,
                                                          double rotationAngle_,
                                                          const CGxEllipsoid& ellipsoid)
-    : name(name_),
+    : CGxAlgorithmOf(name_),
       southPoleLongitude(southPoleLongitude_),
       southPoleLatitude(southPoleLatitude_),
       rotationAngle(rotationAngle_) {
-    _SetFigure(ellipsoid);
+    _SetAxes(ellipsoid);
     _BuildRotations();
 }
 
@@ -50,20 +46,12 @@ CGxRotatedLongitudeLatitude::CGxRotatedLongitudeLatitude(const char* name_,
 // NaN, and so do its origin and default area.
 CGxRotatedLongitudeLatitude::CGxRotatedLongitudeLatitude(
     const CGxRotatedLongitudeLatitudeProjection* definition)
-    : name(definition ? definition->GetName().c_str() : nullptr),
-      a(kNaN),
-      f(kNaN),
-      e2(kNaN),
-      b(kNaN),
-      ep2(kNaN),
+    : CGxAlgorithmOf(definition),
       southPoleLongitude(kNaN),
       southPoleLatitude(kNaN),
       rotationAngle(kNaN) {
-    const std::string id = definition ? definition->GetEllipsoidID() : std::string();
-    const CGxEllipsoid* ellipsoid =
-        id.empty() ? nullptr : CGxCartSetup::Instance().GetEllipsoidList().GetEllipsoid(id);
-    if (ellipsoid) {
-        _SetFigure(*ellipsoid);
+    if (const CGxEllipsoid* ellipsoid = GxDefinitionEllipsoid(definition)) {
+        _SetAxes(*ellipsoid);
         southPoleLongitude = definition->GetSouthPoleLongitude();
         southPoleLatitude = definition->GetSouthPoleLatitude();
         rotationAngle = definition->GetRotationAngle();
@@ -71,9 +59,8 @@ CGxRotatedLongitudeLatitude::CGxRotatedLongitudeLatitude(
     _BuildRotations();
 }
 
-void CGxRotatedLongitudeLatitude::_SetFigure(const CGxEllipsoid& ellipsoid) {
-    a = ellipsoid.GetMajor();
-    f = ellipsoid.GetFlatness();
+void CGxRotatedLongitudeLatitude::_SetAxes(const CGxEllipsoid& ellipsoid) {
+    _SetFigure(ellipsoid);
     e2 = ellipsoid.GetEccentricity() * ellipsoid.GetEccentricity();
     b = ellipsoid.GetMinor();
     ep2 = (a * a - b * b) / (b * b);
@@ -88,8 +75,6 @@ void CGxRotatedLongitudeLatitude::_BuildRotations() {
     toRotated = spin * CMatrix(90.0 + southPoleLatitude, CMatrix::eRotationY) *
                 CMatrix(-southPoleLongitude, CMatrix::eRotationZ);
 }
-
-const char* CGxRotatedLongitudeLatitude::GetName() const { return name.name; }
 
 void CGxRotatedLongitudeLatitude::Geo2XYZ(double lon, double lat, double* X, double* Y,
                                           double* Z) const {
@@ -127,21 +112,11 @@ void CGxRotatedLongitudeLatitude::_rotate(const CMatrix& rotation, double lon, d
     XYZ2Geo(v[0], v[1], v[2], outLon, outLat);
 }
 
-void CGxRotatedLongitudeLatitude::Geo2Proj(double lon, double lat, double* x, double* y) const {
-    if (name.isLocal) {
-        *x = lon;
-        *y = lat;
-        return;
-    }
+void CGxRotatedLongitudeLatitude::_Forward(double lon, double lat, double* x, double* y) const {
     _rotate(toRotated, lon, lat, x, y);
 }
 
-void CGxRotatedLongitudeLatitude::Proj2Geo(double x, double y, double* lon, double* lat) const {
-    if (name.isLocal) {
-        *lon = x;
-        *lat = y;
-        return;
-    }
+void CGxRotatedLongitudeLatitude::_Inverse(double x, double y, double* lon, double* lat) const {
     _rotate(fromRotated, x, y, lon, lat);
 }
 
@@ -150,24 +125,21 @@ void CGxRotatedLongitudeLatitude::GetOrigin(double* lon, double* lat) const {
     *lat = southPoleLatitude + 90.0;
 }
 
-double CGxRotatedLongitudeLatitude::GetConvergence(double lon, double lat) const {
-    if (name.isLocal) return 0.0;
-    return GxNumericalConvergence(*this, lon, lat);
-}
-
 void CGxRotatedLongitudeLatitude::GetDefaultArea(double* x0, double* y0, double* x1,
                                                  double* y1) const {
     // Unlike the shared box, this one is clamped in longitude as well: the
     // origin of a rotated grid may lie near the antimeridian.
     double lon, lat;
     GetOrigin(&lon, &lat);
-    Geo2Proj(std::max(lon - kAreaHalfSide, -180.0), std::max(lat - kAreaHalfSide, -90.0), x0, y0);
-    Geo2Proj(std::min(lon + kAreaHalfSide, 180.0), std::min(lat + kAreaHalfSide, 90.0), x1, y1);
+    Geo2Proj(std::max(lon - kGxDefaultAreaHalfSide, -180.0),
+             std::max(lat - kGxDefaultAreaHalfSide, -90.0), x0, y0);
+    Geo2Proj(std::min(lon + kGxDefaultAreaHalfSide, 180.0),
+             std::min(lat + kGxDefaultAreaHalfSide, 90.0), x1, y1);
 }
 
-bool CGxRotatedLongitudeLatitude::IsLocal() const { return name.isLocal; }
-
-bool CGxRotatedLongitudeLatitude::IsGeographical() const { return true; }
+bool CGxRotatedLongitudeLatitude::IsGeographical() const {
+    return true;
+}
 
 bool CGxRotatedLongitudeLatitude::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
     // Unlike the map projections this grid does not judge its figure: a
@@ -176,19 +148,5 @@ bool CGxRotatedLongitudeLatitude::GetAnonymousEllipsoid(CGxEllipsoid& out) const
     return true;
 }
 
-CGxProjection* CGxRotatedLongitudeLatitude::Clone() const {
-    return new CGxRotatedLongitudeLatitude(*this);
-}
-
-void CGxRotatedLongitudeLatitude::TransferParameters(CGxPRJParser& parser) const {
-    GxTransferAlgorithm(*this, &CGxRotatedLongitudeLatitude::GetMapProjection, parser);
-}
-
-bool CGxRotatedLongitudeLatitude::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
-    return GxCatalogueFigureOf(GetName(), ellipsoid);
-}
-
-bool CGxRotatedLongitudeLatitude::GetMapProjection(
-    CGxRotatedLongitudeLatitudeProjection& definition) const {
-    return GxCatalogueDefinitionOf(GetName(), definition);
-}
+template class CGxLocalGridOf<CGxRotatedLongitudeLatitude>;
+template class CGxAlgorithmOf<CGxRotatedLongitudeLatitude, CGxRotatedLongitudeLatitudeProjection>;

@@ -3,32 +3,32 @@
 // Gauss sphere of radius R = sqrt(rho0 nu0) (latitude chi, longitude scaled by
 // n), and that sphere is projected stereographically from the antipode of the
 // origin. An origin at a pole selects the polar aspect (methods 9810/9829 with
-// the given scale at the pole), see PolarStereographicMath.h.
+// the given scale at the pole), see math/PolarStereographicMath.h.
 
 #include "projections/Stereographic.h"
 
 #include <cmath>
 
 #include "definitions/StereographicProjection.h"
+#include "foundation/Angles.h"
+#include "foundation/DefaultArea.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
-#include "projections/AlgorithmTransfer.h"
-#include "projections/ConformalLatitude.h"
+#include "projections/AlgorithmCatalogue.h"
 #include "projections/FourierCoefficients.h"
+#include "projections/math/ConformalLatitude.h"
 
 namespace {
-constexpr double kQuarterPi = 0.7853981633974483;
 }  // namespace
 
 CGxStereographic::CGxStereographic(const char* name_, double scale, double centreLongitude,
                                    double originLatitude, double falseEasting_,
                                    double falseNorthing_, const CGxEllipsoid& ellipsoid)
-    : name(name_) {
+    : CGxAlgorithmOf(name_) {
     _Setup(scale, centreLongitude, originLatitude, falseEasting_, falseNorthing_, ellipsoid);
 }
 
-CGxStereographic::CGxStereographic(const CGxStereographicProjection* def)
-    : name(GxDefinitionName(def).c_str()) {
+CGxStereographic::CGxStereographic(const CGxStereographicProjection* def) : CGxAlgorithmOf(def) {
     // Without a known ellipsoid the grid has no figure: every point converts
     // to NaN.
     if (const CGxEllipsoid* ellipsoid = GxDefinitionEllipsoid(def)) {
@@ -40,8 +40,7 @@ CGxStereographic::CGxStereographic(const CGxStereographicProjection* def)
 void CGxStereographic::_Setup(double scale, double centreLongitude, double originLatitude,
                               double falseEasting_, double falseNorthing_,
                               const CGxEllipsoid& ellipsoid) {
-    a = ellipsoid.GetMajor();
-    f = ellipsoid.GetFlatness();
+    _SetFigure(ellipsoid);
     e = ellipsoid.GetEccentricity();
     lon0 = centreLongitude * kGxDegToRad;
     lat0 = originLatitude * kGxDegToRad;
@@ -87,14 +86,10 @@ void CGxStereographic::_Setup(double scale, double centreLongitude, double origi
     sinChi0 = std::sin(chi0);
     cosChi0 = std::cos(chi0);
     twoRk = 2 * R * k0;
-    g = twoRk * std::tan(kQuarterPi - chi0 / 2);
+    g = twoRk * std::tan(kGxQuarterPi - chi0 / 2);
     // 4 R k0 tan(chi0) + g, which is 2 R k0 tan(pi/4 + chi0/2): the sum of two
     // huge terms of opposite sign for an origin near the south pole.
-    h = twoRk * std::tan(kQuarterPi + chi0 / 2);
-}
-
-const char* CGxStereographic::GetName() const {
-    return name.name;
+    h = twoRk * std::tan(kGxQuarterPi + chi0 / 2);
 }
 
 void CGxStereographic::_ObliqueForward(double lon, double lat, double* x, double* y) const {
@@ -122,17 +117,12 @@ void CGxStereographic::_ObliqueInverse(double x, double y, double* lon, double* 
     // (sqrt(c) tan(pi/4 - chi/2))^(1/n), and the latitude follows from it. At
     // a pole chi may overshoot 90 degrees by a rounding error; the absolute
     // value takes the mirror point, which is where the overshoot belongs.
-    const double t = std::pow(sqrtC * std::fabs(std::tan(kQuarterPi - chi / 2)), 1 / n);
+    const double t = std::pow(sqrtC * std::fabs(std::tan(kGxQuarterPi - chi / 2)), 1 / n);
     *lon = ((j + 2 * i) / n + lon0) * kGxRadToDeg;
     *lat = GxLatitudeFromT(t, e, conformal) * kGxRadToDeg;
 }
 
-void CGxStereographic::Geo2Proj(double lon, double lat, double* x, double* y) const {
-    if (name.isLocal) {
-        *x = lon;
-        *y = lat;
-        return;
-    }
+void CGxStereographic::_Forward(double lon, double lat, double* x, double* y) const {
     switch (aspect) {
         case eOblique:
             _ObliqueForward(lon, lat, x, y);
@@ -144,12 +134,7 @@ void CGxStereographic::Geo2Proj(double lon, double lat, double* x, double* y) co
     }
 }
 
-void CGxStereographic::Proj2Geo(double x, double y, double* lon, double* lat) const {
-    if (name.isLocal) {
-        *lon = x;
-        *lat = y;
-        return;
-    }
+void CGxStereographic::_Inverse(double x, double y, double* lon, double* lat) const {
     switch (aspect) {
         case eOblique:
             _ObliqueInverse(x, y, lon, lat);
@@ -166,43 +151,18 @@ void CGxStereographic::GetOrigin(double* lon, double* lat) const {
     *lat = lat0 * kGxRadToDeg;
 }
 
-double CGxStereographic::GetConvergence(double lon, double lat) const {
-    if (name.isLocal) return 0.0;
-    return GxNumericalConvergence(*this, lon, lat);
-}
-
 void CGxStereographic::GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const {
     switch (aspect) {
         case eOblique:
-            GxDefaultAreaAround(*this, lon0 * kGxRadToDeg, lat0 * kGxRadToDeg, 3.0, x0, y0, x1, y1);
+            GxDefaultAreaAround(*this, lon0 * kGxRadToDeg, lat0 * kGxRadToDeg,
+                                kGxDefaultAreaHalfSide, x0, y0, x1, y1);
             break;
         case eNorthPolar:
         case eSouthPolar:
-            GxPolarDefaultArea(*this, x0, y0, x1, y1);
+            GxSquareAroundOrigin(*this, kGxPolarAreaHalfSide, x0, y0, x1, y1);
             break;
     }
 }
 
-bool CGxStereographic::IsLocal() const {
-    return name.isLocal;
-}
-
-bool CGxStereographic::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
-    return GxAnonymousEllipsoid(a, f, out);
-}
-
-CGxProjection* CGxStereographic::Clone() const {
-    return new CGxStereographic(*this);
-}
-
-void CGxStereographic::TransferParameters(CGxPRJParser& parser) const {
-    GxTransferAlgorithm(*this, &CGxStereographic::GetMapProjection, parser);
-}
-
-bool CGxStereographic::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
-    return GxCatalogueFigureOf(GetName(), ellipsoid);
-}
-
-bool CGxStereographic::GetMapProjection(CGxStereographicProjection& definition) const {
-    return GxCatalogueDefinitionOf(GetName(), definition);
-}
+template class CGxLocalGridOf<CGxStereographic>;
+template class CGxAlgorithmOf<CGxStereographic, CGxStereographicProjection>;

@@ -1,18 +1,17 @@
 #pragma once
 
-#include "foundation/Projection.h"
-#include "projections/FromDefinition.h"
-#include "projections/PolarStereographicMath.h"
-#include "projections/ProjectionSupport.h"
+#include "foundation/GxExport.h"
+#include "projections/Algorithm.h"
+#include "projections/math/PolarStereographicMath.h"
 
 class CGxEllipsoid;
-class CGxPRJParser;
 class CGxStereographicProjection;
 
 // Oblique ("double") stereographic on the ellipsoid with a scale factor at the
 // natural origin. An origin latitude at a pole (within the 1e-12 relative
 // nearness) switches to the polar aspect with the same scale factor.
-class GXCART_API CGxStereographic : public CGxProjection {
+class GXCART_API CGxStereographic
+    : public CGxAlgorithmOf<CGxStereographic, CGxStereographicProjection> {
 public:
     // name: coordinate-system string (empty means "NON-UTM"); scale: k0 at the
     // natural origin; centreLongitude, originLatitude in degrees; false easting
@@ -25,29 +24,19 @@ public:
     // oblique formulas then give NaN for every point).
     explicit CGxStereographic(const CGxStereographicProjection* definition);
 
-    const char* GetName() const override;
-    void Geo2Proj(double lon, double lat, double* x, double* y) const override;
-    void Proj2Geo(double x, double y, double* lon, double* lat) const override;
     // The natural origin, degrees.
     void GetOrigin(double* lon, double* lat) const override;
-    // By finite difference over one arc minute of latitude, degrees.
-    double GetConvergence(double lon, double lat) const override;
     // Oblique aspect: the +-3 degree box around the origin. Polar aspect: the
     // +-200 km square around the easting of the pole.
     void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
-    bool IsLocal() const override;
-    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
-    CGxProjection* Clone() const override;
-    void TransferParameters(CGxPRJParser& parser) const override;
-
-    // The catalogue figure of the coordinate system this grid is named
-    // after; false when the catalogue knows none.
-    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
-    // The catalogue definition of that name when it is of this type.
-    bool GetMapProjection(CGxStereographicProjection& definition) const;
 
 private:
     enum EAspect { eOblique = 1, eNorthPolar = 2, eSouthPolar = 3 };
+
+    // The convergence is the numerical one, over one arc minute of latitude.
+    friend CGxLocalGridOf<CGxStereographic>;
+    void _Forward(double lon, double lat, double* x, double* y) const;
+    void _Inverse(double x, double y, double* lon, double* lat) const;
 
     // Takes the parameters (as for the constructor by numbers) and computes
     // every coefficient; called once, while the object is being built.
@@ -56,9 +45,6 @@ private:
     void _ObliqueForward(double lon, double lat, double* x, double* y) const;
     void _ObliqueInverse(double x, double y, double* lon, double* lat) const;
 
-    GxProjectionName name;
-    double a = kGxNoFigure;
-    double f = kGxNoFigure;  // flattening, 0 for a sphere
     double e = kGxNoFigure;
     double lon0 = kGxNoFigure;  // radians; also the origin longitude on the conformal sphere
     double lat0 = kGxNoFigure;  // radians

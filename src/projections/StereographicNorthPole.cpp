@@ -4,7 +4,7 @@
 #include "projections/StereographicNorthPole.h"
 
 #include "definitions/StereographicNorthPoleProjection.h"
-#include "projections/AlgorithmTransfer.h"
+#include "projections/AlgorithmCatalogue.h"
 
 namespace {
 constexpr bool kSouth = false;
@@ -14,21 +14,18 @@ CGxStereographicNorthPole::CGxStereographicNorthPole(const char* name, double st
                                                      double centreLongitude, double falseEasting,
                                                      double falseNorthing,
                                                      const CGxEllipsoid& ellipsoid)
-    : CGxStereographicPole(kSouth, name, standardParallel, centreLongitude, falseEasting,
-                           falseNorthing, ellipsoid) {}
+    : CGxAlgorithmOf(kSouth, name, standardParallel, centreLongitude, falseEasting, falseNorthing,
+                     ellipsoid) {}
 
 CGxStereographicNorthPole::CGxStereographicNorthPole(const CGxStereographicNorthPoleProjection* def)
-    : CGxStereographicPole(kSouth, def) {}
-
-CGxProjection* CGxStereographicNorthPole::Clone() const {
-    return new CGxStereographicNorthPole(*this);
+    : CGxAlgorithmOf(kSouth, def) {
+    // Without a known ellipsoid the grid has no figure: every point converts
+    // to NaN.
+    if (const CGxEllipsoid* ellipsoid = GxDefinitionEllipsoid(def)) {
+        _Setup(kSouth, def->GetParallel1(), def->GetCentre(), def->GetFalseEasting(),
+               def->GetFalseNorthing(), *ellipsoid);
+    }
 }
 
-void CGxStereographicNorthPole::TransferParameters(CGxPRJParser& parser) const {
-    GxTransferAlgorithm(*this, &CGxStereographicNorthPole::GetMapProjection, parser);
-}
-
-bool CGxStereographicNorthPole::GetMapProjection(
-    CGxStereographicNorthPoleProjection& definition) const {
-    return GxCatalogueDefinitionOf(GetName(), definition);
-}
+template class CGxAlgorithmOf<CGxStereographicNorthPole, CGxStereographicNorthPoleProjection,
+                              CGxStereographicPole>;

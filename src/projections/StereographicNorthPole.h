@@ -3,14 +3,15 @@
 #include "projections/StereographicPole.h"
 
 class CGxEllipsoid;
-class CGxPRJParser;
 class CGxStereographicNorthPoleProjection;
 
 // Polar stereographic about the north pole, true to scale along a
 // standard parallel in the northern hemisphere (or the equator); the scale at the
 // pole is derived from it. Its origin is the central meridian and latitude
 // 90.0.
-class GXCART_API CGxStereographicNorthPole : public CGxStereographicPole {
+class GXCART_API CGxStereographicNorthPole
+    : public CGxAlgorithmOf<CGxStereographicNorthPole, CGxStereographicNorthPoleProjection,
+                            CGxStereographicPole> {
 public:
     // name: coordinate-system string (empty means "NON-UTM"); standardParallel
     // and centreLongitude in degrees; false easting and northing (the
@@ -22,10 +23,4 @@ public:
     // of its identifier. With a null definition, an empty or an unknown
     // identifier the grid keeps only the name and its numbers stay NaN.
     explicit CGxStereographicNorthPole(const CGxStereographicNorthPoleProjection* definition);
-
-    CGxProjection* Clone() const override;
-    void TransferParameters(CGxPRJParser& parser) const override;
-
-    // The catalogue definition of this grid's name when it is of this type.
-    bool GetMapProjection(CGxStereographicNorthPoleProjection& definition) const;
 };

@@ -6,23 +6,24 @@
 
 #include "projections/StereographicPole.h"
 
+#include "foundation/Angles.h"
+#include "foundation/DefaultArea.h"
 #include "foundation/Ellipsoid.h"
-#include "foundation/Tolerance.h"
-#include "projections/AlgorithmTransfer.h"
-#include "projections/ProjectionSupport.h"
 
 CGxStereographicPole::CGxStereographicPole(bool south, const char* name_, double standardParallel,
                                            double centreLongitude, double falseEasting,
                                            double falseNorthing, const CGxEllipsoid& ellipsoid)
-    : name(name_), poleLatitude(south ? -90.0 : 90.0) {
+    : CGxLocalGridOf(name_), poleLatitude(south ? -90.0 : 90.0) {
     _Setup(south, standardParallel, centreLongitude, falseEasting, falseNorthing, ellipsoid);
 }
+
+CGxStereographicPole::CGxStereographicPole(bool south, const CGxMapProjData* definition)
+    : CGxLocalGridOf(definition), poleLatitude(south ? -90.0 : 90.0) {}
 
 void CGxStereographicPole::_Setup(bool south, double standardParallel, double centreLongitude,
                                   double falseEasting, double falseNorthing,
                                   const CGxEllipsoid& ellipsoid) {
-    a = ellipsoid.GetMajor();
-    f = ellipsoid.GetFlatness();
+    _SetFigure(ellipsoid);
     latC = standardParallel * kGxDegToRad;
     const double e = ellipsoid.GetEccentricity();
     k0 = GxPolarScaleFromParallel(latC, e, south);
@@ -30,54 +31,17 @@ void CGxStereographicPole::_Setup(bool south, double standardParallel, double ce
                                      falseNorthing);
 }
 
-const char* CGxStereographicPole::GetName() const {
-    return name.name;
-}
-
-void CGxStereographicPole::Geo2Proj(double lon, double lat, double* x, double* y) const {
-    if (name.isLocal) {
-        *x = lon;
-        *y = lat;
-        return;
-    }
-    polar.Forward(lon, lat, x, y);
-}
-
-void CGxStereographicPole::Proj2Geo(double x, double y, double* lon, double* lat) const {
-    if (name.isLocal) {
-        *lon = x;
-        *lat = y;
-        return;
-    }
-    polar.Inverse(x, y, lon, lat);
-}
-
 void CGxStereographicPole::GetOrigin(double* lon, double* lat) const {
     *lon = polar.lonOrigin * kGxRadToDeg;
     *lat = poleLatitude;
 }
 
-double CGxStereographicPole::GetConvergence(double lon, double lat) const {
-    if (name.isLocal) return 0.0;
-    return GxNumericalConvergence(*this, lon, lat);
-}
-
 void CGxStereographicPole::GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const {
-    GxPolarDefaultArea(*this, x0, y0, x1, y1);
-}
-
-bool CGxStereographicPole::IsLocal() const {
-    return name.isLocal;
+    GxSquareAroundOrigin(*this, kGxPolarAreaHalfSide, x0, y0, x1, y1);
 }
 
 void CGxStereographicPole::GetDerivedParameters(double* out) const {
     if (out) out[0] = k0;
 }
 
-bool CGxStereographicPole::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
-    return GxAnonymousEllipsoid(a, f, out);
-}
-
-bool CGxStereographicPole::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
-    return GxCatalogueFigureOf(GetName(), ellipsoid);
-}
+template class CGxLocalGridOf<CGxStereographicPole>;

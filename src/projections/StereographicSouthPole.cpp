@@ -4,7 +4,7 @@
 #include "projections/StereographicSouthPole.h"
 
 #include "definitions/StereographicSouthPoleProjection.h"
-#include "projections/AlgorithmTransfer.h"
+#include "projections/AlgorithmCatalogue.h"
 
 namespace {
 constexpr bool kSouth = true;
@@ -14,21 +14,18 @@ CGxStereographicSouthPole::CGxStereographicSouthPole(const char* name, double st
                                                      double centreLongitude, double falseEasting,
                                                      double falseNorthing,
                                                      const CGxEllipsoid& ellipsoid)
-    : CGxStereographicPole(kSouth, name, standardParallel, centreLongitude, falseEasting,
-                           falseNorthing, ellipsoid) {}
+    : CGxAlgorithmOf(kSouth, name, standardParallel, centreLongitude, falseEasting, falseNorthing,
+                     ellipsoid) {}
 
 CGxStereographicSouthPole::CGxStereographicSouthPole(const CGxStereographicSouthPoleProjection* def)
-    : CGxStereographicPole(kSouth, def) {}
-
-CGxProjection* CGxStereographicSouthPole::Clone() const {
-    return new CGxStereographicSouthPole(*this);
+    : CGxAlgorithmOf(kSouth, def) {
+    // Without a known ellipsoid the grid has no figure: every point converts
+    // to NaN.
+    if (const CGxEllipsoid* ellipsoid = GxDefinitionEllipsoid(def)) {
+        _Setup(kSouth, def->GetParallel1(), def->GetCentre(), def->GetFalseEasting(),
+               def->GetFalseNorthing(), *ellipsoid);
+    }
 }
 
-void CGxStereographicSouthPole::TransferParameters(CGxPRJParser& parser) const {
-    GxTransferAlgorithm(*this, &CGxStereographicSouthPole::GetMapProjection, parser);
-}
-
-bool CGxStereographicSouthPole::GetMapProjection(
-    CGxStereographicSouthPoleProjection& definition) const {
-    return GxCatalogueDefinitionOf(GetName(), definition);
-}
+template class CGxAlgorithmOf<CGxStereographicSouthPole, CGxStereographicSouthPoleProjection,
+                              CGxStereographicPole>;

@@ -4,13 +4,13 @@
 #include <limits>
 
 #include "definitions/TransverseMercatorProjection.h"
+#include "foundation/Angles.h"
+#include "foundation/DefaultArea.h"
 #include "foundation/Ellipsoid.h"
-#include "foundation/Tolerance.h"
-#include "projections/AlgorithmTransfer.h"
-#include "projections/ClenshawSeries.h"
+#include "projections/AlgorithmCatalogue.h"
 #include "projections/FourierCoefficients.h"
-#include "projections/FromDefinition.h"
-#include "projections/TransverseMercatorMath.h"
+#include "projections/math/ClenshawSeries.h"
+#include "projections/math/TransverseMercatorMath.h"
 
 namespace {
 
@@ -19,41 +19,9 @@ constexpr int kTerms = 4;
 // value, a round quarter meridian.
 constexpr double kFoldNorthing = 10000000.0;
 constexpr double kLocalAreaSize = 10000.0;
-constexpr double kDefaultAreaHalf = 3.0;
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
-// eta^2 = e'^2 cos^2 phi, written as (1 - e^2 sin^2 phi)/(1 - e^2) - 1, with e^2
-// taken from the scaled axes k0 a and k0 b.
-double SecondEccentricityTerm(double sinphi, double a, double b, double k0) {
-    const double A = k0 * a, Bs = k0 * b;
-    const double e2 = (A * A - Bs * Bs) / (A * A);
-    return (1 - e2 * sinphi * sinphi) / (1 - e2) - 1;
-}
-
 }  // namespace
-
-void GxGaussianLatitudeSeries(double n, double* toGaussian, double* toGeodetic) {
-    // Geodetic to Gaussian (conformal) latitude, series in n, fourth order.
-    toGaussian[0] = n * (-2.0 + n * (2.0 / 3 + n * (4.0 / 3 - 82.0 * n / 45)));
-    toGaussian[1] = n * n * (5.0 / 3 + n * (-16.0 / 15 - 13.0 * n / 9));
-    toGaussian[2] = n * n * n * (-26.0 / 15 + 34.0 * n / 21);
-    toGaussian[3] = 1237.0 * n * n * n * n / 630;
-    // Gaussian (conformal) to geodetic latitude, series in n, fourth order.
-    toGeodetic[0] = n * (2.0 + n * (-2.0 / 3 + n * (-2.0 + 116.0 * n / 45)));
-    toGeodetic[1] = n * n * (7.0 / 3 + n * (-8.0 / 5 - 227.0 * n / 45));
-    toGeodetic[2] = n * n * n * (56.0 / 15 - 136.0 * n / 35);
-    toGeodetic[3] = 4279.0 * n * n * n * n / 630;
-}
-
-double GxTransverseMercatorConvergence(double dl, double phi, double a, double b, double k0) {
-    const double s = std::sin(phi), c = std::cos(phi), t = std::tan(phi);
-    const double eta2 = SecondEccentricityTerm(s, a, b, k0);
-    const double dl2 = dl * dl;
-    const double c2 = c * c;
-    const double gamma = dl * s + dl2 * dl * s * c2 * (1 + 3 * eta2 + 2 * eta2 * eta2) / 3 +
-                         dl2 * dl2 * dl * s * c2 * c2 * (2 - t * t) / 15;
-    return gamma * kGxRadToDeg;
-}
 
 GxTransverseMercatorParameters GxTransverseMercatorValues(double k0, double lon0, double lat0,
                                                           double FE, double FN,
@@ -91,15 +59,14 @@ GxTransverseMercatorParameters GxTransverseMercatorValues(
 
 CGxTransverseMercatorBase::CGxTransverseMercatorBase(const char* name_,
                                                      const GxTransverseMercatorParameters& p)
-    : name(name_), a(p.a), b(p.b), k0(p.k0), f(p.f), FE(p.FE), FN(p.FN) {}
-
-const char* CGxTransverseMercatorBase::GetName() const {
-    return name.name;
+    : CGxAlgorithm(name_), b(p.b), k0(p.k0), FE(p.FE), FN(p.FN) {
+    a = p.a;
+    f = p.f;
 }
 
 void CGxTransverseMercatorBase::GetDefaultArea(double* x0, double* y0, double* x1,
                                                double* y1) const {
-    if (IsLocal()) {
+    if (_IsLocalGrid()) {
         *x0 = 0.0;
         *y0 = 0.0;
         *x1 = kLocalAreaSize;
@@ -108,26 +75,15 @@ void CGxTransverseMercatorBase::GetDefaultArea(double* x0, double* y0, double* x
     }
     double lon, lat;
     GetOrigin(&lon, &lat);
-    GxDefaultAreaAround(*this, lon, lat, kDefaultAreaHalf, x0, y0, x1, y1);
-}
-
-bool CGxTransverseMercatorBase::IsLocal() const {
-    return name.isLocal;
-}
-
-bool CGxTransverseMercatorBase::GetAnonymousEllipsoid(CGxEllipsoid& out) const {
-    return GxAnonymousEllipsoid(a, f, out);
-}
-
-void CGxTransverseMercatorBase::TransferParameters(CGxPRJParser& parser) const {
-    GxTransferAlgorithm(*this, &CGxTransverseMercatorBase::GetMapProjection, parser);
-}
-
-bool CGxTransverseMercatorBase::GetEllipsoid(CGxEllipsoid& ellipsoid) const {
-    return GxCatalogueFigureOf(GetName(), ellipsoid);
+    GxDefaultAreaAround(*this, lon, lat, kGxDefaultAreaHalfSide, x0, y0, x1, y1);
 }
 
 bool CGxTransverseMercatorBase::GetMapProjection(
+    CGxTransverseMercatorProjection& definition) const {
+    return _CatalogueDefinition(definition);
+}
+
+bool CGxTransverseMercatorBase::_CatalogueDefinition(
     CGxTransverseMercatorProjection& definition) const {
     CGxTransverseMercatorProjection found;
     if (!GxCatalogueDefinitionOf(GetName(), found)) return false;
@@ -151,7 +107,7 @@ CGxTransverseMercator::CGxTransverseMercator(const CGxTransverseMercatorProjecti
 
 CGxTransverseMercator::CGxTransverseMercator(const char* name_,
                                              const GxTransverseMercatorParameters& p)
-    : CGxTransverseMercatorBase(name_, p),
+    : CGxAlgorithmOf(name_, p),
       lon0(p.lon0),
       lat0(p.lat0),
       n(f / (2 - f)),
@@ -167,12 +123,12 @@ CGxTransverseMercator::CGxTransverseMercator(const char* name_,
     Qk = a + (k0 * X - n - (1 - k0)) * a / (n + 1);
     if (lat0 != 0.0) {
         double x0;
-        _Forward(lon0, lat0, FE, 0.0, &x0, &originNorthing);
+        _SeriesForward(lon0, lat0, FE, 0.0, &x0, &originNorthing);
     }
 }
 
-void CGxTransverseMercator::_Forward(double lon, double lat, double fe, double fn, double* x,
-                                     double* y) const {
+void CGxTransverseMercator::_SeriesForward(double lon, double lat, double fe, double fn, double* x,
+                                           double* y) const {
     // Northern hemisphere only; the south is mirrored below. The Gaussian
     // latitude g = p + dg differs from p by a small angle, so its sine and
     // cosine follow from those of p.
@@ -211,7 +167,7 @@ void CGxTransverseMercator::_Forward(double lon, double lat, double fe, double f
     *y = northing + fn;
 }
 
-void CGxTransverseMercator::_Inverse(double x, double y, double* lon, double* lat) const {
+void CGxTransverseMercator::_SeriesInverse(double x, double y, double* lon, double* lat) const {
     const double dN = y - FN;
     const double ce = (x - FE) / Qk;
     const double cn = std::fabs(dN / Qk);
@@ -257,23 +213,13 @@ void CGxTransverseMercator::_Inverse(double x, double y, double* lon, double* la
     *lon = lam * kGxRadToDeg + lon0;
 }
 
-void CGxTransverseMercator::Geo2Proj(double lon, double lat, double* x, double* y) const {
-    if (name.isLocal) {
-        *x = lon;
-        *y = lat;
-        return;
-    }
-    _Forward(lon, lat, FE, FN, x, y);
+void CGxTransverseMercator::_Forward(double lon, double lat, double* x, double* y) const {
+    _SeriesForward(lon, lat, FE, FN, x, y);
     *y -= originNorthing;
 }
 
-void CGxTransverseMercator::Proj2Geo(double x, double y, double* lon, double* lat) const {
-    if (name.isLocal) {
-        *lon = x;
-        *lat = y;
-        return;
-    }
-    _Inverse(x, y + originNorthing, lon, lat);
+void CGxTransverseMercator::_Inverse(double x, double y, double* lon, double* lat) const {
+    _SeriesInverse(x, y + originNorthing, lon, lat);
 }
 
 void CGxTransverseMercator::GetOrigin(double* lon, double* lat) const {
@@ -281,8 +227,7 @@ void CGxTransverseMercator::GetOrigin(double* lon, double* lat) const {
     *lat = lat0;
 }
 
-double CGxTransverseMercator::GetConvergence(double lon, double lat) const {
-    if (name.isLocal) return 0.0;
+double CGxTransverseMercator::_Convergence(double lon, double lat) const {
     return GxTransverseMercatorConvergence((lon - lon0) * kGxDegToRad, lat * kGxDegToRad, a, b, k0);
 }
 
@@ -290,15 +235,11 @@ double CGxTransverseMercator::GetScaleFactor(double lon, double lat) const {
     const double phi = lat * kGxDegToRad;
     const double dl = (lon - lon0) * kGxDegToRad;
     const double c = std::cos(phi), t = std::tan(phi);
-    const double eta2 = SecondEccentricityTerm(std::sin(phi), a, b, k0);
+    const double eta2 = GxTmSecondEccentricityTerm(std::sin(phi), a, b, k0);
     const double te = std::tan(eta2 * phi);
     const double c2 = c * c, dl2 = dl * dl;
     return k0 * (1 + c2 * (1 + eta2) * dl2 / 2 +
                  c2 * c2 * dl2 * dl2 * (5 - 4 * t * t + 14 * eta2 - 28 * te * te));
-}
-
-CGxProjection* CGxTransverseMercator::Clone() const {
-    return new CGxTransverseMercator(*this);
 }
 
 CGxTransverseMercatorProjection CGxTransverseMercator::_WrittenDefinition(
@@ -311,3 +252,7 @@ CGxTransverseMercatorProjection CGxTransverseMercator::_WrittenDefinition(
         found.GetOriginLatitude(), found.GetFalseEasting(), found.GetFalseNorthing(),
         found.CanDelete(), found.CanEdit());
 }
+
+template class CGxLocalGridOf<CGxTransverseMercator, CGxTransverseMercatorBase>;
+template class CGxAlgorithmOf<CGxTransverseMercator, CGxTransverseMercatorProjection,
+                              CGxLocalGridOf<CGxTransverseMercator, CGxTransverseMercatorBase>>;

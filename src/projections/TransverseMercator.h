@@ -1,10 +1,9 @@
 #pragma once
 
-#include "foundation/Projection.h"
-#include "projections/ProjectionSupport.h"
+#include "foundation/GxExport.h"
+#include "projections/Algorithm.h"
 
 class CGxEllipsoid;
-class CGxPRJParser;
 class CGxTransverseMercatorProjection;
 
 // The numbers a Transverse Mercator grid is built from: k0, the central
@@ -16,40 +15,33 @@ struct GxTransverseMercatorParameters {
     double a, b, f, e;
 };
 
-// What both Transverse Mercator classes keep alike: the coordinate-system
-// name, the figure (semi-major and semi-minor axes in metres, flattening), the
-// scale k0 on the central meridian and the false origin (metres). The local
-// grid, the default area and the anonymous ellipsoid follow from these.
-class GXCART_API CGxTransverseMercatorBase : public CGxProjection {
+// What both Transverse Mercator classes keep alike beside the name and the
+// figure of every algorithm: the semi-minor axis (metres), the scale k0 on the
+// central meridian and the false origin (metres). The default area follows
+// from these, and the definition the grid is written as.
+class GXCART_API CGxTransverseMercatorBase : public CGxAlgorithm {
 public:
-    const char* GetName() const override;
     // Projected corners of the +-3 degree box around the origin; (0, 0) to
     // (10000, 10000) on a local grid.
     void GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const override;
-    bool IsLocal() const override;
-    bool GetAnonymousEllipsoid(CGxEllipsoid& out) const override;
-    void TransferParameters(CGxPRJParser& parser) const override;
 
-    // The catalogue figure of the coordinate system this grid is named
-    // after; false when the catalogue knows none.
-    bool GetEllipsoid(CGxEllipsoid& ellipsoid) const;
-    // The catalogue definition of that name when it is of this type, as this
-    // grid writes it (see _WrittenDefinition).
+    // The catalogue definition of this grid's name when it is of this type,
+    // as this grid writes it (see _WrittenDefinition).
     bool GetMapProjection(CGxTransverseMercatorProjection& definition) const;
 
 protected:
     CGxTransverseMercatorBase(const char* name, const GxTransverseMercatorParameters& p);
 
+    // The catalogue definition as this grid writes it; it hides the plain
+    // look-up of the algorithm base.
+    bool _CatalogueDefinition(CGxTransverseMercatorProjection& definition) const;
     // The definition this grid writes for the catalogue entry of its name:
     // the entry itself unless the grid changes it.
     virtual CGxTransverseMercatorProjection _WrittenDefinition(
         const CGxTransverseMercatorProjection& found) const;
 
-    GxProjectionName name;
-    double a;
     double b;
     double k0;
-    double f;
     double FE;
     double FN;
 };
@@ -65,7 +57,9 @@ protected:
 // again for latitudes beyond the poles (lat > 90 gives 20000 km - y, lat < -90
 // gives y - 20000 km). A latitude of origin other than 0 is handled by
 // subtracting the northing of the origin.
-class GXCART_API CGxTransverseMercator : public CGxTransverseMercatorBase {
+class GXCART_API CGxTransverseMercator
+    : public CGxAlgorithmOf<CGxTransverseMercator, CGxTransverseMercatorProjection,
+                            CGxLocalGridOf<CGxTransverseMercator, CGxTransverseMercatorBase>> {
 public:
     // name: coordinate-system string (empty means "NON-UTM"); k0: scale on the
     // central meridian; lon0, lat0: central meridian and latitude of origin in
@@ -79,13 +73,8 @@ public:
     // definition gives the local grid "NON-UTM".
     explicit CGxTransverseMercator(const CGxTransverseMercatorProjection* definition);
 
-    void Geo2Proj(double lon, double lat, double* x, double* y) const override;
-    void Proj2Geo(double x, double y, double* lon, double* lat) const override;
     // Central meridian and latitude of origin, degrees.
     void GetOrigin(double* lon, double* lat) const override;
-    // Fifth-order series in the longitude difference, degrees; 0 on a local grid.
-    double GetConvergence(double lon, double lat) const override;
-    CGxProjection* Clone() const override;
 
     // Point scale factor by the classic series in the longitude difference.
     // The fourth-order term is kept as this library has always evaluated it:
@@ -102,10 +91,16 @@ protected:
 private:
     CGxTransverseMercator(const char* name, const GxTransverseMercatorParameters& p);
 
+    friend CGxLocalGridOf<CGxTransverseMercator, CGxTransverseMercatorBase>;
+    void _Forward(double lon, double lat, double* x, double* y) const;
+    void _Inverse(double x, double y, double* lon, double* lat) const;
+    // Fifth-order series in the longitude difference, degrees.
+    double _Convergence(double lon, double lat) const;
+
     // The projection without the origin-northing shift, with the given false
     // easting and northing.
-    void _Forward(double lon, double lat, double fe, double fn, double* x, double* y) const;
-    void _Inverse(double x, double y, double* lon, double* lat) const;
+    void _SeriesForward(double lon, double lat, double fe, double fn, double* x, double* y) const;
+    void _SeriesInverse(double x, double y, double* lon, double* lat) const;
 
     double lon0;  // degrees
     double lat0;  // degrees
@@ -130,14 +125,3 @@ GxTransverseMercatorParameters GxTransverseMercatorValues(double k0, double lon0
 // has no numbers at all, so all are NaN but the figure.
 GxTransverseMercatorParameters GxTransverseMercatorValues(
     const CGxTransverseMercatorProjection* definition);
-
-// Series between the geodetic latitude and the Gaussian (conformal) latitude
-// of the ellipsoid with third flattening n, fourth order in n:
-// chi = phi + sum_k toGaussian[k-1] sin(2k phi) and
-// phi = chi + sum_k toGeodetic[k-1] sin(2k chi). Each array takes four values.
-void GxGaussianLatitudeSeries(double n, double* toGaussian, double* toGeodetic);
-
-// Grid convergence shared by both Transverse Mercator classes: the series in
-// the longitude difference dl (radians) at latitude phi (radians), with the
-// second eccentricity term taken from the scaled axes k0 a and k0 b; degrees.
-double GxTransverseMercatorConvergence(double dl, double phi, double a, double b, double k0);

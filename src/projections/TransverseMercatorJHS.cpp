@@ -5,19 +5,17 @@
 #include <iterator>
 
 #include "definitions/TransverseMercatorProjection.h"
+#include "foundation/Angles.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Tolerance.h"
-#include "projections/ClenshawSeries.h"
+#include "projections/AlgorithmCatalogue.h"
 #include "projections/FourierCoefficients.h"
-#include "projections/FromDefinition.h"
-#include "projections/TransverseMercator.h"
-#include "projections/TransverseMercatorMath.h"
+#include "projections/math/ClenshawSeries.h"
+#include "projections/math/TransverseMercatorMath.h"
 
 namespace {
 
 constexpr int kTerms = 4;
-constexpr double kHalfPi = kGxPi / 2;
-constexpr double kTwoPi = 2 * kGxPi;
 // Beyond this many half turns the longitude is reduced in one step instead of
 // turn by turn.
 constexpr double kWrapJumpLimit = 64 * kGxPi;
@@ -48,9 +46,9 @@ double WrapFarLongitude(double lam, double lon0) {
     // it would leave the value unchanged for ever.
     if (std::fabs(d) > kWrapJumpLimit || std::fabs(lam) > kWrapJumpLimit ||
         std::fabs(lon0) > kWrapJumpLimit)
-        return std::remainder(d, kTwoPi);
-    while (lam - lon0 < -kGxPi) lam += kTwoPi;
-    while (lam - lon0 > kGxPi) lam -= kTwoPi;
+        return std::remainder(d, kGxTwoPi);
+    while (lam - lon0 < -kGxPi) lam += kGxTwoPi;
+    while (lam - lon0 > kGxPi) lam -= kGxTwoPi;
     return lam - lon0;
 }
 
@@ -120,7 +118,7 @@ CGxTransverseMercatorJHS::CGxTransverseMercatorJHS(const CGxTransverseMercatorPr
 
 CGxTransverseMercatorJHS::CGxTransverseMercatorJHS(const char* name_,
                                                    const GxTransverseMercatorParameters& p)
-    : CGxTransverseMercatorBase(name_, p),
+    : CGxAlgorithmOf(name_, p),
       lon0(p.lon0 * kGxDegToRad),
       lat0(p.lat0 * kGxDegToRad),
       e(p.e),
@@ -134,10 +132,10 @@ CGxTransverseMercatorJHS::CGxTransverseMercatorJHS(const char* name_,
     // latitudes; the poles are taken exactly, where tan(lat0) breaks down.
     if (lat0 == 0.0) {
         M0 = 0.0;
-    } else if (GxIsNear(lat0, kHalfPi)) {
-        M0 = B * kHalfPi;
-    } else if (GxIsNear(lat0, -kHalfPi)) {
-        M0 = -B * kHalfPi;
+    } else if (GxIsNear(lat0, kGxHalfPi)) {
+        M0 = B * kGxHalfPi;
+    } else if (GxIsNear(lat0, -kGxHalfPi)) {
+        M0 = -B * kGxHalfPi;
     } else {
         const double Q0 = std::asinh(std::tan(lat0)) - e * std::atanh(e * std::sin(lat0));
         const double b0 = std::atan(std::sinh(Q0));
@@ -154,12 +152,7 @@ CGxTransverseMercatorJHS::CGxTransverseMercatorJHS(const char* name_,
         correction[k] = ek / (2 * k + 1);
 }
 
-void CGxTransverseMercatorJHS::Geo2Proj(double lon, double lat, double* x, double* y) const {
-    if (name.isLocal) {
-        *x = lon;
-        *y = lat;
-        return;
-    }
+void CGxTransverseMercatorJHS::_Forward(double lon, double lat, double* x, double* y) const {
     const double dl = LongitudeFromOrigin(lon * kGxDegToRad, lon0);
     const double phi = lat * kGxDegToRad;
     const double sphi = std::sin(phi), cphi = std::cos(phi);
@@ -184,7 +177,7 @@ void CGxTransverseMercatorJHS::Geo2Proj(double lon, double lat, double* x, doubl
     const double u = cb * cdl;
     const double eta0 = GxTmAtanh(t);
     double xi0 = std::atan(sb / std::fabs(u));
-    if (std::fabs(dl) > kHalfPi) xi0 = (phi > 0 ? kGxPi : -kGxPi) - xi0;
+    if (std::fabs(dl) > kGxHalfPi) xi0 = (phi > 0 ? kGxPi : -kGxPi) - xi0;
 
     // sin, cos of 2 xi0 and sinh, cosh of 2 eta0 from the same quantities:
     // tan xi0 = sb/u (the fold changes 2 xi0 by whole turns only), tanh eta0 = t,
@@ -199,12 +192,7 @@ void CGxTransverseMercatorJHS::Geo2Proj(double lon, double lat, double* x, doubl
     *y = FN + Bk0 * (xi0 + dxi) - k0M0;
 }
 
-void CGxTransverseMercatorJHS::Proj2Geo(double x, double y, double* lon, double* lat) const {
-    if (name.isLocal) {
-        *lon = x;
-        *lat = y;
-        return;
-    }
+void CGxTransverseMercatorJHS::_Inverse(double x, double y, double* lon, double* lat) const {
     const double etap = (x - FE) * invBk0;
     const double xip = (y - FN + k0M0) * invBk0;
 
@@ -274,7 +262,7 @@ void CGxTransverseMercatorJHS::Proj2Geo(double x, double y, double* lon, double*
     // Longitude: asin(tanh eta0' / cos beta') = atan(sinh eta0' / |cos xi0'|),
     // mirrored into the far half for points beyond the pole.
     double dl = std::atan(sheta / std::fabs(cxi));
-    if (!(xip >= -kHalfPi && xip <= kHalfPi)) dl = (etap >= 0 ? kGxPi : -kGxPi) - dl;
+    if (!(xip >= -kGxHalfPi && xip <= kGxHalfPi)) dl = (etap >= 0 ? kGxPi : -kGxPi) - dl;
     *lon = (lon0 + dl) * kGxRadToDeg;
 }
 
@@ -283,11 +271,10 @@ void CGxTransverseMercatorJHS::GetOrigin(double* lon, double* lat) const {
     *lat = lat0 * kGxRadToDeg;
 }
 
-double CGxTransverseMercatorJHS::GetConvergence(double lon, double lat) const {
-    if (name.isLocal) return 0.0;
+double CGxTransverseMercatorJHS::_Convergence(double lon, double lat) const {
     return GxTransverseMercatorConvergence(lon * kGxDegToRad - lon0, lat * kGxDegToRad, a, b, k0);
 }
 
-CGxProjection* CGxTransverseMercatorJHS::Clone() const {
-    return new CGxTransverseMercatorJHS(*this);
-}
+template class CGxLocalGridOf<CGxTransverseMercatorJHS, CGxTransverseMercatorBase>;
+template class CGxAlgorithmOf<CGxTransverseMercatorJHS, CGxTransverseMercatorProjection,
+                              CGxLocalGridOf<CGxTransverseMercatorJHS, CGxTransverseMercatorBase>>;

@@ -15,7 +15,9 @@ class CGxTransverseMercatorProjection;
 // (lon0 + 359 is lon0 - 1). Points more than 90 degrees of longitude away from
 // the central meridian lie beyond the pole on the grid: the forward folds xi0
 // over the pole and the inverse unfolds it for |xi'| > pi/2.
-class GXCART_API CGxTransverseMercatorJHS : public CGxTransverseMercatorBase {
+class GXCART_API CGxTransverseMercatorJHS
+    : public CGxAlgorithmOf<CGxTransverseMercatorJHS, CGxTransverseMercatorProjection,
+                            CGxLocalGridOf<CGxTransverseMercatorJHS, CGxTransverseMercatorBase>> {
 public:
     // name: coordinate-system string (empty means "NON-UTM"); k0: scale on the
     // central meridian; lon0, lat0: central meridian and latitude of origin in
@@ -29,16 +31,17 @@ public:
     // definition gives the local grid "NON-UTM".
     explicit CGxTransverseMercatorJHS(const CGxTransverseMercatorProjection* definition);
 
-    void Geo2Proj(double lon, double lat, double* x, double* y) const override;
-    void Proj2Geo(double x, double y, double* lon, double* lat) const override;
     // Central meridian and latitude of origin, degrees.
     void GetOrigin(double* lon, double* lat) const override;
-    // Fifth-order series in the longitude difference, degrees; 0 on a local grid.
-    double GetConvergence(double lon, double lat) const override;
-    CGxProjection* Clone() const override;
 
 private:
     CGxTransverseMercatorJHS(const char* name, const GxTransverseMercatorParameters& p);
+
+    friend CGxLocalGridOf<CGxTransverseMercatorJHS, CGxTransverseMercatorBase>;
+    void _Forward(double lon, double lat, double* x, double* y) const;
+    void _Inverse(double x, double y, double* lon, double* lat) const;
+    // Fifth-order series in the longitude difference, degrees.
+    double _Convergence(double lon, double lat) const;
 
     double lon0;  // radians
     double lat0;  // radians

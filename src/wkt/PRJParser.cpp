@@ -6,7 +6,7 @@
 
 #include "foundation/NumberText.h"
 #include "foundation/Tolerance.h"
-#include "projections/ProjectionSupport.h"
+#include "projections/ProjectionName.h"
 #include "wkt/WktTokenizer.h"
 
 // The record itself: construction, the recogniser, the name and parameter

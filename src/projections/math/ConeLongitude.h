@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "foundation/Tolerance.h"
+#include "foundation/Angles.h"
 
 // Longitude difference from the central meridian (radians) for the Albers
 // and equidistant conic cones: taken the shorter way round, so that a grid
@@ -13,5 +13,5 @@
 // it comes.
 inline double GxConeLongitudeDifference(double lonRad, double lon0) {
     const double d = lonRad - lon0;
-    return std::fabs(d) > kGxPi ? std::remainder(d, 2 * kGxPi) : d;
+    return std::fabs(d) > kGxPi ? std::remainder(d, kGxTwoPi) : d;
 }

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "projections/ClenshawSeries.h"
+#include "projections/math/ClenshawSeries.h"
 
 // Meridian lengths shared by the projections that keep distances along the
 // meridians (Cassini-Soldner, equidistant conic). Inline: they sit in the hot

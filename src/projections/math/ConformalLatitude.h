@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "foundation/Angles.h"
+
 // The conformal-latitude pieces shared by the conformal projections (Lambert,
 // Mercator, stereographic, oblique Mercator, Krovak). Inline: they sit in the
 // hot paths.
@@ -10,7 +12,7 @@
 // isometric-latitude term exp(-psi) of the conformal projections.
 inline double GxConformalT(double phi, double e) {
     const double es = e * std::sin(phi);
-    return std::tan(0.7853981633974483 - phi / 2) / std::pow((1 - es) / (1 + es), e / 2);
+    return std::tan(kGxQuarterPi - phi / 2) / std::pow((1 - es) / (1 + es), e / 2);
 }
 
 // Geodetic latitude from the conformal latitude chi by the series
@@ -34,13 +36,12 @@ inline double GxLatitudeFromConformal(double chi, const double* c) {
 // one or two passes then end the iteration, where the bare conformal latitude
 // (off by up to e^2/2 rad) needs five or six.
 inline double GxLatitudeFromT(double t, double e, const double* c) {
-    constexpr double kHalfPi = 1.5707963267948966;
     constexpr double kConvergence = 1e-12;
     constexpr int kMaxPasses = 100;
-    double phi = GxLatitudeFromConformal(kHalfPi - 2 * std::atan(t), c);
+    double phi = GxLatitudeFromConformal(kGxHalfPi - 2 * std::atan(t), c);
     for (int i = 0; i < kMaxPasses; ++i) {
         const double es = e * std::sin(phi);
-        const double next = kHalfPi - 2 * std::atan(t * std::pow((1 - es) / (1 + es), e / 2));
+        const double next = kGxHalfPi - 2 * std::atan(t * std::pow((1 - es) / (1 + es), e / 2));
         const bool done = std::fabs(next - phi) < kConvergence;
         phi = next;
         if (done) break;

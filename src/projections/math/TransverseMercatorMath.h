@@ -2,8 +2,12 @@
 
 #include <cmath>
 
-// Elementary functions of small arguments for the Transverse Mercator series.
-// The corrections these projections apply (Krueger's sums, the step from the
+#include "foundation/Angles.h"
+
+// The maths both Transverse Mercator forms share: the latitude series of the
+// Gaussian (conformal) sphere and the convergence series at the end of this
+// file, and first the elementary functions of small arguments for their
+// series. The corrections these projections apply (Krueger's sums, the step from the
 // conformal or Gaussian latitude to the geodetic one, e atanh(e sin phi)) stay
 // below 0.007 on terrestrial ellipsoids and on any grid of sensible width
 // (eta' up to 1.6). Up to kGxTmSmall their circular and hyperbolic functions
@@ -76,4 +80,43 @@ inline void GxTmRotate(double sa, double ca, double q, double* s, double* c) {
     GxTmSinCosSmall(q, &sq, &cq);
     *s = sa * cq + ca * sq;
     *c = ca * cq - sa * sq;
+}
+
+// Series between the geodetic latitude and the Gaussian (conformal) latitude
+// of the ellipsoid with third flattening n, fourth order in n:
+// chi = phi + sum_k toGaussian[k-1] sin(2k phi) and
+// phi = chi + sum_k toGeodetic[k-1] sin(2k chi). Each array takes four values.
+inline void GxGaussianLatitudeSeries(double n, double* toGaussian, double* toGeodetic) {
+    // Geodetic to Gaussian (conformal) latitude, series in n, fourth order.
+    toGaussian[0] = n * (-2.0 + n * (2.0 / 3 + n * (4.0 / 3 - 82.0 * n / 45)));
+    toGaussian[1] = n * n * (5.0 / 3 + n * (-16.0 / 15 - 13.0 * n / 9));
+    toGaussian[2] = n * n * n * (-26.0 / 15 + 34.0 * n / 21);
+    toGaussian[3] = 1237.0 * n * n * n * n / 630;
+    // Gaussian (conformal) to geodetic latitude, series in n, fourth order.
+    toGeodetic[0] = n * (2.0 + n * (-2.0 / 3 + n * (-2.0 + 116.0 * n / 45)));
+    toGeodetic[1] = n * n * (7.0 / 3 + n * (-8.0 / 5 - 227.0 * n / 45));
+    toGeodetic[2] = n * n * n * (56.0 / 15 - 136.0 * n / 35);
+    toGeodetic[3] = 4279.0 * n * n * n * n / 630;
+}
+
+// eta^2 = e'^2 cos^2 phi, written as (1 - e^2 sin^2 phi)/(1 - e^2) - 1, with e^2
+// taken from the scaled axes k0 a and k0 b.
+inline double GxTmSecondEccentricityTerm(double sinphi, double a, double b, double k0) {
+    const double A = k0 * a, Bs = k0 * b;
+    const double e2 = (A * A - Bs * Bs) / (A * A);
+    return (1 - e2 * sinphi * sinphi) / (1 - e2) - 1;
+}
+
+// Grid convergence shared by both Transverse Mercator classes: the series in
+// the longitude difference dl (radians) at latitude phi (radians), with the
+// second eccentricity term taken from the scaled axes k0 a and k0 b; degrees.
+inline double GxTransverseMercatorConvergence(double dl, double phi, double a, double b,
+                                              double k0) {
+    const double s = std::sin(phi), c = std::cos(phi), t = std::tan(phi);
+    const double eta2 = GxTmSecondEccentricityTerm(s, a, b, k0);
+    const double dl2 = dl * dl;
+    const double c2 = c * c;
+    const double gamma = dl * s + dl2 * dl * s * c2 * (1 + 3 * eta2 + 2 * eta2 * eta2) / 3 +
+                         dl2 * dl2 * dl * s * c2 * c2 * (2 - t * t) / 15;
+    return gamma * kGxRadToDeg;
 }

@@ -2,11 +2,9 @@
 
 #include <cmath>
 
-#include "foundation/Projection.h"
-#include "foundation/Tolerance.h"
-#include "projections/ConformalLatitude.h"
-#include "projections/FromDefinition.h"
-#include "projections/ProjectionSupport.h"
+#include "foundation/Angles.h"
+#include "projections/math/ConformalLatitude.h"
+#include "projections/math/NoFigure.h"
 
 // The normal-aspect ellipsoidal Mercator shared by the scale-factor and the
 // standard-parallel forms: x = a k0 (lon - lon0), y = a k0 psi with psi the
@@ -39,24 +37,8 @@ struct GxMercatorCylinder {
     // Map units in, degrees out.
     void Inverse(double x, double y, double* lon, double* lat) const {
         const double t = std::exp((falseNorthing - y) / ak0);
-        const double chi = 1.5707963267948966 - 2 * std::atan(t);
+        const double chi = kGxHalfPi - 2 * std::atan(t);
         *lon = ((x - falseEasting) / ak0 + lon0) * kGxRadToDeg;
         *lat = GxLatitudeFromConformal(chi, c) * kGxRadToDeg;
     }
 };
-
-// Default area of both Mercator forms: a map centred on Greenwich shows the
-// inhabited world, 60 S to 81 N all round (the nearness test against 0 holds
-// only for an exact 0); any other centre gets the +-3 degree box around
-// (centre, 0).
-inline void GxMercatorDefaultArea(const CGxProjection& p, double* x0, double* y0, double* x1,
-                                  double* y1) {
-    double lon, lat;
-    p.GetOrigin(&lon, &lat);
-    if (GxIsNear(lon, 0.0) && GxIsNear(lat, 0.0)) {
-        p.Geo2Proj(-180.0, -60.0, x0, y0);
-        p.Geo2Proj(180.0, 81.0, x1, y1);
-    } else {
-        GxDefaultAreaAround(p, lon, lat, 3.0, x0, y0, x1, y1);
-    }
-}

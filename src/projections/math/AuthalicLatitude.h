@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "projections/ConformalLatitude.h"
+#include "projections/math/ConformalLatitude.h"
 
 // The authalic-latitude pieces shared by the equal-area projections (Albers
 // conic, Lambert azimuthal). Inline: they sit in the hot paths.

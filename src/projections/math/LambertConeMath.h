@@ -2,11 +2,11 @@
 
 #include <cmath>
 
-#include "foundation/Tolerance.h"
-#include "projections/ConeApexOffsets.h"
-#include "projections/ConformalLatitude.h"
+#include "foundation/Angles.h"
 #include "projections/FourierCoefficients.h"
-#include "projections/FromDefinition.h"
+#include "projections/math/ConeApexOffsets.h"
+#include "projections/math/ConformalLatitude.h"
+#include "projections/math/NoFigure.h"
 
 // The map geometry shared by the one- and two-parallel Lambert conformal
 // conics. A parallel of isometric term t is drawn as a circle of radius

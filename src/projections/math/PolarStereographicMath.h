@@ -2,12 +2,11 @@
 
 #include <cmath>
 
-#include "foundation/Projection.h"
-#include "foundation/Tolerance.h"
-#include "projections/ConformalLatitude.h"
+#include "foundation/Angles.h"
 #include "projections/FourierCoefficients.h"
-#include "projections/FromDefinition.h"
-#include "projections/ParallelRadius.h"
+#include "projections/math/ConformalLatitude.h"
+#include "projections/math/NoFigure.h"
+#include "projections/math/ParallelRadius.h"
 
 // Polar aspect of the ellipsoidal stereographic projection (EPSG Guidance
 // Note 7-2, methods 9810 and 9829), shared by the polar aspect of the
@@ -71,24 +70,10 @@ struct GxPolarStereographicMath {
         const double dx = x - falseEasting;
         const double dy = y - falseNorthing;
         const double t = std::sqrt(dx * dx + dy * dy) / rhoScale;
-        const double chi = hemisphere * (1.5707963267948966 - 2 * std::atan(t));
+        const double chi = hemisphere * (kGxHalfPi - 2 * std::atan(t));
         double lambda = lonOrigin;
         if (x != falseEasting) lambda += std::atan2(dx, -hemisphere * dy);
         *lon = lambda * kGxRadToDeg;
         *lat = GxLatitudeFromConformal(chi, c) * kGxRadToDeg;
     }
 };
-
-// Default area of the polar forms: the square of +-200 km around the easting
-// of the pole. Both axes are built from the easting of the pole, not from its
-// northing, so a false northing different from the false easting moves the
-// square off the pole; this is how the area has always been reported.
-inline void GxPolarDefaultArea(const CGxProjection& p, double* x0, double* y0, double* x1,
-                               double* y1) {
-    constexpr double kHalfWidth = 200000.0;
-    double lon, lat, x, y;
-    p.GetOrigin(&lon, &lat);
-    p.Geo2Proj(lon, lat, &x, &y);
-    *x0 = *y0 = x - kHalfWidth;
-    *x1 = *y1 = x + kHalfWidth;
-}

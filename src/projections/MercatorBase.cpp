@@ -1,0 +1,46 @@
+#include "projections/MercatorBase.h"
+
+#include "foundation/Angles.h"
+#include "foundation/DefaultArea.h"
+#include "foundation/Ellipsoid.h"
+#include "foundation/Tolerance.h"
+#include "projections/FourierCoefficients.h"
+
+void CGxMercatorBase::_Setup(double k0_, double derived_, double centreLongitude,
+                             double falseEasting, double falseNorthing,
+                             const CGxEllipsoid& ellipsoid) {
+    _SetFigure(ellipsoid);
+    k0 = k0_;
+    derived = derived_;
+    const double e = ellipsoid.GetEccentricity();
+    cylinder.e = e;
+    cylinder.ak0 = a * k0;
+    cylinder.lon0 = centreLongitude * kGxDegToRad;
+    cylinder.falseEasting = falseEasting;
+    cylinder.falseNorthing = falseNorthing;
+    GxComputeFourierCoefficients(EGxSeries::eConformalLatitude, false, e * e, cylinder.c);
+}
+
+void CGxMercatorBase::GetOrigin(double* lon, double* lat) const {
+    *lon = cylinder.lon0 * kGxRadToDeg;
+    *lat = 0.0;
+}
+
+// A map centred on Greenwich shows the inhabited world all round (the
+// nearness test against 0 holds only for an exact 0); any other centre gets
+// the box around (centre, 0).
+void CGxMercatorBase::GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const {
+    double lon, lat;
+    GetOrigin(&lon, &lat);
+    if (GxIsNear(lon, 0.0) && GxIsNear(lat, 0.0)) {
+        GxWorldArea(*this, x0, y0, x1, y1);
+    } else {
+        GxDefaultAreaAround(*this, lon, lat, kGxDefaultAreaHalfSide, x0, y0, x1, y1);
+    }
+}
+
+void CGxMercatorBase::GetDerivedParameters(double* out) const {
+    if (out) out[0] = derived;
+}
+
+template class CGxLocalGridOf<CGxMercatorBase>;

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstddef>
+
+// The coordinate-system name every algorithm keeps, and the one name that
+// makes an algorithm the local plane grid.
+
+// Size of the name buffer, terminator included.
+constexpr std::size_t kGxNameSize = 256;
+
+// The coordinate-system string of a plane grid without georeference.
+constexpr const char* kGxLocalGridName = "NON-UTM";
+
+// The string test of a local grid: exactly "NON-UTM".
+bool GxIsLocalString(const char* s);
+
+// The coordinate-system string an algorithm was built from, truncated safely to
+// 255 characters; an empty or null string becomes "NON-UTM". isLocal is decided
+// once, here.
+struct GxProjectionName {
+    char name[kGxNameSize];
+    bool isLocal;
+
+    explicit GxProjectionName(const char* s);
+};
