@@ -39,9 +39,9 @@ struct Entry {
 };
 
 std::unique_ptr<CGxMapProjData> _DefinitionFor(const std::string& sectionName) {
-    for (int i = 0; i < CGxMapProjData::GetNoOfProjections(); ++i) {
-        std::unique_ptr<CGxMapProjData> candidate(CGxMapProjData::CreateDefaultParameterProjection(
-            CGxMapProjData::Enum2ProjectionType(i)));
+    for (CGxMapProjData::EProjectionType type : GxDefinitionTypes()) {
+        std::unique_ptr<CGxMapProjData> candidate(
+            CGxMapProjData::CreateDefaultParameterProjection(type));
         if (candidate && candidate->IsSectionID(sectionName)) return candidate;
     }
     return nullptr;

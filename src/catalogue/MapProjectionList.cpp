@@ -43,9 +43,8 @@ const char* const kDeferredEpsgFile = "epsg_other.zpf";
 class SectionReaders {
 public:
     SectionReaders() {
-        for (int i = 0; i < CGxMapProjData::GetNoOfProjections(); ++i)
-            types.emplace_back(CGxMapProjData::CreateDefaultParameterProjection(
-                CGxMapProjData::Enum2ProjectionType(i)));
+        for (CGxMapProjData::EProjectionType type : GxDefinitionTypes())
+            types.emplace_back(CGxMapProjData::CreateDefaultParameterProjection(type));
     }
 
     // A new default definition of the first type that accepts the section

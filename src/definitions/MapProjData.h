@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "foundation/GxExport.h"
 
@@ -101,6 +102,7 @@ public:
         ePolarStereographic = 20,
         eNonProjected = 21,
         eInvalidProjection = 22,
+        eCylindricalEqualArea = 23,
     };
 
     // How a parameter value is shown or converted.
@@ -157,19 +159,22 @@ public:
 
     // A new definition of the type with both flags set, owned by the caller;
     // params holds the type's parameters in index order (not read for the
-    // geographical type; null stands for all zeros). Null for a type outside
-    // 1..20 or when memory runs out.
+    // geographical type; null stands for all zeros). Null for a type without
+    // a definition class (21, 22, values outside the enumeration) or when
+    // memory runs out.
     static CGxMapProjData* CreateProjection(EProjectionType type, const std::string& name,
                                             const std::string& branchName,
                                             const std::string& ellipsoidID, double* const params);
     // The type's default definition: neither editable nor deletable, empty
-    // branch. Null for a type outside 1..20.
+    // branch. Null for a type without a definition class.
     static CGxMapProjData* CreateDefaultParameterProjection(EProjectionType type);
 
-    // Zero-based list position to type and back; no range check.
+    // Zero-based list position to type and back; no range check. The list
+    // holds the types 1 to 20; GxDefinitionTypes names every type that has a
+    // definition class.
     static EProjectionType Enum2ProjectionType(int index);
     static int ProjectionType2Enum(EProjectionType type);
-    // Number of types with a definition class.
+    // Number of types in the list (20).
     static int GetNoOfProjections();
 
     // Whether a type belongs to the classes asked for: flag 2 geographic
@@ -193,3 +198,8 @@ public:
     static bool zpfGetParamDMS(void* section, const char* keyword, int* degrees, int* minutes,
                                double* seconds);
 };
+
+// Every type with a definition class, in the order of the types: the list's
+// twenty and those added after eInvalidProjection. Readers of keyword files
+// ask each of them whether it reads a section.
+GXCART_API std::vector<CGxMapProjData::EProjectionType> GxDefinitionTypes();

@@ -7,9 +7,11 @@
 #include <iterator>
 #include <new>
 #include <utility>
+#include <vector>
 
 #include "definitions/AlbersEqualAreaProjection.h"
 #include "definitions/CassiniSoldnerProjection.h"
+#include "definitions/CylindricalEqualAreaProjection.h"
 #include "definitions/EquidistantConicProjection.h"
 #include "definitions/GeographicalProjection.h"
 #include "definitions/HotineObliqueMercatorProjection.h"
@@ -33,6 +35,7 @@
 #include "foundation/Tolerance.h"
 #include "projections/AlbersEqualArea.h"
 #include "projections/CassiniSoldner.h"
+#include "projections/CylindricalEqualArea.h"
 #include "projections/EquidistantConic.h"
 #include "projections/Geographical.h"
 #include "projections/HotineObliqueMercator.h"
@@ -538,6 +541,16 @@ constexpr GxWktName kNonProjectedNames[] = {
 
 // ------------------------------------------------------------------ rows
 
+// 23: Lambert cylindrical equal area, normal aspect. ESRI and GDAL write
+// "Cylindrical_Equal_Area"; EPSG method 9835 is the ellipsoidal form (its
+// spherical variant 9834 works on the authalic sphere and is not read).
+constexpr GxWktName kCylindricalEqualAreaNames[] = {
+    {"Cylindrical_Equal_Area", D::kPlain, kAllWritten, kTypeRules},
+    {"Lambert Cylindrical Equal Area", D::kPlain, kDefaults, kTypeRules},
+};
+constexpr GxProj4Item kProj4TrueScale[] = {kProj4TrueScaleParallel, kProj4CentralMeridian,
+                                           kProj4FalseEasting, kProj4FalseNorthing};
+
 constexpr bool kSortsParallels = true;
 constexpr bool kKeepsParallels = false;
 constexpr bool kGeographic = true;
@@ -740,6 +753,11 @@ constexpr GxProjectionType kTypes[] = {
     Row(M::eNonProjected, Read(kNonProjectedNames, kReadOriginScale),
         Write("Non_Projected", kWriteOriginScale),
         Build(AlgorithmOnly<CGxTransverseMercatorJHS>(kOriginScaleValues), kConformal), kNoProj4),
+    Row(M::eCylindricalEqualArea, Read(kCylindricalEqualAreaNames, kReadParallel),
+        Write("Cylindrical_Equal_Area", kWriteParallel),
+        Build(Classes<CGxCylindricalEqualAreaProjection, CGxCylindricalEqualArea>(kParallelValues),
+              EGxSeries::eAuthalicLatitude),
+        Proj4("+proj=cea ", kProj4TrueScale)),
 };
 
 // One row for each type, in the order of the types.
@@ -839,6 +857,14 @@ CGxMapProjData* CGxMapProjData::CreateDefaultParameterProjection(EProjectionType
         return nullptr;
     }
     return definition;
+}
+
+std::vector<CGxMapProjData::EProjectionType> GxDefinitionTypes() {
+    std::vector<CGxMapProjData::EProjectionType> types;
+    for (const GxProjectionType& row : kTypes) {
+        if (row.newDefinition) types.push_back(row.type);
+    }
+    return types;
 }
 
 bool CGxMapProjData::IsEquivalent(int flags, EProjectionType type) {
@@ -955,6 +981,9 @@ CGxProjection* CGxAlbersEqualAreaProjection::CreateProjection() const {
 }
 CGxProjection* CGxLambertAzimuthalEqualAreaProjection::CreateProjection() const {
     return new CGxLambertAzimuthalEqualArea(this);
+}
+CGxProjection* CGxCylindricalEqualAreaProjection::CreateProjection() const {
+    return new CGxCylindricalEqualArea(this);
 }
 CGxProjection* CGxCassiniSoldnerProjection::CreateProjection() const {
     return new CGxCassiniSoldner(this);

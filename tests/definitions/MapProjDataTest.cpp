@@ -215,7 +215,7 @@ TEST(MapProjDataFactory, CreatesEditableDefinitionFromValues) {
 
 TEST(MapProjDataFactory, TypesWithoutClassGiveNull) {
     double params[10] = {};
-    for (int type : {0, -1, 21, 22, 23, 1000, -2147483647 - 1}) {
+    for (int type : {0, -1, 21, 22, 24, 1000, -2147483647 - 1}) {
         EXPECT_EQ(
             D::CreateProjection(static_cast<D::EProjectionType>(type), "n", "b", "WE", params),
             nullptr)

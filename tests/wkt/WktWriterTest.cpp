@@ -129,7 +129,7 @@ TEST(WktWriter, BufferTakesTheTextOnlyWithItsTerminator) {
 TEST(WktWriter, TypeWithoutParameterListStopsAfterProjection) {
     // Undefined and out-of-range types: the text up to PROJECTION and false.
     // The buffer form answers only whether the text fits.
-    for (int type : {0, 22, 23, -5}) {
+    for (int type : {0, 22, 24, -5}) {
         CGxTransverseMercatorProjection definition = Zone32();
         CGxPRJParser parser(&definition);
         parser.SetProjectionType(static_cast<EType>(type));
