@@ -163,17 +163,3 @@ TEST(AlbersEqualArea, ConvergenceMatchesReference) {
     EXPECT_NEAR(south.GetConvergence(150, -40), -8.07262788, 1e-7);
 }
 
-TEST(AlbersEqualArea, AnonymousEllipsoidKeepsNames) {
-    CGxEllipsoid out("Mine", "MI", 1, 1);
-    ASSERT_TRUE(
-        CGxAlbersEqualArea("A", 29.5, 45.5, -96, 23, 0, 0, kWgs84).GetAnonymousEllipsoid(out));
-    EXPECT_EQ(out.GetMajor(), 6378137.0);
-    EXPECT_NEAR(out.GetInvFlatness(), 298.257223563, 1e-9);
-    EXPECT_EQ(out.GetName(), "Mine");
-    ASSERT_TRUE(CGxAlbersEqualArea("A", 29.5, 45.5, -96, 23, 0, 0, Sphere(6371000))
-                    .GetAnonymousEllipsoid(out));
-    EXPECT_EQ(out.GetMajor(), 6371000.0);
-    EXPECT_EQ(out.GetInvFlatness(), 0.0);
-    EXPECT_FALSE(CGxAlbersEqualArea("A", 29.5, 45.5, -96, 23, 0, 0, CGxEllipsoid("Z", "Z", 0, 0))
-                     .GetAnonymousEllipsoid(out));
-}

@@ -101,32 +101,6 @@ TEST(Krovak, DefaultAreaCentredOnFirstCoordinate) {
     EXPECT_NEAR(y1, 1159048.159528 + 500000, kForwardTolerance);
 }
 
-TEST(Krovak, CloneLocalGridAndAnonymousEllipsoid) {
-    const CGxKrovak p = Sjtsk(90, -1, 1);
-    std::unique_ptr<CGxProjection> copy(p.Clone());
-    ASSERT_NE(dynamic_cast<CGxKrovak*>(copy.get()), nullptr);
-    EXPECT_STREQ(copy->GetName(), "S-JTSK");
-    GxExpectReferenceTable(*copy, kEastNorth, kGxMillimetreTable);
-
-    CGxEllipsoid out;
-    ASSERT_TRUE(copy->GetAnonymousEllipsoid(out));
-    EXPECT_EQ(out.GetMajor(), 6377397.155);
-    EXPECT_DOUBLE_EQ(out.GetInvFlatness(), 299.1528128);
-
-    const CGxKrovak local("", 0.9999, 78.5, 24.8333333333333, 49.5, 30.2881397527778, 90, -1, 1, 0,
-                          0, kBessel);
-    EXPECT_STREQ(local.GetName(), "NON-UTM");
-    EXPECT_TRUE(local.IsLocal());
-    double x, y;
-    local.Geo2Proj(14.42, 50.1, &x, &y);
-    EXPECT_EQ(x, 14.42);
-    EXPECT_EQ(y, 50.1);
-    local.Proj2Geo(-742797.85, -1041695.27, &x, &y);
-    EXPECT_EQ(x, -742797.85);
-    EXPECT_EQ(y, -1041695.27);
-    EXPECT_EQ(local.GetConvergence(14.42, 50.1), 0.0);
-}
-
 // The cone's apex is the pseudo pole: on the sphere it lies on the origin
 // meridian at latitude 90 - azimuth.
 TEST(Krovak, ApexIsPseudoPole) {

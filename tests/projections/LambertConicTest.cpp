@@ -183,48 +183,6 @@ TEST(LambertConformalConic2SP, DefaultAreaAtAPolarFalseOriginCentresOnTheMeanPar
     }
 }
 
-TEST(LambertConformalConic, LocalGridIsTheIdentity) {
-    // "NON-UTM" (also what an empty name becomes) is a plane grid without
-    // georeference: coordinates pass through untouched, false origin unused.
-    for (const char* name : {"NON-UTM", ""}) {
-        const CGxLambert2SP p(name, 49, 44, 3, 46.5, 700000, 6600000, kGrs80);
-        const CGxLambert1SP q(name, 1, -77, 18, 250000, 150000, kClarke1866);
-        for (const CGxProjection* c :
-             {static_cast<const CGxProjection*>(&p), static_cast<const CGxProjection*>(&q)}) {
-            EXPECT_STREQ(c->GetName(), "NON-UTM");
-            EXPECT_TRUE(c->IsLocal());
-            GxExpectIdentity(*c, 1234.5, -678.25);
-            EXPECT_EQ(c->GetConvergence(50, 50), 0.0);
-        }
-    }
-    EXPECT_FALSE(France2SP().IsLocal());
-}
-
-TEST(LambertConformalConic, LongNameIsTruncatedSafely) {
-    const std::string longName(400, 'L');
-    const CGxLambert1SP p(longName.c_str(), 1, 0, 45, 0, 0, kGrs80);
-    EXPECT_EQ(std::string(p.GetName()), longName.substr(0, 255));
-}
-
-TEST(LambertConformalConic, AnonymousEllipsoid) {
-    CGxEllipsoid out("keep", "K", 1, 1);
-    ASSERT_TRUE(France2SP().GetAnonymousEllipsoid(out));
-    EXPECT_EQ(out.GetMajor(), 6378137.0);
-    EXPECT_NEAR(out.GetInvFlatness(), 298.257222101, 1e-9);
-    EXPECT_EQ(out.GetName(), "keep");
-    EXPECT_EQ(out.GetID(), "K");
-
-    const CGxEllipsoid sphere("Sphere", "SP", 6371000.0, 0.0);
-    ASSERT_TRUE(CGxLambert1SP("S", 1, 0, 45, 0, 0, sphere).GetAnonymousEllipsoid(out));
-    EXPECT_EQ(out.GetMajor(), 6371000.0);
-    EXPECT_EQ(out.GetInvFlatness(), 0.0);
-
-    // A major axis of 0 is no ellipsoid: out is left alone.
-    const CGxEllipsoid none("None", "NO", 0.0, 300.0);
-    EXPECT_FALSE(CGxLambert2SP("N", 49, 44, 3, 46.5, 0, 0, none).GetAnonymousEllipsoid(out));
-    EXPECT_EQ(out.GetMajor(), 6371000.0);
-}
-
 TEST(LambertConformalConic, SphereAgreesWithProj) {
     // The sphere is the ellipsoid with e = 0, through the same formulas.
     // cct -d 6 +proj=lcc +lat_1=33 +lat_2=45 +lat_0=23 +lon_0=-96 +x_0=0 +y_0=0 +R=6371000
@@ -235,18 +193,6 @@ TEST(LambertConformalConic, SphereAgreesWithProj) {
                                       {-75, 28, 2069047.833749, 808217.874079}};
     GxExpectReferenceTable(CGxLambert2SP("Conus", 33, 45, -96, 23, 0, 0, sphere), table,
                            kGxMillimetreTable);
-}
-
-TEST(LambertConformalConic, CloneIsAnIndependentCopy) {
-    auto original = std::make_unique<CGxLambert2SP>(France2SP());
-    std::unique_ptr<CGxProjection> clone(original->Clone());
-    original.reset();
-    EXPECT_STREQ(clone->GetName(), "Lambert-93");
-    GxExpectReferenceTable(*clone, kFrance2SP, kGxMillimetreTable);
-
-    const CGxLambert1SP one("Jamaica", 1, -77, 18, 250000, 150000, kClarke1866);
-    std::unique_ptr<CGxProjection> clone1(one.Clone());
-    GxExpectReferenceTable(*clone1, kJamaica1SP, kGxMillimetreTable);
 }
 
 TEST(LambertConformalConic, NotANumberStaysNotANumber) {

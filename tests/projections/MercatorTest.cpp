@@ -144,40 +144,6 @@ TEST(Mercator, OriginConvergenceAndDefaultArea) {
     EXPECT_NEAR(y1, 1230880.904610, 1e-3);
 }
 
-TEST(Mercator, LocalGridIsTheIdentity) {
-    for (const char* name : {"NON-UTM", ""}) {
-        const CGxMercator1SP p(name, 0.997, 110, 3900000, 900000, kWgs84);
-        EXPECT_STREQ(p.GetName(), "NON-UTM");
-        EXPECT_TRUE(p.IsLocal());
-        GxExpectIdentity(p, 1234.5, -678.25);
-        EXPECT_EQ(p.GetConvergence(20, 20), 0.0);
-    }
-    EXPECT_FALSE(Indonesia().IsLocal());
-    EXPECT_TRUE(CGxMercator2SP("NON-UTM", 42, 51, 0, 0, kKrassowsky).IsLocal());
-}
-
-TEST(Mercator, AnonymousEllipsoidAndClone) {
-    CGxEllipsoid out;
-    ASSERT_TRUE(CGxMercator2SP("C", 42, 51, 0, 0, kKrassowsky).GetAnonymousEllipsoid(out));
-    EXPECT_EQ(out.GetMajor(), 6378245.0);
-    EXPECT_NEAR(out.GetInvFlatness(), 298.3, 1e-10);
-    const CGxEllipsoid sphere("Sphere", "SP", 6371000.0, -1.0);
-    ASSERT_TRUE(CGxMercator1SP("S", 1, 0, 0, 0, sphere).GetAnonymousEllipsoid(out));
-    EXPECT_EQ(out.GetInvFlatness(), 0.0);
-    const CGxEllipsoid none("None", "NO", -1.0, 300.0);
-    EXPECT_FALSE(CGxMercator1SP("N", 1, 0, 0, 0, none).GetAnonymousEllipsoid(out));
-
-    std::unique_ptr<CGxProjection> clone1(Indonesia().Clone());
-    EXPECT_STREQ(clone1->GetName(), "Indonesia");
-    GxExpectReferenceTable(*clone1, kIndonesia1SP, kGxMillimetreTable);
-    std::unique_ptr<CGxProjection> clone2(
-        CGxMercator2SP("Caspian", 42, 51, 500000, -200000, kKrassowsky).Clone());
-    GxExpectReferenceTable(*clone2, kCaspian2SP, kGxMillimetreTable);
-    double k0 = 0;
-    clone2->GetDerivedParameters(&k0);
-    EXPECT_NEAR(k0, 0.74426089, 5e-9);
-}
-
 TEST(Mercator, NotANumberStaysNotANumber) {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     double x, y;

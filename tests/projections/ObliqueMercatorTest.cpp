@@ -155,49 +155,6 @@ TEST(ObliqueMercatorFamily, OriginAndDefaultAreaAroundCentre) {
     EXPECT_NEAR(y1, 913136.981889, kForwardTolerance);
 }
 
-TEST(ObliqueMercatorFamily, CloneAndAnonymousEllipsoid) {
-    const CGxRectifiedSkewOrthomorphic borneo = BorneoRso(53.1301023611111);
-    std::unique_ptr<CGxProjection> copy(borneo.Clone());
-    ASSERT_NE(dynamic_cast<CGxRectifiedSkewOrthomorphic*>(copy.get()), nullptr);
-    EXPECT_STREQ(copy->GetName(), "RSO Borneo");
-    GxExpectReferenceTable(*copy, kBorneo, kGxMillimetreTable);
-
-    CGxEllipsoid out("kept", "K", 1, 1);
-    ASSERT_TRUE(copy->GetAnonymousEllipsoid(out));
-    EXPECT_EQ(out.GetName(), "kept");
-    EXPECT_EQ(out.GetMajor(), 6377298.556);
-    EXPECT_DOUBLE_EQ(out.GetInvFlatness(), 300.8017);
-
-    const CGxEllipsoid sphere("sphere", "S", 6371000, 0);
-    const CGxHotineObliqueMercator onSphere("s", 1, 0, 45, 30, 0, 0, sphere);
-    ASSERT_TRUE(onSphere.GetAnonymousEllipsoid(out));
-    EXPECT_EQ(out.GetInvFlatness(), 0.0);
-
-    const CGxEllipsoid noAxis("none", "N", 0, 0);
-    EXPECT_FALSE(CGxObliqueMercator("x", 1, 0, 45, 30, 0, 0, noAxis).GetAnonymousEllipsoid(out));
-}
-
-// A grid without georeference converts as the identity, whichever member of
-// the family carries it.
-TEST(ObliqueMercatorFamily, LocalGridIsIdentity) {
-    const CGxObliqueMercator unnamed("", 0.9996, 25, -30, 50, 500000, 1000000, kGrs80);
-    const CGxHotineObliqueMercator local("NON-UTM", 0.9996, 25, -30, 50, 500000, 1000000, kGrs80);
-    for (const CGxProjection* p :
-         {static_cast<const CGxProjection*>(&unnamed), static_cast<const CGxProjection*>(&local)}) {
-        EXPECT_STREQ(p->GetName(), "NON-UTM");
-        EXPECT_TRUE(p->IsLocal());
-        double x, y;
-        p->Geo2Proj(123.5, -7.25, &x, &y);
-        EXPECT_EQ(x, 123.5);
-        EXPECT_EQ(y, -7.25);
-        p->Proj2Geo(1000, 2000, &x, &y);
-        EXPECT_EQ(x, 1000);
-        EXPECT_EQ(y, 2000);
-        EXPECT_EQ(p->GetConvergence(40, 10), 0.0);
-    }
-    EXPECT_FALSE(AlaskaZone1(kGrs80).IsLocal());
-}
-
 // At a geographic pole t(phi) is 0 and the forward formulas have no value:
 // we return NaN there (PROJ takes the limit, a finite point). NaN input goes
 // through as NaN.

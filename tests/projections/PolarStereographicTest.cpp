@@ -145,35 +145,6 @@ TEST(StereographicPoles, ConvergenceAndDefaultArea) {
     EXPECT_DOUBLE_EQ(y1, 2200000);
 }
 
-TEST(StereographicPoles, LocalGridAnonymousEllipsoidAndClone) {
-    const CGxStereographicNorthPole local("", 70, -45, 100, 100, kWgs84);
-    EXPECT_STREQ(local.GetName(), "NON-UTM");
-    EXPECT_TRUE(local.IsLocal());
-    double x, y;
-    local.Geo2Proj(12.5, 13.5, &x, &y);
-    EXPECT_EQ(x, 12.5);
-    EXPECT_EQ(y, 13.5);
-    local.Proj2Geo(12.5, 13.5, &x, &y);
-    EXPECT_EQ(x, 12.5);
-    EXPECT_EQ(y, 13.5);
-    EXPECT_EQ(local.GetConvergence(30, 70), 0.0);
-    EXPECT_TRUE(CGxStereographicSouthPole("NON-UTM", -71, 0, 0, 0, kWgs84).IsLocal());
-    EXPECT_FALSE(Antarctic71().IsLocal());
-
-    CGxEllipsoid out;
-    ASSERT_TRUE(Antarctic71().GetAnonymousEllipsoid(out));
-    EXPECT_EQ(out.GetMajor(), 6378137.0);
-    EXPECT_NEAR(out.GetInvFlatness(), 298.257223563, 1e-9);
-
-    std::unique_ptr<CGxProjection> north(Arctic70().Clone());
-    GxExpectReferenceTable(*north, kArctic70, kGxMillimetreTable);
-    std::unique_ptr<CGxProjection> south(Antarctic71().Clone());
-    GxExpectReferenceTable(*south, kAntarctic71, kGxMillimetreTable);
-    double k0 = 0;
-    south->GetDerivedParameters(&k0);
-    EXPECT_NEAR(k0, 0.97276901, 5e-9);
-}
-
 TEST(PolarStereographic, OriginAtAPoleUsesTheGivenScale) {
     // The pole itself, or within the relative tolerance of it: the polar
     // aspect of the stereographic with scale 0.994 at the pole.

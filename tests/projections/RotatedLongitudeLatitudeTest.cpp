@@ -255,29 +255,6 @@ TEST(RotatedLongitudeLatitude, OriginAndDefaultArea) {
     EXPECT_NEAR(y1, 2.0135134934, kAngleTolerance);
 }
 
-TEST(RotatedLongitudeLatitude, LocalNameIsIdentity) {
-    CGxRotatedLongitudeLatitude grid("", 18, -39.25, 0, kGrs80);
-    EXPECT_STREQ(grid.GetName(), "NON-UTM");
-    EXPECT_TRUE(grid.IsLocal());
-    EXPECT_TRUE(grid.IsGeographical());
-    GxExpectIdentity(grid, 1234.5, -987.25);
-    EXPECT_EQ(grid.GetConvergence(30, 60), 0.0);
-}
-
-TEST(RotatedLongitudeLatitude, CloneOutlivesOriginal) {
-    // The clone carries its own rotation matrices: converting through it after
-    // the original is gone must neither read freed storage nor free it twice.
-    auto original =
-        std::make_unique<CGxRotatedLongitudeLatitude>("Rotated", -97, -42.5, 0, kClarke1866);
-    std::unique_ptr<CGxProjection> clone(original->Clone());
-    original.reset();
-    EXPECT_STREQ(clone->GetName(), "Rotated");
-    EXPECT_FALSE(clone->IsLocal());
-    EXPECT_TRUE(clone->IsGeographical());
-    ExpectForward(*clone, kClarke1866NorthAmericaForward);
-    ExpectInverse(*clone, kClarke1866NorthAmericaInverse);
-}
-
 // The rotated grid hands its figure out and answers true whatever the figure,
 // unlike the geographical grid and the map projections, which refuse a major
 // axis not above 0; the names of the target are kept.

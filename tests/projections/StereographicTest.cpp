@@ -183,34 +183,11 @@ TEST(Stereographic, OriginConvergenceAndDefaultArea) {
     EXPECT_DOUBLE_EQ(y1, 1700000);
 }
 
-TEST(Stereographic, LocalGridIsTheIdentity) {
-    for (double lat0 : {52.0, 90.0}) {
-        const CGxStereographic p("", 1, 5, lat0, 155000, 463000, kBessel);
-        EXPECT_STREQ(p.GetName(), "NON-UTM");
-        EXPECT_TRUE(p.IsLocal());
-        GxExpectIdentity(p, 1234.5, -678.25);
-        EXPECT_EQ(p.GetConvergence(5, 52), 0.0);
-    }
-    EXPECT_FALSE(Dutch().IsLocal());
-}
-
-TEST(Stereographic, AnonymousEllipsoidCloneAndNoDerivedParameter) {
-    CGxEllipsoid out;
-    ASSERT_TRUE(Dutch().GetAnonymousEllipsoid(out));
-    EXPECT_EQ(out.GetMajor(), 6377397.155);
-    EXPECT_NEAR(out.GetInvFlatness(), 299.1528128, 1e-10);
-    EXPECT_FALSE(CGxStereographic("N", 1, 0, 45, 0, 0, CGxEllipsoid("N", "N", 0, 0))
-                     .GetAnonymousEllipsoid(out));
-
-    // The scale factor is given, not derived: nothing is written.
+// The scale factor is given, not derived: nothing is written.
+TEST(Stereographic, NoDerivedParameter) {
     double derived = -7;
     Dutch().GetDerivedParameters(&derived);
     EXPECT_EQ(derived, -7);
-
-    std::unique_ptr<CGxProjection> oblique(Dutch().Clone());
-    GxExpectReferenceTable(*oblique, kDutch, kGxMillimetreTable);
-    std::unique_ptr<CGxProjection> polar(NorthPolar().Clone());
-    GxExpectReferenceTable(*polar, kNorthPolar, kGxMillimetreTable);
 }
 
 TEST(Stereographic, NotANumberStaysNotANumber) {

@@ -254,10 +254,6 @@ TYPED_TEST(TransverseMercatorBoth, LocalGridIsTheIdentity) {
         EXPECT_EQ(x1, 10000.0);
         EXPECT_EQ(y1, 10000.0);
     }
-    const std::string longName(300, 'T');
-    const TypeParam p(longName.c_str(), 1, 0, 0, 0, 0, kWgs84);
-    EXPECT_EQ(std::string(p.GetName()), longName.substr(0, 255));
-    EXPECT_FALSE(p.IsLocal());
 }
 
 TYPED_TEST(TransverseMercatorBoth, ConvergenceAgreesWithGeographicLib) {
@@ -275,35 +271,6 @@ TYPED_TEST(TransverseMercatorBoth, ConvergenceAgreesWithGeographicLib) {
     for (const auto& c : cases) {
         EXPECT_NEAR(p.GetConvergence(c.lon, c.lat), c.gamma, c.tolerance) << c.lon << ", " << c.lat;
     }
-}
-
-TYPED_TEST(TransverseMercatorBoth, AnonymousEllipsoidAndClone) {
-    CGxEllipsoid out("kept name", "KN", 1, 1);
-    EXPECT_TRUE(Make<TypeParam>(kIntl49).GetAnonymousEllipsoid(out));
-    EXPECT_EQ(out.GetMajor(), 6378388.0);
-    EXPECT_NEAR(out.GetInvFlatness(), 297.0, 1e-9);
-    EXPECT_EQ(out.GetName(), "kept name");
-
-    const CGxEllipsoid sphere("Sphere", "SP", 6371000.0, 0.0);
-    EXPECT_TRUE(TypeParam("S", 1, 0, 0, 0, 0, sphere).GetAnonymousEllipsoid(out));
-    EXPECT_EQ(out.GetMajor(), 6371000.0);
-    EXPECT_EQ(out.GetInvFlatness(), 0.0);
-
-    // No major axis, no ellipsoid; the output is left alone.
-    const CGxEllipsoid none("None", "NO", 0.0, 300.0);
-    EXPECT_FALSE(TypeParam("Z", 1, 0, 0, 0, 0, none).GetAnonymousEllipsoid(out));
-    EXPECT_EQ(out.GetMajor(), 6371000.0);
-
-    // A clone lives on after the original is gone and projects the same.
-    CGxProjection* original = new TypeParam(Make<TypeParam>(kIntlS35, "Southern grid"));
-    CGxProjection* clone = original->Clone();
-    CGxProjection::Release(original);
-    EXPECT_STREQ(clone->GetName(), "Southern grid");
-    double x, y;
-    clone->Geo2Proj(152.5, -42.7, &x, &y);
-    EXPECT_NEAR(x, 750700.605957, kAgreement);
-    EXPECT_NEAR(y, 4130534.005007, kAgreement);
-    CGxProjection::Release(clone);
 }
 
 TEST(TransverseMercatorJHS, LongitudesWrapAroundTheCentralMeridian) {
