@@ -8,6 +8,7 @@
 
 #include "foundation/NumberText.h"
 #include "foundation/Tolerance.h"
+#include "tests/support/TestFiles.h"
 #include "wkt/PRJParser.h"
 
 // Real .prj texts of national grids as GIS software writes them, in the ESRI
@@ -19,13 +20,6 @@
 // each file must give is tests/data/wkt/expected_parameters.txt.
 
 namespace {
-
-std::string ReadPrj(const std::string& file) {
-    std::ifstream in(std::string(GXCART_TEST_DATA) + "/wkt/" + file);
-    std::string line;
-    std::getline(in, line);
-    return line;
-}
 
 std::string Trim(const std::string& s) {
     const std::size_t b = s.find_first_not_of(' ');
@@ -77,7 +71,7 @@ TEST(PRJParserRealFiles, TypeParametersAndUnit) {
         SCOPED_TRACE(field[0]);
         ++rows;
 
-        const std::string text = ReadPrj(field[0]);
+        const std::string text = GxReadPrj(field[0]);
         ASSERT_FALSE(text.empty()) << "missing test file";
         EXPECT_NE(CGxPRJParser::IsPRJ(text), 0);
         CGxPRJParser parser(text);
@@ -130,7 +124,7 @@ TEST(PRJParserRealFiles, GeographicPartAndAxes) {
     };
     for (const Names& c : cases) {
         SCOPED_TRACE(c.file);
-        CGxPRJParser parser(ReadPrj(c.file));
+        CGxPRJParser parser(GxReadPrj(c.file));
         ASSERT_TRUE(parser.Parse(false));
         EXPECT_EQ(parser.GetProjCSname(), c.projCS);
         EXPECT_EQ(parser.GetGeoCSname(), c.geoCS);
@@ -165,7 +159,7 @@ TEST(PRJParserRealFiles, GeographicPartAndAxes) {
 TEST(PRJParserRealFiles, ParisMeridianAndGrads) {
     for (const char* file : {"27572_esri.prj", "27572_gdal.prj", "4807_gdal.prj"}) {
         SCOPED_TRACE(file);
-        CGxPRJParser parser(ReadPrj(file));
+        CGxPRJParser parser(GxReadPrj(file));
         ASSERT_TRUE(parser.Parse(false));
         std::string name;
         double value = 0;
@@ -181,7 +175,7 @@ TEST(PRJParserRealFiles, ParisMeridianAndGrads) {
 // The compound system's own name is the display name; the geographic name,
 // the linear unit and the axes come from the horizontal part.
 TEST(PRJParserRealFiles, CompoundSystem) {
-    const std::string text = ReadPrj("7415_gdal.prj");
+    const std::string text = GxReadPrj("7415_gdal.prj");
     EXPECT_EQ(CGxPRJParser::ShortName(text), "Amersfoort / RD New + NAP height");
     CGxPRJParser parser(text);
     ASSERT_TRUE(parser.Parse(false));
@@ -211,7 +205,7 @@ TEST(PRJParserRealFiles, DatumShiftToWgs84) {
     };
     for (const Shift& c : cases) {
         SCOPED_TRACE(c.file);
-        CGxPRJParser parser(ReadPrj(c.file));
+        CGxPRJParser parser(GxReadPrj(c.file));
         ASSERT_TRUE(parser.Parse(false));
         CGxDatumShift shift;
         parser.GetDatumShift(shift);
@@ -238,7 +232,7 @@ TEST(PRJParserRealFiles, SortedParallels) {
     };
     for (const Sorted& c : cases) {
         SCOPED_TRACE(c.file);
-        CGxPRJParser parser(ReadPrj(c.file));
+        CGxPRJParser parser(GxReadPrj(c.file));
         ASSERT_TRUE(parser.Parse(true));
         EXPECT_EQ(parser.GetStandardParallel1(), c.first);
         EXPECT_EQ(parser.GetStandardParallel2(), c.second);
