@@ -5,10 +5,9 @@
 
 #include "foundation/Ellipsoid.h"
 #include "projections/Geographical.h"
+#include "tests/support/Figures.h"
 
 namespace {
-
-const CGxEllipsoid kGrs80("GRS 1980", "RF", 6378137.0, 298.257222101);
 
 struct Case {
     double lon, lat, x, y;  // degrees
@@ -54,7 +53,7 @@ void ExpectTable(const CGxProjection& p, const Case (&table)[N]) {
 }  // namespace
 
 TEST(Geographical, ShiftsLongitudeToTheCentralMeridian) {
-    CGxGeographical ten("Geo 10E", 10, kGrs80);
+    CGxGeographical ten("Geo 10E", 10, kGxGrs80);
     double x, y;
     ten.Geo2Proj(15, 50, &x, &y);
     EXPECT_EQ(x, 5.0);
@@ -64,18 +63,18 @@ TEST(Geographical, ShiftsLongitudeToTheCentralMeridian) {
 
 TEST(Geographical, DefaultAreaFollowsTheCentralMeridian) {
     double x0, y0, x1, y1;
-    CGxGeographical("Geo 10E", 10, kGrs80).GetDefaultArea(&x0, &y0, &x1, &y1);
+    CGxGeographical("Geo 10E", 10, kGxGrs80).GetDefaultArea(&x0, &y0, &x1, &y1);
     EXPECT_EQ(x0, -190.0);
     EXPECT_EQ(y0, -60.0);
     EXPECT_EQ(x1, 170.0);
     EXPECT_EQ(y1, 81.0);
-    CGxGeographical("Geo", 0, kGrs80).GetDefaultArea(&x0, &y0, &x1, &y1);
+    CGxGeographical("Geo", 0, kGxGrs80).GetDefaultArea(&x0, &y0, &x1, &y1);
     EXPECT_EQ(x0, -180.0);
     EXPECT_EQ(x1, 180.0);
 }
 
 TEST(Geographical, IsGeographicalWithBaseOriginAndConvergence) {
-    CGxGeographical geo("Geo 10E", 10, kGrs80);
+    CGxGeographical geo("Geo 10E", 10, kGxGrs80);
     EXPECT_TRUE(geo.IsGeographical());
     EXPECT_FALSE(geo.IsLocal());
     EXPECT_STREQ(geo.GetName(), "Geo 10E");
@@ -87,4 +86,3 @@ TEST(Geographical, IsGeographicalWithBaseOriginAndConvergence) {
     EXPECT_EQ(lon, 0.0);
     EXPECT_EQ(lat, 0.0);
 }
-

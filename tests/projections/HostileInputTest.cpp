@@ -36,6 +36,7 @@
 #include "projections/RotatedLongitudeLatitude.h"
 #include "projections/TransverseMercator.h"
 #include "projections/TransverseMercatorJHS.h"
+#include "tests/support/Figures.h"
 
 namespace {
 
@@ -50,10 +51,6 @@ const std::vector<double> kLatitudes = {kNaN,    kInf,       -kInf,       1e308,
 const std::vector<double> kPlane = {kNaN,  kInf, -kInf, 1e308, -1e308, 1e-308, -1e-308, 1e12,
                                     -1e12, 1e6,  -1e6,  1e300, -1e300, 0,      5e5};
 
-const CGxEllipsoid kWgs84("WGS 84", "WE", 6378137.0, 298.257223563);
-const CGxEllipsoid kGrs80("GRS 1980", "RF", 6378137.0, 298.257222101);
-const CGxEllipsoid kIntl("International 1924", "IN", 6378388.0, 297.0);
-const CGxEllipsoid kSphere("Sphere", "SP", 6371000.0, 0.0);
 // A figure without a major axis: the New Zealand grid scales its false
 // origin to 0/0 on it.
 const CGxEllipsoid kNoAxis("none", "N", 0, 0);
@@ -95,10 +92,10 @@ std::vector<Subject> ValueBuilt() {
     auto add = [&out](const std::string& label, CGxProjection* p) {
         out.push_back({label, Algorithm(p)});
     };
-    add("TM series UTM 32", new CGxTransverseMercatorJHS("TM", 0.9996, 9, 0, 500000, 0, kWgs84));
+    add("TM series UTM 32", new CGxTransverseMercatorJHS("TM", 0.9996, 9, 0, 500000, 0, kGxWgs84));
     add("TM Gauss-Krueger UTM 32",
-        new CGxTransverseMercator("TM", 0.9996, 9, 0, 500000, 0, kWgs84));
-    for (const CGxEllipsoid* e : {&kWgs84, &kSphere}) {
+        new CGxTransverseMercator("TM", 0.9996, 9, 0, 500000, 0, kGxWgs84));
+    for (const CGxEllipsoid* e : {&kGxWgs84, &kGxSphere}) {
         const std::string figure = " on " + e->GetName();
         add("Albers" + figure,
             new CGxAlbersEqualArea("Albers", 29.5, 45.5, -96, 23, 500000, 100000, *e));
@@ -107,9 +104,9 @@ std::vector<Subject> ValueBuilt() {
         add("Cassini" + figure, new CGxCassiniSoldner("Cassini", 12, 50, 0, 0, *e));
         add("Eqdc" + figure, new CGxEquidistantConic("Eqdc", 29.5, 45.5, -96, 23, 0, 0, *e));
     }
-    add("rotated GRS80", new CGxRotatedLongitudeLatitude("Rotated", 18, -39.25, 0, kGrs80));
-    add("NZMG",
-        new CGxNewZealandMapGrid("NZMG", 173, -41, kNzFalseEasting, kNzFalseNorthing, kIntl));
+    add("rotated GRS80", new CGxRotatedLongitudeLatitude("Rotated", 18, -39.25, 0, kGxGrs80));
+    add("NZMG", new CGxNewZealandMapGrid("NZMG", 173, -41, kNzFalseEasting, kNzFalseNorthing,
+                                         kGxInternational));
     add("NZMG without axis",
         new CGxNewZealandMapGrid("none", 173, -41, kNzFalseEasting, kNzFalseNorthing, kNoAxis));
     add("isometric", new CGxIsoMetric(0, 0, 1000, 0, 0, 1000, 10, 50, 10.01, 50.01));
@@ -284,7 +281,7 @@ TEST(HostileInput, NaNGivesNaN) {
 // far, still lands on the grid. (The point scale beside it is a series in the
 // unreduced longitude difference and may overflow; it only has to return.)
 TEST(HostileInput, TransverseMercatorReducesAnyFiniteLongitude) {
-    const CGxTransverseMercator classic("TM", 0.9996, 9, 0, 500000, 0, kGrs80);
+    const CGxTransverseMercator classic("TM", 0.9996, 9, 0, 500000, 0, kGxGrs80);
     const Algorithm series(CGxMapProjection::GetProjection("UTM-32", nullptr));
     ASSERT_TRUE(series);
     for (double lon : {729.0, -711.0, 1e6, -1e6, 1e15, 1e300, -1e308, 1e-308}) {
@@ -313,12 +310,12 @@ TEST(HostileInput, HugeCentralMeridianEndsConversion) {
     for (double lon0 = 1e14; lon0 < 1e21; lon0 *= 1.7) {
         for (double sign : {1.0, -1.0}) {
             const CGxTransverseMercatorJHS tm("far", 0.9996, sign * lon0, 0.0, 500000.0, 0.0,
-                                              kWgs84);
+                                              kGxWgs84);
             double x0, y0, x1, y1;
             tm.GetDefaultArea(&x0, &y0, &x1, &y1);
         }
     }
-    const CGxTransverseMercatorJHS tm("far", 0.9996, kFromFuzzInput, 0.0, 500000.0, 0.0, kWgs84);
+    const CGxTransverseMercatorJHS tm("far", 0.9996, kFromFuzzInput, 0.0, 500000.0, 0.0, kGxWgs84);
     double x0, y0, x1, y1;
     tm.GetDefaultArea(&x0, &y0, &x1, &y1);
 }
@@ -330,7 +327,7 @@ TEST(HostileInput, PointOnHugeCentralMeridian) {
     const double kNorthingAt9 = 994852.177285;
     for (double lon0 : {2.875e19, -1e17, 1e300}) {
         SCOPED_TRACE(lon0);
-        const CGxTransverseMercatorJHS tm("far", 0.9996, lon0, 0.0, 500000.0, 0.0, kWgs84);
+        const CGxTransverseMercatorJHS tm("far", 0.9996, lon0, 0.0, 500000.0, 0.0, kGxWgs84);
         double x = 0, y = 0;
         tm.Geo2Proj(lon0, 9.0, &x, &y);
         EXPECT_DOUBLE_EQ(x, 500000.0);

@@ -11,6 +11,7 @@
 
 #include "foundation/Ellipsoid.h"
 #include "projections/Krovak.h"
+#include "tests/support/Figures.h"
 #include "tests/support/ReferenceFile.h"
 
 namespace {
@@ -22,13 +23,11 @@ constexpr double kInverseTolerance = 1e-9;  // degrees
 // The one-arc-minute finite difference against PROJ's derivatives, degrees.
 constexpr double kConvergenceTolerance = 2e-4;
 
-const CGxEllipsoid kBessel("Bessel 1841", "BR", 6377397.155, 299.1528128);
-
 // S-JTSK with the cone's axes turned and scaled into the wanted orientation.
 CGxKrovak Sjtsk(double rotation, double xScale, double yScale, double falseEasting = 0,
                 double falseNorthing = 0) {
     return CGxKrovak("S-JTSK", 0.9999, 78.5, 24.8333333333333, 49.5, 30.2881397527778, rotation,
-                     xScale, yScale, falseEasting, falseNorthing, kBessel);
+                     xScale, yScale, falseEasting, falseNorthing, kGxBessel);
 }
 
 const auto kEastNorth = GxReadReferencePoints("krovak/east_north.txt");
@@ -117,7 +116,7 @@ TEST(Krovak, ApexIsPseudoPole) {
 TEST(Krovak, DegenerateInputGivesNonFinite) {
     double x, y;
     const CGxKrovak flat("flat", 0.9999, 0, 24.8333333333333, 49.5, 30.2881397527778, 0, 1, 1, 0, 0,
-                         kBessel);
+                         kGxBessel);
     flat.Geo2Proj(14.42, 50.1, &x, &y);
     EXPECT_FALSE(std::isfinite(x) && std::isfinite(y));
     const double nan = std::numeric_limits<double>::quiet_NaN();

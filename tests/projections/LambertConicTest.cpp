@@ -10,16 +10,13 @@
 #include "foundation/Ellipsoid.h"
 #include "projections/Lambert1SP.h"
 #include "projections/Lambert2SP.h"
+#include "tests/support/Figures.h"
 #include "tests/support/ReferenceFile.h"
 
 namespace {
 
 // The ellipsoids as PROJ defines them (+ellps=...); Clarke 1866 is given there
 // by its axes a = 6378206.4, b = 6356583.8, so 1/f = a / (a - b).
-const CGxEllipsoid kGrs80("GRS 1980", "RF", 6378137.0, 298.257222101);
-const CGxEllipsoid kClarke1866("Clarke 1866", "CC", 6378206.4, 294.9786982138982);
-const CGxEllipsoid kInternational("International 1924", "IN", 6378388.0, 297.0);
-const CGxEllipsoid kBessel("Bessel 1841", "BR", 6377397.155, 299.1528128);
 
 const auto kFrance2SP = GxReadReferencePoints("lambert_conic/france_2sp.txt");
 const auto kTexas2SP = GxReadReferencePoints("lambert_conic/texas_2sp.txt");
@@ -29,11 +26,11 @@ const auto kJamaica1SP = GxReadReferencePoints("lambert_conic/jamaica_1sp.txt");
 const auto kSouthern1SP = GxReadReferencePoints("lambert_conic/southern_1sp.txt");
 
 CGxLambert2SP France2SP() {
-    return CGxLambert2SP("Lambert-93", 49, 44, 3, 46.5, 700000, 6600000, kGrs80);
+    return CGxLambert2SP("Lambert-93", 49, 44, 3, 46.5, 700000, 6600000, kGxGrs80);
 }
 
 CGxLambert2SP SouthernCone() {
-    return CGxLambert2SP("South", -20, -40, 25, -30, 1000000, 2000000, kInternational);
+    return CGxLambert2SP("South", -20, -40, 25, -30, 1000000, 2000000, kGxInternational);
 }
 
 }  // namespace
@@ -41,18 +38,18 @@ CGxLambert2SP SouthernCone() {
 TEST(LambertConformalConic2SP, AgreesWithProjOnTwoEllipsoidsAndASouthernCone) {
     GxExpectReferenceTable(France2SP(), kFrance2SP, kGxMillimetreTable);
     GxExpectReferenceTable(
-        CGxLambert2SP("Texas", 30.5, 35.25, -100.5, 29, 700000, 3000000, kClarke1866), kTexas2SP,
+        CGxLambert2SP("Texas", 30.5, 35.25, -100.5, 29, 700000, 3000000, kGxClarke1866), kTexas2SP,
         kGxMillimetreTable);
     GxExpectReferenceTable(SouthernCone(), kSouthernCone2SP, kGxMillimetreTable);
 }
 
 TEST(LambertConformalConic1SP, AgreesWithProjOnThreeEllipsoidsAndASouthernCone) {
     GxExpectReferenceTable(
-        CGxLambert1SP("France", 0.99987742, 2.337229167, 46.8, 600000, 2200000, kGrs80), kFrance1SP,
-        kGxMillimetreTable);
-    GxExpectReferenceTable(CGxLambert1SP("Jamaica", 1, -77, 18, 250000, 150000, kClarke1866),
+        CGxLambert1SP("France", 0.99987742, 2.337229167, 46.8, 600000, 2200000, kGxGrs80),
+        kFrance1SP, kGxMillimetreTable);
+    GxExpectReferenceTable(CGxLambert1SP("Jamaica", 1, -77, 18, 250000, 150000, kGxClarke1866),
                            kJamaica1SP, kGxMillimetreTable);
-    GxExpectReferenceTable(CGxLambert1SP("South", 0.9999, 145, -35, 400000, 800000, kBessel),
+    GxExpectReferenceTable(CGxLambert1SP("South", 0.9999, 145, -35, 400000, 800000, kGxBessel),
                            kSouthern1SP, kGxMillimetreTable);
 }
 
@@ -118,8 +115,8 @@ TEST(LambertConformalConic2SP, EqualParallelsAreTheTangentCone) {
     //   +x_0=600000 +y_0=2200000 +ellps=GRS80
     //   10 50 -> 1149390.118155 2582823.266650
     //   -3 40 ->  141493.983042 1458368.645636
-    const CGxLambert2SP twoSP("T", 46.8, 46.8, 2.337229167, 46.8, 600000, 2200000, kGrs80);
-    const CGxLambert1SP oneSP("T", 1, 2.337229167, 46.8, 600000, 2200000, kGrs80);
+    const CGxLambert2SP twoSP("T", 46.8, 46.8, 2.337229167, 46.8, 600000, 2200000, kGxGrs80);
+    const CGxLambert1SP oneSP("T", 1, 2.337229167, 46.8, 600000, 2200000, kGxGrs80);
     const GxReferencePoint table[] = {{10, 50, 1149390.118155, 2582823.266650},
                                       {-3, 40, 141493.983042, 1458368.645636}};
     GxExpectReferenceTable(twoSP, table, kGxMillimetreTable);
@@ -148,7 +145,7 @@ TEST(LambertConformalConic, OriginAndDefaultArea) {
     France2SP().GetOrigin(&lon, &lat);
     EXPECT_NEAR(lon, 3, 1e-12);
     EXPECT_NEAR(lat, 46.5, 1e-12);
-    CGxLambert1SP("J", 1, -77, 18, 250000, 150000, kClarke1866).GetOrigin(&lon, &lat);
+    CGxLambert1SP("J", 1, -77, 18, 250000, 150000, kGxClarke1866).GetOrigin(&lon, &lat);
     EXPECT_NEAR(lon, -77, 1e-12);
     EXPECT_NEAR(lat, 18, 1e-12);
 
@@ -215,8 +212,8 @@ TEST(LambertConformalConic, FlatConeGivesNotANumber) {
     // A cone constant of 0 (the one-parallel origin on the equator, or two
     // parallels mirrored about it) is a cylinder, which no cone can draw:
     // every point comes out as NaN rather than somewhere plausible.
-    const CGxLambert1SP equator("E", 1, 0, 0, 500000, 0, kGrs80);
-    const CGxLambert2SP mirrored("M", 30, -30, 0, 0, 500000, 0, kGrs80);
+    const CGxLambert1SP equator("E", 1, 0, 0, 500000, 0, kGxGrs80);
+    const CGxLambert2SP mirrored("M", 30, -30, 0, 0, 500000, 0, kGxGrs80);
     for (const CGxProjection* p : {static_cast<const CGxProjection*>(&equator),
                                    static_cast<const CGxProjection*>(&mirrored)}) {
         double x, y, lon, lat;

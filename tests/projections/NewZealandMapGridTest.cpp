@@ -11,6 +11,7 @@
 
 #include "foundation/Ellipsoid.h"
 #include "projections/NewZealandMapGrid.h"
+#include "tests/support/Figures.h"
 #include "tests/support/ReferenceFile.h"
 
 namespace {
@@ -22,12 +23,11 @@ constexpr double kInverseTolerance = 1e-9;  // degrees
 // The one-arc-minute finite difference against PROJ's derivatives, degrees.
 constexpr double kConvergenceTolerance = 2e-4;
 
-const CGxEllipsoid kInternational("International 1924", "IN", 6378388.0, 297.0);
 constexpr double kFalseEasting = 2510000, kFalseNorthing = 6023150;
 
 CGxNewZealandMapGrid Nzmg(double falseEasting = kFalseEasting,
                           double falseNorthing = kFalseNorthing,
-                          const CGxEllipsoid& ellipsoid = kInternational) {
+                          const CGxEllipsoid& ellipsoid = kGxInternational) {
     return CGxNewZealandMapGrid("NZGD49 / New Zealand Map Grid", 173, -41, falseEasting,
                                 falseNorthing, ellipsoid);
 }
