@@ -128,6 +128,7 @@ TEST(EquidistantConic, ConvergenceMatchesReference) {
     // Meridians are straight, so the one-arc-minute chord is exact: n (lon - lon0).
     CGxEquidistantConic conus("Conus", 29.5, 45.5, -96, 23, 500000, 100000, kGxWgs84);
     EXPECT_NEAR(conus.GetConvergence(-70, 25), 15.77770883, 1e-7);
+    EXPECT_EQ(conus.GetConvergence(-96, 45), 0.0);  // on the central meridian
     CGxEquidistantConic south("South", -18, -36, 132, 0, 1000000, 2000000, kGxInternational);
     EXPECT_NEAR(south.GetConvergence(150, -40), -8.13932831, 1e-7);
     CGxEquidistantConic tangent("Tangent", 60, 60, 10, 50, 300000, -400000, Sphere(6371000));

@@ -679,11 +679,10 @@ TEST(FromDefinition, LongNameIsTruncated) {
 }
 
 // What the algorithm base gives every type built from values: the local grid
-// for "NON-UTM" and an empty name; a copy that outlives its original and
-// converts, derives and names as the original did; the figure handed out into
-// an ellipsoid whose names are kept, a sphere (inverse flattening 0, or a
-// negative one) as inverse flattening 0; and no figure for a major axis not
-// above 0 (the rotated grid hands out whatever it was given).
+// for "NON-UTM" and an empty name; a name cut to 255 characters; a copy that outlives its original
+// and converts, derives and names as the original did; the figure handed out into an ellipsoid
+// whose names are kept, a sphere (inverse flattening 0, or a negative one) as inverse flattening 0;
+// and no figure for a major axis not above 0 (the rotated grid hands out whatever it was given).
 TEST(FromDefinition, EveryTypeHasTheBaseMembers) {
     for (const Row& row : kRows) {
         SCOPED_TRACE(row.name);
@@ -694,6 +693,9 @@ TEST(FromDefinition, EveryTypeHasTheBaseMembers) {
             ExpectLocalGrid(*local);
             EXPECT_EQ(local->IsGeographical(), reference->IsGeographical());
         }
+        const std::string longName(300, 'V');
+        EXPECT_EQ(row.by.fromValues(longName.c_str(), row.params, figure)->GetName(),
+                  longName.substr(0, 255));
 
         Grid original = row.by.fromValues(row.name, row.params, figure);
         const Grid clone(original->Clone());

@@ -81,29 +81,6 @@ TEST(ProjWrapper, InnerFormChosenByExactZeroInverseFlattening) {
     EXPECT_NEAR(y, kConusSphereY, 1e-5);
 }
 
-TEST(ProjWrapper, LocalGridNameMakesIdentity) {
-    // "NON-UTM" names a plane grid without georeference: coordinates pass
-    // through untouched and grid north is true north. An empty name means the
-    // same.
-    for (const char* name : {"NON-UTM", ""}) {
-        SCOPED_TRACE(name);
-        CGxCassiniSoldner p(name, 13.6, 52.4, 40000, 10000, kGxBessel);
-        EXPECT_STREQ(p.GetName(), "NON-UTM");
-        EXPECT_TRUE(p.IsLocal());
-        GxExpectIdentity(p, 1234.5, -678.25);
-        EXPECT_EQ(p.GetConvergence(20, 55), 0.0);
-    }
-    CGxCassiniSoldner named("Soldner", 13.6, 52.4, 40000, 10000, kGxBessel);
-    EXPECT_FALSE(named.IsLocal());
-}
-
-TEST(ProjWrapper, LongNameTruncatedTo255Characters) {
-    const std::string name(400, 'N');
-    CGxEquidistantConic p(name.c_str(), 40, 50, 0, 45, 0, 0, kGxWgs84);
-    EXPECT_EQ(std::string(p.GetName()), name.substr(0, 255));
-    EXPECT_EQ(p.GetConvergence(0, 45), 0.0);  // on the central meridian
-}
-
 TEST(ProjWrapper, WithoutInnerObjectBehavesAsEmptyAlgorithm) {
     CEmptyWrapper p;
     double x = 1, y = 1, lon = 1, lat = 1, x1 = 1, y1 = 1;
