@@ -9,8 +9,10 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <string>
 #include <system_error>
+#include <vector>
 
 // The first line of tests/data/wkt/<file>; a failure when there is none.
 inline std::string GxReadPrj(const std::string& file) {
@@ -19,6 +21,29 @@ inline std::string GxReadPrj(const std::string& file) {
     std::getline(in, line);
     if (line.empty()) ADD_FAILURE() << "cannot read " << file;
     return line;
+}
+
+// The rows of tests/data/wkt/expected_parameters.txt, each cut at '|' into
+// seven fields without their surrounding blanks: file, whether it parses,
+// type, projection name, linear unit, its factor, parameters.
+inline std::vector<std::vector<std::string>> GxExpectedParameterRows() {
+    std::ifstream table(std::string(GXCART_TEST_DATA) + "/wkt/expected_parameters.txt");
+    if (!table) ADD_FAILURE() << "cannot read expected_parameters.txt";
+    std::vector<std::vector<std::string>> rows;
+    for (std::string line; std::getline(table, line);) {
+        if (line.empty() || line[0] == '#') continue;
+        std::vector<std::string> fields;
+        std::istringstream cells(line);
+        for (std::string cell; std::getline(cells, cell, '|');) {
+            const std::size_t first = cell.find_first_not_of(' ');
+            fields.push_back(first == std::string::npos
+                                 ? std::string()
+                                 : cell.substr(first, cell.find_last_not_of(' ') - first + 1));
+        }
+        fields.resize(7);
+        rows.push_back(fields);
+    }
+    return rows;
 }
 
 // A text of tests/data without its final line end.

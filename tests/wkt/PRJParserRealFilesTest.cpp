@@ -21,12 +21,6 @@
 
 namespace {
 
-std::string Trim(const std::string& s) {
-    const std::size_t b = s.find_first_not_of(' ');
-    if (b == std::string::npos) return std::string();
-    return s.substr(b, s.find_last_not_of(' ') - b + 1);
-}
-
 double Number(const std::string& s) {
     return s == "unset" ? kGxUnset : GxParseNumber(s);
 }
@@ -59,15 +53,8 @@ const std::map<std::string, Getter> kGetters = {
 // projection name, linear unit and every parameter slot, so that a value read
 // into the wrong slot shows up as well as a missing one.
 TEST(PRJParserRealFiles, TypeParametersAndUnit) {
-    std::ifstream table(std::string(GXCART_TEST_DATA) + "/wkt/expected_parameters.txt");
-    ASSERT_TRUE(table.good());
     int rows = 0;
-    for (std::string line; std::getline(table, line);) {
-        if (line.empty() || line[0] == '#') continue;
-        std::vector<std::string> field;
-        std::istringstream cells(line);
-        for (std::string cell; std::getline(cells, cell, '|');) field.push_back(Trim(cell));
-        field.resize(7);
+    for (const std::vector<std::string>& field : GxExpectedParameterRows()) {
         SCOPED_TRACE(field[0]);
         ++rows;
 

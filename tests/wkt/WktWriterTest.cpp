@@ -196,16 +196,10 @@ TEST(WktWriter, RealTextsReadBackAfterWriting) {
     // grid angle made rectified skew orthomorphic is left out: it keeps its
     // Hotine name, under which the written rotation is not read again.
     std::vector<std::string> files;
-    std::ifstream table(std::string(GXCART_TEST_DATA) + "/wkt/expected_parameters.txt");
-    for (std::string line; std::getline(table, line);) {
-        if (line.empty() || line[0] == '#') continue;
-        std::vector<std::string> fields;
-        std::size_t from = 0;
-        for (std::size_t bar; (bar = line.find('|', from)) != std::string::npos; from = bar + 1)
-            fields.push_back(line.substr(from, bar - from));
-        if (fields.size() < 3 || fields[1].find("true") == std::string::npos) continue;
-        if (std::stoi(fields[2]) == CGxMapProjData::eRectifiedSkewOrthomorphic) continue;
-        files.push_back(fields[0].substr(0, fields[0].find(' ')));
+    for (const std::vector<std::string>& row : GxExpectedParameterRows()) {
+        if (row[1] != "true") continue;
+        if (std::stoi(row[2]) == CGxMapProjData::eRectifiedSkewOrthomorphic) continue;
+        files.push_back(row[0]);
     }
     ASSERT_GE(files.size(), 40u);
 
