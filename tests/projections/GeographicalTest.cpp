@@ -6,6 +6,7 @@
 #include "foundation/Ellipsoid.h"
 #include "projections/Geographical.h"
 #include "tests/support/Figures.h"
+#include "tests/support/ReferenceCheck.h"
 
 namespace {
 
@@ -59,6 +60,8 @@ TEST(Geographical, ShiftsLongitudeToTheCentralMeridian) {
     EXPECT_EQ(x, 5.0);
     EXPECT_EQ(y, 50.0);
     ExpectTable(ten, kMeridian10);
+    // An empty name is the local grid, which ignores the central meridian.
+    GxExpectIdentity(CGxGeographical("", 10, kGxGrs80), 15, 50);
 }
 
 TEST(Geographical, DefaultAreaFollowsTheCentralMeridian) {
