@@ -31,9 +31,14 @@
 #include "projections/CassiniSoldner.h"
 #include "projections/EquidistantConic.h"
 #include "projections/IsoMetric.h"
+#include "projections/Lambert2SP.h"
 #include "projections/LambertAzimuthalEqualArea.h"
+#include "projections/Mercator1SP.h"
 #include "projections/NewZealandMapGrid.h"
 #include "projections/RotatedLongitudeLatitude.h"
+#include "projections/Stereographic.h"
+#include "projections/StereographicNorthPole.h"
+#include "projections/StereographicSouthPole.h"
 #include "projections/TransverseMercator.h"
 #include "projections/TransverseMercatorJHS.h"
 #include "tests/support/Figures.h"
@@ -110,6 +115,15 @@ std::vector<Subject> ValueBuilt() {
     add("NZMG without axis",
         new CGxNewZealandMapGrid("none", 173, -41, kNzFalseEasting, kNzFalseNorthing, kNoAxis));
     add("isometric", new CGxIsoMetric(0, 0, 1000, 0, 0, 1000, 10, 50, 10.01, 50.01));
+    add("Lambert-93", new CGxLambert2SP("L", 49, 44, 3, 46.5, 700000, 6600000, kGxGrs80));
+    add("Mercator", new CGxMercator1SP("M", 0.997, 110, 3900000, 900000, kGxWgs84));
+    add("stereographic RD", new CGxStereographic("RD", 0.9999079, 5.38763888888889,
+                                                 52.15616055555555, 155000, 463000, kGxBessel));
+    add("stereographic north", new CGxStereographic("N", 0.994, 0, 90, 2000000, 2000000, kGxWgs84));
+    add("stereographic south",
+        new CGxStereographic("S", 0.97, -30, -90, 1500000, 2500000, kGxInternational));
+    add("north pole", new CGxStereographicNorthPole("N", 70, -45, 0, 0, kGxWgs84));
+    add("south pole", new CGxStereographicSouthPole("S", -71, 0, 0, 0, kGxWgs84));
     return out;
 }
 
@@ -153,6 +167,7 @@ constexpr double kSecondsPerSubject = 2.0;
 enum class Outcome {
     eBothNaN,
     eFirstNaN,
+    eSecondNaN,
     eEitherNaN,
 };
 
@@ -195,6 +210,25 @@ std::vector<NaNCase> NaNCases() {
         rotated.push_back({false, in.first, in.second, Outcome::eEitherNaN});
     }
     cases.push_back({"rotated GRS80", rotated});
+    // NaN is no latitude beyond the pole: the cone's clamp of the isometric
+    // term must not send it to the apex. Beyond a pole the Mercator has no
+    // point.
+    cases.push_back({"Lambert-93",
+                     {{true, 3, kNaN, Outcome::eEitherNaN},
+                      {true, kNaN, 45, Outcome::eBothNaN},
+                      {false, kNaN, 6600000, Outcome::eBothNaN}}});
+    cases.push_back({"Mercator",
+                     {{true, kNaN, kNaN, Outcome::eBothNaN},
+                      {false, kNaN, kNaN, Outcome::eBothNaN},
+                      {true, 110, 95, Outcome::eSecondNaN}}});
+    for (const char* stereographic :
+         {"stereographic RD", "stereographic north", "stereographic south"}) {
+        cases.push_back(
+            {stereographic,
+             {{true, kNaN, 50, Outcome::eBothNaN}, {false, kNaN, kNaN, Outcome::eSecondNaN}}});
+    }
+    cases.push_back({"north pole", {{true, kNaN, 70, Outcome::eBothNaN}}});
+    cases.push_back({"south pole", {{false, kNaN, 0, Outcome::eSecondNaN}}});
     cases.push_back({"NZMG",
                      {{false, kNaN, kNzFalseNorthing, Outcome::eBothNaN},
                       {true, kNaN, -41, Outcome::eFirstNaN}}});
@@ -263,6 +297,9 @@ TEST(HostileInput, NaNGivesNaN) {
                     break;
                 case Outcome::eFirstNaN:
                     EXPECT_TRUE(std::isnan(u)) << u;
+                    break;
+                case Outcome::eSecondNaN:
+                    EXPECT_TRUE(std::isnan(v)) << v;
                     break;
                 case Outcome::eEitherNaN:
                     EXPECT_TRUE(std::isnan(u) || std::isnan(v)) << u << ", " << v;

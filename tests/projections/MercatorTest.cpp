@@ -143,17 +143,3 @@ TEST(Mercator, OriginConvergenceAndDefaultArea) {
     EXPECT_NEAR(x1, 4232956.596963, 1e-3);
     EXPECT_NEAR(y1, 1230880.904610, 1e-3);
 }
-
-TEST(Mercator, NotANumberStaysNotANumber) {
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    double x, y;
-    Indonesia().Geo2Proj(nan, nan, &x, &y);
-    EXPECT_TRUE(std::isnan(x));
-    EXPECT_TRUE(std::isnan(y));
-    Indonesia().Proj2Geo(nan, nan, &x, &y);
-    EXPECT_TRUE(std::isnan(x));
-    EXPECT_TRUE(std::isnan(y));
-    // Beyond a pole there is no point of the map.
-    Indonesia().Geo2Proj(110, 95, &x, &y);
-    EXPECT_TRUE(std::isnan(y));
-}

@@ -185,15 +185,3 @@ TEST(Stereographic, NoDerivedParameter) {
     Dutch().GetDerivedParameters(&derived);
     EXPECT_EQ(derived, -7);
 }
-
-TEST(Stereographic, NotANumberStaysNotANumber) {
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    for (const CGxStereographic& p : {Dutch(), NorthPolar(), SouthPolar()}) {
-        double x, y;
-        p.Geo2Proj(nan, 50, &x, &y);
-        EXPECT_TRUE(std::isnan(x));
-        EXPECT_TRUE(std::isnan(y));
-        p.Proj2Geo(nan, nan, &x, &y);
-        EXPECT_TRUE(std::isnan(y));
-    }
-}
