@@ -25,6 +25,7 @@
 #include <thread>
 #include <vector>
 
+#include "tests/support/TestFiles.h"
 #include "zpf/zpf.h"
 
 extern char** environ;
@@ -36,11 +37,6 @@ using Clock = std::chrono::steady_clock;
 
 const char* const kProjections = "custom_projection.zpf";
 const char* const kEllipsoids = "custom_ellipsoid.zpf";
-
-std::string Slurp(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), {});
-}
 
 void WriteText(const fs::path& p, const std::string& text) {
     std::ofstream(p, std::ios::binary) << text;
@@ -143,7 +139,7 @@ public:
             waitpid(pid_, nullptr, 0);
         }
     }
-    std::string Output() const { return Slurp(out_); }
+    std::string Output() const { return GxSlurp(out_); }
     void Kill() const { kill(pid_, SIGKILL); }
     Outcome Wait() {
         Outcome o;
@@ -152,8 +148,8 @@ public:
         pid_ = -1;
         if (WIFEXITED(status)) o.exitCode = WEXITSTATUS(status);
         if (WIFSIGNALED(status)) o.signal = WTERMSIG(status);
-        o.out = Slurp(out_);
-        o.err = Slurp(err_);
+        o.out = GxSlurp(out_);
+        o.err = GxSlurp(err_);
         return o;
     }
 
@@ -296,7 +292,7 @@ TEST(CustomFileDurability, ChoicesMadeAtOnceAreAllInTheRecentlyUsedList) {
         running.emplace_back(home,
                              std::vector<std::string>{"recent", "UTM-" + std::to_string(zone)});
     for (Process& p : running) EXPECT_EQ(p.Wait().exitCode, 0);
-    const std::string list = Slurp(home.File(".MapProjectionBuffer.txt"));
+    const std::string list = GxSlurp(home.File(".MapProjectionBuffer.txt"));
     for (int zone = 31; zone <= 38; ++zone)
         EXPECT_TRUE(Contains(list, "PROJCS[\"UTM-" + std::to_string(zone) + "\"")) << zone << "\n"
                                                                                    << list;
@@ -333,8 +329,8 @@ TEST(CustomFileDurability, LookingUpAndConvertingLeavesTheFilesAsTheyWere) {
         EXPECT_EQ(tool.err, "");
     }
 
-    EXPECT_EQ(Slurp(home.File(kProjections)), kHandWrittenProjections);
-    EXPECT_EQ(Slurp(home.File(kEllipsoids)), kHandWrittenEllipsoids);
+    EXPECT_EQ(GxSlurp(home.File(kProjections)), kHandWrittenProjections);
+    EXPECT_EQ(GxSlurp(home.File(kEllipsoids)), kHandWrittenEllipsoids);
     struct stat after {};
     stat(home.File(kProjections).c_str(), &after);
     EXPECT_EQ(after.st_ino, before.st_ino);
@@ -427,8 +423,8 @@ TEST(CustomFileDurability, DamagedSectionsAreSkippedAndNothingTheUserWroteIsLost
     EXPECT_EQ(tool.exitCode, 0);
     EXPECT_TRUE(Contains(tool.err, "gxcart: " + path + ": line 25: keyword 'Scale' holds 2 values"))
         << tool.err;
-    EXPECT_EQ(Slurp(home.File(kProjections)), projections);
-    EXPECT_EQ(Slurp(home.File(kEllipsoids)), ellipsoids);
+    EXPECT_EQ(GxSlurp(home.File(kProjections)), projections);
+    EXPECT_EQ(GxSlurp(home.File(kEllipsoids)), ellipsoids);
 
     // A run that adds an entry keeps the damaged original beside the file and
     // carries every line the user wrote into the new one.
@@ -440,9 +436,9 @@ TEST(CustomFileDurability, DamagedSectionsAreSkippedAndNothingTheUserWroteIsLost
     for (const auto& e : fs::directory_iterator(home.Folder()))
         if (Contains(e.path().filename().string(), ".unreadable-")) copies.push_back(e.path());
     ASSERT_EQ(copies.size(), 1u);
-    EXPECT_EQ(Slurp(copies[0]), projections);
-    EXPECT_TRUE(KeepsEveryLine(projections, Slurp(home.File(kProjections))));
-    EXPECT_EQ(Slurp(home.File(kEllipsoids)), ellipsoids);
+    EXPECT_EQ(GxSlurp(copies[0]), projections);
+    EXPECT_TRUE(KeepsEveryLine(projections, GxSlurp(home.File(kProjections))));
+    EXPECT_EQ(GxSlurp(home.File(kEllipsoids)), ellipsoids);
 
     // Another such run needs no second copy: the first holds every damaged
     // part, and the file still carries them.
@@ -457,7 +453,7 @@ TEST(CustomFileDurability, DamagedSectionsAreSkippedAndNothingTheUserWroteIsLost
     EXPECT_EQ(later.out, std::string(kSiteAAt95x50) +
                              "\nSite F 500000.000 0.000\nSite G 500000.000 0.000\n"
                              "Site B unavailable\n");
-    EXPECT_TRUE(KeepsEveryLine(projections, Slurp(home.File(kProjections))));
+    EXPECT_TRUE(KeepsEveryLine(projections, GxSlurp(home.File(kProjections))));
 }
 
 // Two processes whose lifetimes overlap: the one that exits last applies its
@@ -499,7 +495,7 @@ TEST(CustomFileDurability, OverlappingProcessesMergeEditsDeletionsAndRenames) {
     const Content after = Projections(home);
     EXPECT_EQ(after.problems, 0);
     EXPECT_EQ(after.names, (std::vector<std::string>{"Site A", "Site C2", "Site Z"}));
-    const std::string text = Slurp(home.File(kProjections));
+    const std::string text = GxSlurp(home.File(kProjections));
     EXPECT_TRUE(Contains(text, "# Site grids, typed in from the survey report of 2019.\n"));
     EXPECT_TRUE(Contains(text, "# Site B, retired in 2023\n"));
     EXPECT_TRUE(Contains(text, "Centre = 8\n"));
@@ -564,7 +560,7 @@ TEST(CustomFileDurability, FileSizeLimitAndReadOnlyFolderKeepTheOldFileAndSaySo)
     EXPECT_TRUE(Contains(limited.err, "gxcart: cannot write '" + home.File(kProjections).string() +
                                           "': File too large; the file on disk is unchanged"))
         << limited.err;
-    EXPECT_EQ(Slurp(home.File(kProjections)), kHandWrittenProjections);
+    EXPECT_EQ(GxSlurp(home.File(kProjections)), kHandWrittenProjections);
     EXPECT_TRUE(home.Temporaries().empty());
 
     // Read-only, with and without the lock file of an earlier writer.
@@ -584,7 +580,7 @@ TEST(CustomFileDurability, FileSizeLimitAndReadOnlyFolderKeepTheOldFileAndSaySo)
             readOnly.err, lockFileThere ? "Operation not permitted; the file on disk is unchanged"
                                         : "cannot open the lock file"))
             << readOnly.err;
-        EXPECT_EQ(Slurp(home.File(kProjections)), kHandWrittenProjections);
+        EXPECT_EQ(GxSlurp(home.File(kProjections)), kHandWrittenProjections);
         EXPECT_TRUE(home.Temporaries().empty());
     }
 }

@@ -15,37 +15,11 @@
 #include "catalogue/CartSetup.h"
 #include "catalogue/EllipsoidList.h"
 #include "foundation/Ellipsoid.h"
+#include "tests/support/TestFiles.h"
 
 namespace fs = std::filesystem;
 
 namespace {
-
-class TempFolder {
-public:
-    TempFolder() {
-        char tmpl[] = "/tmp/gxcart-catalogue-XXXXXX";
-        path_ = mkdtemp(tmpl);
-    }
-    ~TempFolder() {
-        std::error_code ec;
-        fs::remove_all(path_, ec);
-    }
-    std::string folder() const { return path_.string() + "/"; }
-    const fs::path& path() const { return path_; }
-
-private:
-    fs::path path_;
-};
-
-std::string Slurp(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), {});
-}
-
-void WriteText(const fs::path& p, const std::string& text) {
-    std::ofstream out(p, std::ios::binary);
-    out << text;
-}
 
 int Count(CGxEllipsoidList& list, CGxEllipsoidList::EEllipsoidTypes type) {
     return static_cast<int>(std::distance(list.GetIteratorBegin(type), list.GetIteratorEnd(type)));
@@ -77,8 +51,8 @@ TEST(EllipsoidCatalogue, SystemFileIsReadAtLoad) {
     ASSERT_NE(xy, nullptr);
     EXPECT_EQ(xy->GetMajor(), 6371229.0);
     EXPECT_EQ(xy->GetFlatness(), 0.0);
-    for (const char* id : {"WD", "RF", "IN", "BR", "BN", "CC", "CD", "AA", "AM", "AN", "KA", "HE",
-                           "HO", "ID", "SA", "FA", "EA", "EB", "EC", "ED", "EE", "EF"})
+    for (const char* id : {"WD", "RF", "IN", "BR", "BN", "CC", "CD", "AA", "AM", "AN", "KA",
+                           "HE", "HO", "ID", "SA", "FA", "EA", "EB", "EC", "ED", "EE", "EF"})
         EXPECT_NE(list.GetEllipsoid(id), nullptr) << id;
     // Identifiers are case-sensitive and whole.
     EXPECT_EQ(list.GetEllipsoid("we"), nullptr);
@@ -87,7 +61,7 @@ TEST(EllipsoidCatalogue, SystemFileIsReadAtLoad) {
 }
 
 TEST(EllipsoidCatalogue, CustomEntriesFollowSystemEntries) {
-    TempFolder dir;
+    GxTempFolder dir;
     CGxEllipsoidList list;
     list.ReadEllipsoids(std::string(GXCART_TEST_DATA) + "/../../data/ellipsoid.zpf", false);
     list.GenerateCompleteList();
@@ -115,11 +89,11 @@ TEST(EllipsoidCatalogue, CustomEntriesFollowSystemEntries) {
 }
 
 TEST(EllipsoidCatalogue, SystemEntryWinsOverCustomWithSameIdentifier) {
-    TempFolder dir;
-    WriteText(dir.path() / "custom_ellipsoid.zpf",
-              "ELLIPSOID_DEFINITION {\n  REF_ELLIPSOID {\n    Ellipsoid_Name = \"My WGS\"\n"
-              "    ID_Code = \"WE\"\n    Semi_Major_Axis = 6378000\n    Inverse_Flatness = 300\n"
-              "  }\n}\n");
+    GxTempFolder dir;
+    GxWriteText(dir.path() / "custom_ellipsoid.zpf",
+                "ELLIPSOID_DEFINITION {\n  REF_ELLIPSOID {\n    Ellipsoid_Name = \"My WGS\"\n"
+                "    ID_Code = \"WE\"\n    Semi_Major_Axis = 6378000\n    Inverse_Flatness = 300\n"
+                "  }\n}\n");
     CGxEllipsoidList list;
     list.ReadEllipsoids(std::string(GXCART_TEST_DATA) + "/../../data/ellipsoid.zpf", false);
     list.ReadEllipsoids(dir.folder() + "custom_ellipsoid.zpf", true);
@@ -130,9 +104,9 @@ TEST(EllipsoidCatalogue, SystemEntryWinsOverCustomWithSameIdentifier) {
 }
 
 TEST(EllipsoidCatalogue, MissingAndMalformedFilesAddNothing) {
-    TempFolder dir;
-    WriteText(dir.path() / "broken.zpf", "ELLIPSOID_DEFINITION {\n  REF_ELLIPSOID {\n");
-    WriteText(dir.path() / "other.zpf", "SOMETHING_ELSE {\n}\n");
+    GxTempFolder dir;
+    GxWriteText(dir.path() / "broken.zpf", "ELLIPSOID_DEFINITION {\n  REF_ELLIPSOID {\n");
+    GxWriteText(dir.path() / "other.zpf", "SOMETHING_ELSE {\n}\n");
     CGxEllipsoidList list;
     list.ReadEllipsoids(dir.folder() + "absent.zpf", false);
     list.ReadEllipsoids(dir.folder() + "broken.zpf", false);
@@ -142,7 +116,7 @@ TEST(EllipsoidCatalogue, MissingAndMalformedFilesAddNothing) {
 }
 
 TEST(EllipsoidCatalogue, CustomFileRoundTripKeepsEveryValue) {
-    TempFolder dir;
+    GxTempFolder dir;
     CGxEllipsoidList list;
     list.AddEllipsoid(new CGxEllipsoid("Third", "T3", 6378137.0 / 3.0, 1.0 / 3.0));
     list.AddEllipsoid(new CGxEllipsoid("Quote \" and \\ in a name", "Q\"", 6378388, 297));
@@ -179,7 +153,7 @@ void AddManyUnderFileSizeLimit(const std::string& user) {
 }  // namespace
 
 TEST(EllipsoidCatalogue, UnloadWritesModifiedCustomFileIntoNewUserFolder) {
-    TempFolder dir;
+    GxTempFolder dir;
     const std::string user = dir.folder() + "new/user/";  // created only when written
     ASSERT_EQ(RunChild(AddAndUnload, user), 0);
     CGxEllipsoidList back;
@@ -193,13 +167,13 @@ TEST(EllipsoidCatalogue, UnloadWritesModifiedCustomFileIntoNewUserFolder) {
 }
 
 TEST(EllipsoidCatalogue, FailedWriteAtUnloadKeepsThePreviousFile) {
-    TempFolder dir;
+    GxTempFolder dir;
     const std::string previous =
         "ELLIPSOID_DEFINITION {\n  REF_ELLIPSOID {\n    Ellipsoid_Name = \"Kept\"\n"
         "    ID_Code = \"KP\"\n    Semi_Major_Axis = 6378000\n    Inverse_Flatness = 300\n  }\n}\n";
-    WriteText(dir.path() / "custom_ellipsoid.zpf", previous);
+    GxWriteText(dir.path() / "custom_ellipsoid.zpf", previous);
     ASSERT_EQ(RunChild(AddManyUnderFileSizeLimit, dir.folder()), 0);
-    EXPECT_EQ(Slurp(dir.path() / "custom_ellipsoid.zpf"), previous);
+    EXPECT_EQ(GxSlurp(dir.path() / "custom_ellipsoid.zpf"), previous);
 }
 
 // A damaged section hides its identifier from the entries after it in its
@@ -207,18 +181,18 @@ TEST(EllipsoidCatalogue, FailedWriteAtUnloadKeepsThePreviousFile) {
 // ellipsoid or an entry that stands before it. The projections that use such
 // an identifier are then refused by name, not converted on a wrong figure.
 TEST(EllipsoidCatalogue, DamagedSectionsHideTheirIdentifierOnlyFromLaterEntries) {
-    TempFolder dir;
+    GxTempFolder dir;
     auto section = [](const char* id, const char* axis) {
         return std::string("  REF_ELLIPSOID {\n    Ellipsoid_Name = \"") + id +
                "\"\n    ID_Code = \"" + id + "\"\n    Semi_Major_Axis = " + axis +
                "\n    Inverse_Flatness = 300\n  }\n";
     };
-    WriteText(dir.path() / "system.zpf",
-              "ELLIPSOID_DEFINITION {\n" + section("AA", "6378000") + section("AA", "6378000, 1") +
-                  section("BB", "\"6378000\"") + section("BB", "6377000") +
-                  section("WE", "6378137") + "}\n");
-    WriteText(dir.path() / "custom.zpf", "ELLIPSOID_DEFINITION {\n" + section("WE", "6378000 m") +
-                                             section("CC", "6378000 m") + "}\n");
+    GxWriteText(dir.path() / "system.zpf",
+                "ELLIPSOID_DEFINITION {\n" + section("AA", "6378000") +
+                    section("AA", "6378000, 1") + section("BB", "\"6378000\"") +
+                    section("BB", "6377000") + section("WE", "6378137") + "}\n");
+    GxWriteText(dir.path() / "custom.zpf", "ELLIPSOID_DEFINITION {\n" + section("WE", "6378000 m") +
+                                               section("CC", "6378000 m") + "}\n");
     CGxCartSetup::GetReport();
     CGxEllipsoidList list;
     list.ReadEllipsoids(dir.folder() + "system.zpf", false);

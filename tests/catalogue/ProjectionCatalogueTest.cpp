@@ -18,33 +18,12 @@
 #include "definitions/TransverseMercatorProjection.h"
 #include "foundation/Projection.h"
 #include "gxcart.h"
+#include "tests/support/TestFiles.h"
 #include "zpf/zpf.h"
 
 namespace fs = std::filesystem;
 
 namespace {
-
-class TempFolder {
-public:
-    TempFolder() {
-        char tmpl[] = "/tmp/gxcart-projections-XXXXXX";
-        path_ = mkdtemp(tmpl);
-    }
-    ~TempFolder() {
-        std::error_code ec;
-        fs::remove_all(path_, ec);
-    }
-    std::string folder() const { return path_.string() + "/"; }
-    fs::path operator/(const char* name) const { return path_ / name; }
-
-private:
-    fs::path path_;
-};
-
-void WriteText(const fs::path& p, const std::string& text) {
-    std::ofstream out(p, std::ios::binary);
-    out << text;
-}
 
 std::vector<CGxMapProjData*> Entries(CGxMapProjectionList& list) {
     return {list.GetIteratorBegin(), list.GetIteratorEnd()};
@@ -116,10 +95,11 @@ TEST(ProjectionCatalogue, LookUpIsExactAndCaseSensitive) {
     EXPECT_EQ(list.GetMapProjection("UTM-61"), nullptr);
     EXPECT_NE(list.GetMapProjection("LONG/LAT"), nullptr);
     // A WKT text is looked up by its PROJCS name.
-    EXPECT_EQ(list.GetMapProjection("PROJCS[\"UTM-32\",GEOGCS[\"x\",DATUM[\"d\",SPHEROID[\"s\",1,1]],"
-                                    "PRIMEM[\"G\",0],UNIT[\"Degree\",0.0174532925199433]],"
-                                    "PROJECTION[\"Transverse_Mercator\"],UNIT[\"Meter\",1]]"),
-              list.GetMapProjection("UTM-32"));
+    EXPECT_EQ(
+        list.GetMapProjection("PROJCS[\"UTM-32\",GEOGCS[\"x\",DATUM[\"d\",SPHEROID[\"s\",1,1]],"
+                              "PRIMEM[\"G\",0],UNIT[\"Degree\",0.0174532925199433]],"
+                              "PROJECTION[\"Transverse_Mercator\"],UNIT[\"Meter\",1]]"),
+        list.GetMapProjection("UTM-32"));
 }
 
 // Look-ups use short names kept beside the list; they must follow every
@@ -137,10 +117,10 @@ TEST(ProjectionCatalogue, LookUpFollowsAdditionsRenamesAndDeletions) {
     EXPECT_EQ(loaded.GetMapProjection("NON-UTM"), all.back());
 
     CGxMapProjectionList list;
-    auto* first = new CGxTransverseMercatorProjection("Site grid", "Projects", "IN", 1.0, 7.5, 0, 0, 0,
-                                                      true, true);
-    auto* second = new CGxTransverseMercatorProjection("Site grid", "Projects", "IN", 1.0, 9.0, 0, 0, 0,
-                                                       true, true);
+    auto* first = new CGxTransverseMercatorProjection("Site grid", "Projects", "IN", 1.0, 7.5, 0, 0,
+                                                      0, true, true);
+    auto* second = new CGxTransverseMercatorProjection("Site grid", "Projects", "IN", 1.0, 9.0, 0,
+                                                       0, 0, true, true);
     list.AddMapProjection(first);
     list.AddMapProjection(second);
     EXPECT_EQ(list.GetMapProjection("Site grid"), first);  // the first of two equal names
@@ -168,8 +148,8 @@ TEST(ProjectionCatalogue, LookUpFollowsAdditionsRenamesAndDeletions) {
 }
 
 TEST(ProjectionCatalogue, CustomFileEntriesAreEditableAndUnknownSectionsSkipped) {
-    TempFolder dir;
-    WriteText(dir / "custom_projection.zpf", kCustomLambert);
+    GxTempFolder dir;
+    GxWriteText(dir / "custom_projection.zpf", kCustomLambert);
     CGxMapProjectionList custom;
     custom.ReadMapProjections(dir.folder() + "custom_projection.zpf", true);
     std::vector<CGxMapProjData*> read = Entries(custom);
@@ -208,17 +188,17 @@ TEST(ProjectionCatalogue, CustomFileEntriesAreEditableAndUnknownSectionsSkipped)
 // is found by it, and a section without one has none. A system definition
 // does not take a new code, as it takes no new name.
 TEST(ProjectionCatalogue, CodesAreReadWrittenAndFound) {
-    TempFolder dir;
-    WriteText(dir / "custom_projection.zpf",
-              "MAP_PROJECTION_DEFINITION {\n"
-              "  UTM_PROJECTION {\n    Projection_Name = \"Site grid\"\n"
-              "    Branch_Name = \"Mine\"\n    Ellipsoid = \"RF\"\n    Code = \"epsg:25832\"\n"
-              "    Scale = 0.9996\n    Centre = 9\n    Origin_Latitude = 0\n"
-              "    Feast = 500000\n    Fnorth = 0\n  }\n"
-              "  UTM_PROJECTION {\n    Projection_Name = \"Uncoded\"\n    Ellipsoid = \"RF\"\n"
-              "    Code = \"IGNF:LAMB93\"\n  }\n"
-              "  UTM_PROJECTION {\n    Projection_Name = \"Plain\"\n    Ellipsoid = \"RF\"\n  }\n"
-              "}\n");
+    GxTempFolder dir;
+    GxWriteText(dir / "custom_projection.zpf",
+                "MAP_PROJECTION_DEFINITION {\n"
+                "  UTM_PROJECTION {\n    Projection_Name = \"Site grid\"\n"
+                "    Branch_Name = \"Mine\"\n    Ellipsoid = \"RF\"\n    Code = \"epsg:25832\"\n"
+                "    Scale = 0.9996\n    Centre = 9\n    Origin_Latitude = 0\n"
+                "    Feast = 500000\n    Fnorth = 0\n  }\n"
+                "  UTM_PROJECTION {\n    Projection_Name = \"Uncoded\"\n    Ellipsoid = \"RF\"\n"
+                "    Code = \"IGNF:LAMB93\"\n  }\n"
+                "  UTM_PROJECTION {\n    Projection_Name = \"Plain\"\n    Ellipsoid = \"RF\"\n  }\n"
+                "}\n");
     CGxMapProjectionList custom;
     custom.ReadMapProjections(dir.folder() + "custom_projection.zpf", true);
     auto* site = dynamic_cast<CGxTabledMapProjData*>(custom.GetMapProjection("Site grid"));
@@ -267,7 +247,7 @@ void AddProjectionAndUnload(const std::string& user) {
 }  // namespace
 
 TEST(ProjectionCatalogue, CustomProjectionWrittenAtUnloadIsReadByTheNextProcess) {
-    TempFolder dir;
+    GxTempFolder dir;
     pid_t pid = fork();
     if (pid == 0) {
         AddProjectionAndUnload(dir.folder());
@@ -290,9 +270,9 @@ TEST(ProjectionCatalogue, CustomProjectionWrittenAtUnloadIsReadByTheNextProcess)
 // unless an entry before it has that name: a damaged entry never makes its
 // name resolve to another system.
 TEST(ProjectionCatalogue, SkippedSectionsAreReportedAndLeaveTheirNameUnresolved) {
-    TempFolder dir;
+    GxTempFolder dir;
     const std::string path = dir.folder() + "custom_projection.zpf";
-    WriteText(
+    GxWriteText(
         path,
         "MAP_PROJECTION_DEFINITION {\n"
         "  UTM_PROJECTION {\n    Projection_Name = \"Pier\"\n    Scale = 1\n  }\n"          // 2
@@ -349,12 +329,12 @@ TEST(ProjectionCatalogue, DmsAnglesWithFractionsAreReadAsWritten) {
         {"12", 12, 12, 0, 0},
         {"45, 30, 15.5", 45 + 30.0 / 60 + 15.5 / 3600, 45, 30, 15.5},
     };
-    TempFolder dir;
+    GxTempFolder dir;
     std::string text = "MAP_PROJECTION_DEFINITION {\n";
     for (const Case& c : cases)
         text += std::string("  LAMBERT_CONIC_2SP_PROJECTION {\n    Projection_Name = \"") +
                 c.values + "\"\n    Parallel_1_dms = " + c.values + "\n  }\n";
-    WriteText(dir / "dms.zpf", text + "}\n");
+    GxWriteText(dir / "dms.zpf", text + "}\n");
     CGxMapProjectionList list;
     list.ReadMapProjections(dir.folder() + "dms.zpf", true);
     void* file = zpfLoadFile((dir.folder() + "dms.zpf").c_str());
@@ -378,8 +358,9 @@ TEST(ProjectionCatalogue, DmsAnglesWithFractionsAreReadAsWritten) {
 // C callers get the same report through the flat interface; a buffer too
 // small takes nothing away from it.
 TEST(ProjectionCatalogue, FlatCallersReadTheReportOnce) {
-    TempFolder dir;
-    WriteText(dir / "bad.zpf", "MAP_PROJECTION_DEFINITION {\n  UTM_PROJECTION {\n    Scale = 1 2\n  }\n}\n");
+    GxTempFolder dir;
+    GxWriteText(dir / "bad.zpf",
+                "MAP_PROJECTION_DEFINITION {\n  UTM_PROJECTION {\n    Scale = 1 2\n  }\n}\n");
     CGxCartSetup::GetReport();
     CGxMapProjectionList list;
     list.ReadMapProjections(dir.folder() + "bad.zpf", true);

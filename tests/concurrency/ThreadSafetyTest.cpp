@@ -24,20 +24,13 @@
 #include "gxcart.h"
 #include "mapprojection/Cartography.h"
 #include "mapprojection/MapProjection.h"
+#include "tests/support/TestFiles.h"
 #include "wkt/PRJParser.h"
 #include "wkt/ProjTranslator.h"
 
 namespace {
 
 constexpr int kThreads = 6;
-
-std::string ReadPrj(const std::string& name) {
-    std::ifstream in(std::string(GXCART_TEST_DATA) + "/wkt/" + name);
-    std::string line;
-    std::getline(in, line);
-    if (line.empty()) ADD_FAILURE() << "cannot read " << name;
-    return line;
-}
 
 // One system of every algorithm family the WKT reader builds.
 const std::vector<std::string>& WktTexts() {
@@ -47,7 +40,7 @@ const std::vector<std::string>& WktTexts() {
                               "3577_esri.prj", "3035_gdal.prj", "27200_gdal.prj", "29873_gdal.prj",
                               "2056_gdal.prj", "3031_gdal.prj", "3395_gdal.prj", "3068_gdal.prj",
                               "eqdc_esri.prj", "22275_gdal.prj", "3413_esri.prj", "4326_gdal.prj"})
-            t.push_back(ReadPrj(f));
+            t.push_back(GxReadPrj(f));
         return t;
     }();
     return texts;
@@ -173,10 +166,10 @@ TEST(ThreadSafety, SharedObjectsGiveTheSingleThreadedBits) {
         algorithms.emplace_back(CGxMapProjection::GetProjection(name, nullptr));
     for (const auto& a : algorithms) ASSERT_NE(a, nullptr);
 
-    const CGxMapProjection map(ReadPrj("ed50_utm32_towgs84_gdal.prj"));
+    const CGxMapProjection map(GxReadPrj("ed50_utm32_towgs84_gdal.prj"));
     const CGxCartography grid("UTM-32", 9.0, 50.0, 30.0);
-    const CGxDatumConverter converter(ReadPrj("ed50_utm32_towgs84_gdal.prj").c_str(),
-                                      ReadPrj("25832_gdal.prj").c_str());
+    const CGxDatumConverter converter(GxReadPrj("ed50_utm32_towgs84_gdal.prj").c_str(),
+                                      GxReadPrj("25832_gdal.prj").c_str());
     ASSERT_NE(map.GetProjection(), nullptr);
 
     std::vector<std::vector<double>> expected;

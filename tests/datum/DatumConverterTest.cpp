@@ -10,6 +10,7 @@
 #include "datum/DatumConverter.h"
 #include "foundation/Tolerance.h"
 #include "mapprojection/MapProjection.h"
+#include "tests/support/TestFiles.h"
 
 // Conversions between coordinate systems on different datums, checked
 // against PROJ pipelines that make the same steps: inverse projection,
@@ -20,13 +21,6 @@
 namespace {
 
 using Conversion = CGxDatumConverter::ETypeOfConversion;
-
-std::string ReadPrj(const std::string& file) {
-    std::ifstream in(std::string(GXCART_TEST_DATA) + "/wkt/" + file);
-    std::string line;
-    std::getline(in, line);
-    return line;
-}
 
 // The geographical systems the projected ones of tests/data/wkt stand on.
 const char kDhdn[] =
@@ -44,7 +38,7 @@ const char kEd50WithoutShift[] =
     "PRIMEM[\"Greenwich\",0],UNIT[\"degree\",0.0174532925199433]]";
 
 std::string Ed50Utm31() {
-    std::string text = ReadPrj("ed50_utm32_towgs84_gdal.prj");
+    std::string text = GxReadPrj("ed50_utm32_towgs84_gdal.prj");
     const std::string from = "\"central_meridian\",9]";
     return text.replace(text.find(from), from.size(), "\"central_meridian\",3]");
 }
@@ -97,9 +91,9 @@ struct PipelineCase {
 //   D: cct -d 11 +proj=pipeline +step $DEG +step +proj=cart +ellps=bessel +step $DHH
 //        +step +inv $EDH +step +inv +proj=cart +ellps=intl +step +inv $DEG
 std::vector<PipelineCase> PipelineCases() {
-    const std::string rdNew = ReadPrj("rdnew_towgs84_gdal.prj");
-    const std::string ed50Utm32 = ReadPrj("ed50_utm32_towgs84_gdal.prj");
-    const std::string wgs84 = ReadPrj("4326_gdal.prj");
+    const std::string rdNew = GxReadPrj("rdnew_towgs84_gdal.prj");
+    const std::string ed50Utm32 = GxReadPrj("ed50_utm32_towgs84_gdal.prj");
+    const std::string wgs84 = GxReadPrj("4326_gdal.prj");
     return {
         // A: seven-parameter projected to three-parameter projected.
         {"RD New to ED50 UTM 32",
@@ -202,7 +196,7 @@ TEST(DatumConverter, AgreesWithPipelinesInAllFourTypes) {
 //   echo "155000 463000 12.5" | cs2cs -f %.6f $RDP +to +proj=utm +zone=32 +ellps=intl
 //     -> 252901.788202 5784682.307142
 TEST(DatumConverter, BypassKeepsHeightAndGeodeticPosition) {
-    const std::string ed50Utm32 = ReadPrj("ed50_utm32_towgs84_gdal.prj");
+    const std::string ed50Utm32 = GxReadPrj("ed50_utm32_towgs84_gdal.prj");
     const std::string zone31 = Ed50Utm31();
     CGxDatumConverter sameDatum(ed50Utm32.c_str(), zone31.c_str());
     EXPECT_TRUE(sameDatum.GetBypassXYZ());
@@ -211,7 +205,7 @@ TEST(DatumConverter, BypassKeepsHeightAndGeodeticPosition) {
     ExpectNear(p, {948787.400150, 5317452.657999, 123.4}, false, true);
     EXPECT_EQ(p.z, 123.4);
 
-    const std::string rdNew = ReadPrj("rdnew_towgs84_gdal.prj");
+    const std::string rdNew = GxReadPrj("rdnew_towgs84_gdal.prj");
     CGxDatumConverter converter(rdNew.c_str(), ed50Utm32.c_str());
     converter.BypassXYZ();
     EXPECT_TRUE(converter.GetBypassXYZ());
@@ -234,7 +228,7 @@ TEST(DatumConverter, SevenParameterUnitsOfTheGeocentricStep) {
     const std::string source =
         "GEOGCS[\"test\",DATUM[\"D\",SPHEROID[\"WGS 84\",6378137,298.257223563],"
         "TOWGS84[0,0,0,0,0,1,1]],PRIMEM[\"Greenwich\",0],UNIT[\"degree\",0.0174532925199433]]";
-    CGxDatumConverter converter(source.c_str(), ReadPrj("4326_gdal.prj").c_str());
+    CGxDatumConverter converter(source.c_str(), GxReadPrj("4326_gdal.prj").c_str());
     struct Case {
         Point in, forward, back;
     };
@@ -265,7 +259,7 @@ TEST(DatumConverter, SevenParameterUnitsOfTheGeocentricStep) {
 // geocentric step off, while the reset still goes back to the choice made
 // at construction.
 TEST(DatumConverter, SetDatumShiftTakesRadiansAndAFraction) {
-    const std::string ed50Utm32 = ReadPrj("ed50_utm32_towgs84_gdal.prj");
+    const std::string ed50Utm32 = GxReadPrj("ed50_utm32_towgs84_gdal.prj");
     CGxDatumConverter converter(kDhdnWithoutShift, ed50Utm32.c_str());
     converter.SetConversionType(CGxDatumConverter::eGeoToProj);
     const double arcsec = kGxPi / 180.0 / 3600.0;
@@ -293,7 +287,7 @@ TEST(DatumConverter, SetDatumShiftTakesRadiansAndAFraction) {
 // Convert is the first one's InvConvert (case B above). Swapping back
 // restores the first behaviour.
 TEST(DatumConverter, InvertOrderSwapsRolesAndTwiceRestores) {
-    CGxDatumConverter converter(ReadPrj("ed50_utm32_towgs84_gdal.prj").c_str(), kDhdn);
+    CGxDatumConverter converter(GxReadPrj("ed50_utm32_towgs84_gdal.prj").c_str(), kDhdn);
     converter.SetConversionType(CGxDatumConverter::eProjToGeo);
     CGxMapProjection* const first = converter.GetMapProjection(true);
     converter.InvertOrder();
@@ -315,7 +309,7 @@ TEST(DatumConverter, InvertOrderSwapsRolesAndTwiceRestores) {
 // A local grid has no place on the Earth: whichever side it is on, and
 // whatever the conversion type, nothing is converted.
 TEST(DatumConverter, LocalGridOnEitherSideConvertsNothing) {
-    const std::string rdNew = ReadPrj("rdnew_towgs84_gdal.prj");
+    const std::string rdNew = GxReadPrj("rdnew_towgs84_gdal.prj");
     const Conversion types[] = {CGxDatumConverter::eProjToProj, CGxDatumConverter::eProjToGeo,
                                 CGxDatumConverter::eGeoToProj, CGxDatumConverter::eGeoToGeo};
     CGxDatumConverter localSource("NON-UTM", rdNew.c_str());
@@ -340,8 +334,8 @@ TEST(DatumConverter, LocalGridOnEitherSideConvertsNothing) {
 // An owning converter's copies own copies of the systems and outlive the
 // original; a borrowing converter's copies share the caller's systems.
 TEST(DatumConverter, CopiesOwnOrShareTheSystems) {
-    const std::string rdNew = ReadPrj("rdnew_towgs84_gdal.prj");
-    const std::string ed50Utm32 = ReadPrj("ed50_utm32_towgs84_gdal.prj");
+    const std::string rdNew = GxReadPrj("rdnew_towgs84_gdal.prj");
+    const std::string ed50Utm32 = GxReadPrj("ed50_utm32_towgs84_gdal.prj");
     const Point expected{252960.20049, 5784656.56934, 3.58829};
 
     auto* original = new CGxDatumConverter(rdNew.c_str(), ed50Utm32.c_str());
@@ -377,8 +371,8 @@ TEST(DatumConverter, CopiesOwnOrShareTheSystems) {
 // type and missing systems leave the coordinates alone, NaN stays NaN, and
 // the bare "UTM" (no zone) is refused as the map projection refuses it.
 TEST(DatumConverter, HostileInputStaysDefined) {
-    const std::string rdNew = ReadPrj("rdnew_towgs84_gdal.prj");
-    const std::string ed50Utm32 = ReadPrj("ed50_utm32_towgs84_gdal.prj");
+    const std::string rdNew = GxReadPrj("rdnew_towgs84_gdal.prj");
+    const std::string ed50Utm32 = GxReadPrj("ed50_utm32_towgs84_gdal.prj");
     CGxDatumConverter converter(rdNew.c_str(), ed50Utm32.c_str());
     converter.SetConversionType(static_cast<Conversion>(7));
     double x = 155000, y = 463000, z = 1;
@@ -431,11 +425,11 @@ TEST(DatumConverter, HostileInputStaysDefined) {
 TEST(DatumConverter, WebMercatorLongitudesAndLatitudesAreWgs84s) {
     const std::string forms[] = {
         CGxMapProjection::IDtoProjectionString(CGxMapProjection::eGoogleMaps),
-        ReadPrj("3857_esri.prj"),
-        ReadPrj("3857_gdal.prj"),
-        ReadPrj("dialects/web_mercator_geotools.prj"),
-        ReadPrj("dialects/web_mercator_named.prj"),
-        ReadPrj("dialects/web_mercator_named_1sp.prj"),
+        GxReadPrj("3857_esri.prj"),
+        GxReadPrj("3857_gdal.prj"),
+        GxReadPrj("dialects/web_mercator_geotools.prj"),
+        GxReadPrj("dialects/web_mercator_named.prj"),
+        GxReadPrj("dialects/web_mercator_named_1sp.prj"),
     };
     const std::vector<std::pair<Point, Point>> wgs84ToWebMercator = {
         {{0, 0, 0}, {0, 0, 0}},
@@ -452,8 +446,8 @@ TEST(DatumConverter, WebMercatorLongitudesAndLatitudesAreWgs84s) {
         {{500000, 5300000, 0}, {1001751.686538, 6082191.814427, 43.190825}},
         {{650000, 5900000, 100}, {1251875.971725, 7024962.599284, 133.000587}},
     };
-    const std::string wgs84 = ReadPrj("4326_esri.prj");
-    const std::string ed50Utm32 = ReadPrj("ed50_utm32_towgs84_gdal.prj");
+    const std::string wgs84 = GxReadPrj("4326_esri.prj");
+    const std::string ed50Utm32 = GxReadPrj("ed50_utm32_towgs84_gdal.prj");
     for (const std::string& form : forms) {
         SCOPED_TRACE(form);
         CGxDatumConverter fromWgs84(wgs84.c_str(), form.c_str());

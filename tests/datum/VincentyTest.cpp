@@ -16,14 +16,12 @@
 
 #include "datum/Vincenty.h"
 #include "foundation/Ellipsoid.h"
+#include "tests/support/Figures.h"
 
 namespace {
 
 const double kPi = 3.141592653589793;
 const double kNaN = std::numeric_limits<double>::quiet_NaN();
-
-const CGxEllipsoid kWgs84("WGS 84", "WE", 6378137.0, 298.257223563);
-const CGxEllipsoid kIntl1924("International 1924", "IN", 6378388.0, 297.0);
 
 // One line of a table made by tests/data/datum/make_geodesic_cases.py.
 std::vector<std::vector<std::string>> ReadTable(const std::string& name) {
@@ -92,8 +90,8 @@ Outcome SolveWithin1s(const CGxVincenty& v, double lon1, double lat1, double lon
 // azimuth and distance, must come back to the second point.
 TEST(Vincenty, InverseAgreesWithGeodSolveAndDirectReturns) {
     for (const auto& [file, ellipsoid] :
-         {std::make_pair("geodesic_inverse_wgs84.txt", kWgs84),
-          std::make_pair("geodesic_inverse_intl1924.txt", kIntl1924)}) {
+         {std::make_pair("geodesic_inverse_wgs84.txt", kGxWgs84),
+          std::make_pair("geodesic_inverse_intl1924.txt", kGxInternational)}) {
         const auto rows = ReadTable(file);
         ASSERT_GE(rows.size(), 100u) << file;
         CGxVincenty v(ellipsoid);
@@ -132,8 +130,8 @@ TEST(Vincenty, InverseAgreesWithGeodSolveAndDirectReturns) {
 // equatorial points) GeodSolve's choice must be ours too.
 TEST(Vincenty, NearAntipodeAgreesWithGeodSolve) {
     for (const auto& [file, ellipsoid] :
-         {std::make_pair("geodesic_antipodal_wgs84.txt", kWgs84),
-          std::make_pair("geodesic_antipodal_intl1924.txt", kIntl1924)}) {
+         {std::make_pair("geodesic_antipodal_wgs84.txt", kGxWgs84),
+          std::make_pair("geodesic_antipodal_intl1924.txt", kGxInternational)}) {
         const auto rows = ReadTable(file);
         ASSERT_GE(rows.size(), 700u) << file;
         CGxVincenty v(ellipsoid);
@@ -155,10 +153,10 @@ TEST(Vincenty, NearAntipodeAgreesWithGeodSolve) {
 // integral weighs most.
 TEST(Vincenty, DirectAgreesWithGeodSolve) {
     for (const auto& [file, ellipsoid] :
-         {std::make_pair("geodesic_direct_wgs84.txt", kWgs84),
-          std::make_pair("geodesic_direct_intl1924.txt", kIntl1924),
-          std::make_pair("geodesic_direct_long_wgs84.txt", kWgs84),
-          std::make_pair("geodesic_direct_long_intl1924.txt", kIntl1924)}) {
+         {std::make_pair("geodesic_direct_wgs84.txt", kGxWgs84),
+          std::make_pair("geodesic_direct_intl1924.txt", kGxInternational),
+          std::make_pair("geodesic_direct_long_wgs84.txt", kGxWgs84),
+          std::make_pair("geodesic_direct_long_intl1924.txt", kGxInternational)}) {
         const auto rows = ReadTable(file);
         ASSERT_GE(rows.size(), 20u) << file;
         CGxVincenty v(ellipsoid);
@@ -181,7 +179,7 @@ TEST(Vincenty, DirectAgreesWithGeodSolve) {
 // echo "0 0 0 1" | GeodSolve -i -p 10          -> 90 90 111319.4907932736
 // echo "0 0 0 10001965.73" | GeodSolve -p 10   -> lat2 89.999999993736...
 TEST(Vincenty, EquatorDegreeQuarterMeridianAndDueSouth) {
-    CGxVincenty v(kWgs84);
+    CGxVincenty v(kGxWgs84);
     const Inverse r = Solve(v, 0, 0, 1, 0);
     EXPECT_NEAR(r.distance, 111319.4907932736, 1e-6);
     EXPECT_EQ(r.azimuth1, 90.0);
@@ -222,7 +220,7 @@ TEST(Vincenty, SphereFollowsTheGreatCircle) {
 // millimetres and 1e-6 degrees off.
 //   echo "lat1 lon1 lat2 lon2" | GeodSolve -i -p 10   -> azi1 azi2 s12
 TEST(VincentyLimits, NearlyAntipodalPairsGiveTheGeodesic) {
-    CGxVincenty v(kWgs84);
+    CGxVincenty v(kGxWgs84);
     struct Case {
         double lat1, lon1, lat2, lon2, azi1, azi2, s12;
     };
@@ -249,7 +247,7 @@ TEST(VincentyLimits, NearlyAntipodalPairsGiveTheGeodesic) {
 }
 
 TEST(VincentyLimits, CoincidentPointsHaveNoLengthAndNoDirection) {
-    CGxVincenty v(kWgs84);
+    CGxVincenty v(kGxWgs84);
     // The same point, also with its longitude written whole turns on or as
     // -180 and 180: length 0, azimuths undefined.
     for (const auto& [lon1, lat1, lon2, lat2] : {std::array<double, 4>{20, 30, 20, 30},
@@ -271,7 +269,7 @@ TEST(VincentyLimits, CoincidentPointsHaveNoLengthAndNoDirection) {
 // root search used to report that it found no root); within a full turn
 // either way they are used as given, which is the same line.
 TEST(VincentyLimits, LongitudeDifferenceBeyondAFullTurnIsReduced) {
-    CGxVincenty v(kWgs84);
+    CGxVincenty v(kGxWgs84);
     for (const auto& [lat1, lat2, dLon, reduced] : {std::array<double, 4>{0, 0, 400, 40},
                                                     {10, 20, -400, -40},
                                                     {-30, 29.9, 540.05, 180.05},
@@ -288,7 +286,7 @@ TEST(VincentyLimits, LongitudeDifferenceBeyondAFullTurnIsReduced) {
 }
 
 TEST(VincentyLimits, BadInputGivesNaN) {
-    CGxVincenty v(kWgs84);
+    CGxVincenty v(kGxWgs84);
     const double inf = std::numeric_limits<double>::infinity();
     for (const auto& [lon1, lon2, lat2] : {std::array<double, 3>{0, kNaN, 10.0},
                                            {0, 10.0, inf},
@@ -318,7 +316,7 @@ TEST(VincentyLimits, BadInputGivesNaN) {
 TEST(VincentyLimits, GridNearAntipodesEnds) {
     const double lats[] = {-90, -89.5, -80, -60, -45, -30, -10,  -1, 0,
                            1,   10,    30,  45,  60,  80,  89.5, 90};
-    for (const CGxEllipsoid& e : {kWgs84, CGxEllipsoid("Flat", "FL", 6378137.0, 10.0)}) {
+    for (const CGxEllipsoid& e : {kGxWgs84, CGxEllipsoid("Flat", "FL", 6378137.0, 10.0)}) {
         CGxVincenty v(e);
         Inverse r, back;
         // The half meridian, over a pole between antipodes on the equator.

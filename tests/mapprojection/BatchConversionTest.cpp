@@ -14,7 +14,7 @@
 #include "datum/DatumConverter.h"
 #include "mapprojection/Cartography.h"
 #include "mapprojection/MapProjection.h"
-#include "tests/mapprojection/FacadeTestFiles.h"
+#include "tests/support/TestFiles.h"
 
 namespace {
 
@@ -79,8 +79,8 @@ void ExpectArrayMatchesPoints(Point point, Array array) {
 std::vector<std::string> Systems() {
     return {
         "UTM-32",
-        facadetest::ReadText("mapprojection/gk3_north_east.prj"),
-        facadetest::ReadText("mapprojection/lo29_west_south.prj"),
+        GxReadText("mapprojection/gk3_north_east.prj"),
+        GxReadText("mapprojection/lo29_west_south.prj"),
         "LONG/LAT",
         "EURO-CORDEX rotated pole grid",
         "NON-UTM",
@@ -126,8 +126,7 @@ TEST(BatchConversion, CartographyArraysMatchPointCalls) {
     };
     const CGxCartography grids[] = {
         CGxCartography("UTM-32", 9.5, 48.25, 10.0),
-        CGxCartography(facadetest::ReadText("mapprojection/lo29_west_south.prj").c_str(), 29.7,
-                       -25.9, -5.0),
+        CGxCartography(GxReadText("mapprojection/lo29_west_south.prj").c_str(), 29.7, -25.9, -5.0),
         CGxCartography("no such system", 9.5, 48.25, 10.0),
     };
     for (const CGxCartography& grid : grids) {
@@ -145,7 +144,7 @@ TEST(BatchConversion, CartographyArraysMatchPointCalls) {
 // In place with and without heights, both directions, every conversion type,
 // across datums (WGS 84 to ED50) and with a local grid on one side.
 TEST(BatchConversion, DatumConverterArraysMatchPointCalls) {
-    const std::string ed50 = facadetest::ReadText("wkt/ed50_utm32_towgs84_gdal.prj");
+    const std::string ed50 = GxReadText("wkt/ed50_utm32_towgs84_gdal.prj");
     CGxDatumConverter acrossDatums("UTM-32", ed50.c_str());
     CGxDatumConverter local("NON-UTM", "UTM-32");
     Values x, y;

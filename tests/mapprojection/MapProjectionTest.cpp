@@ -8,9 +8,7 @@
 #include "datum/DatumShift.h"
 #include "foundation/ProjectionInfo.h"
 #include "mapprojection/MapProjection.h"
-#include "tests/mapprojection/FacadeTestFiles.h"
-
-using facadetest::ReadText;
+#include "tests/support/TestFiles.h"
 
 namespace {
 
@@ -45,7 +43,7 @@ TEST(MapProjection, UtmZone32FromCatalogueNameAndFromBothWktFlavours) {
     ExpectConverts(zone, {3.2, 38.5, -5943.137245, 4277265.427114});
     for (const char* file : {"wkt/25832_esri.prj", "wkt/25832_gdal.prj"}) {
         SCOPED_TRACE(file);
-        const CGxMapProjection etrs(ReadText(file));
+        const CGxMapProjection etrs(GxReadText(file));
         ExpectConverts(etrs, {9, 48, 500000.000000, 5316300.224329});
         ExpectConverts(etrs, {12.5, 55.1, 723284.747293, 6111515.609379});
         ExpectConverts(etrs, {3.2, 38.5, -5943.137249, 4277265.427003});
@@ -68,7 +66,7 @@ TEST(MapProjection, NormalisedString) {
     EXPECT_NEAR(x1, x2, 1e-5);
     EXPECT_NEAR(y1, y2, 1e-5);
 
-    const std::string padded = "  " + ReadText("wkt/25832_gdal.prj") + "\n";
+    const std::string padded = "  " + GxReadText("wkt/25832_gdal.prj") + "\n";
     EXPECT_EQ(CGxMapProjection(padded).GetProjectionString(), padded);
 }
 
@@ -89,7 +87,7 @@ TEST(MapProjection, OtherTypesAndUnits) {
     ExpectConverts(CGxMapProjection("ETRS89-extended / LAEA Europe"),
                    {5, 50, 3962799.450955, 2999718.853160});
 
-    const CGxMapProjection longIsland(ReadText("wkt/2263_esri.prj"));
+    const CGxMapProjection longIsland(GxReadText("wkt/2263_esri.prj"));
     ExpectConverts(longIsland, {-73.9857, 40.7484, 301207.692309, 64599.221306});
     ExpectConverts(longIsland, {-72.5, 40.9, 426386.552417, 82516.438316});
     double factor = 0;
@@ -103,11 +101,11 @@ TEST(MapProjection, OtherTypesAndUnits) {
     EXPECT_STREQ(name, "Degree");
     EXPECT_NEAR(factor, 0.017453292519943295, 1e-15);
     EXPECT_FALSE(lcc.GetUnit(static_cast<CGxMapProjection::EMapProjectionInfo>(3), &factor, name));
-    EXPECT_FALSE(CGxMapProjection("LONG/LAT").GetUnit(CGxMapProjection::eAngularUnit, &factor,
-                                                        nullptr));
+    EXPECT_FALSE(
+        CGxMapProjection("LONG/LAT").GetUnit(CGxMapProjection::eAngularUnit, &factor, nullptr));
 
     CGxDatumShift shift;
-    CGxMapProjection(ReadText("wkt/ed50_utm32_towgs84_gdal.prj")).GetDatumShift(shift);
+    CGxMapProjection(GxReadText("wkt/ed50_utm32_towgs84_gdal.prj")).GetDatumShift(shift);
     EXPECT_EQ(shift.GetType(), CGxCartDef::eThreeParameterShift);
     EXPECT_EQ(shift[2], -121);
 }
@@ -120,17 +118,17 @@ TEST(MapProjection, OtherTypesAndUnits) {
 //   printf "28 -26 0 0\n30.5 -24.1 0 0\n" | cct -d 6 +proj=tmerc +axis=wsu
 //     +lat_0=0 +lon_0=29 +k=1 +x_0=0 +y_0=0 +ellps=WGS84
 TEST(MapProjection, AxisOrderAndSigns) {
-    const CGxMapProjection gk(ReadText("mapprojection/gk3_north_east.prj"));
+    const CGxMapProjection gk(GxReadText("mapprojection/gk3_north_east.prj"));
     EXPECT_EQ(gk.GetCoordSysType(), CGxMapProjection::eNorthEast);
     ExpectConverts(gk, {8, 50, 5540758.787686, 3428313.613376});
     ExpectConverts(gk, {10.2, 52.5, 5819057.324453, 3581480.775313});
 
-    const CGxMapProjection lo29(ReadText("mapprojection/lo29_west_south.prj"));
+    const CGxMapProjection lo29(GxReadText("mapprojection/lo29_west_south.prj"));
     EXPECT_EQ(lo29.GetCoordSysType(), CGxMapProjection::eWestSouth);
     ExpectConverts(lo29, {28, -26, 100120.866468, 2877217.611706});
     ExpectConverts(lo29, {30.5, -24.1, -152521.185454, 2667179.904614});
     // The same text without axes is the plain (east, north) grid.
-    const CGxMapProjection plain(ReadText("wkt/2053_gdal.prj"));
+    const CGxMapProjection plain(GxReadText("wkt/2053_gdal.prj"));
     EXPECT_EQ(plain.GetCoordSysType(), CGxMapProjection::eEastNorth);
     ExpectConverts(plain, {28, -26, -100120.866468, -2877217.611706});
 
@@ -147,8 +145,8 @@ TEST(MapProjection, AxisOrderAndSigns) {
 //   printf "0 0 0 0\n-74.006 40.7128 0 0\n139.69 35.68 0 0\n151.2 -33.87 0 0\n" |
 //     cct -d 6 +proj=merc +a=6378137 +b=6378137
 TEST(MapProjection, BuiltInWebMercatorAndWgs84) {
-    const CGxMapProjection web(CGxMapProjection::IDtoProjectionString(
-        CGxMapProjection::eGoogleMaps));
+    const CGxMapProjection web(
+        CGxMapProjection::IDtoProjectionString(CGxMapProjection::eGoogleMaps));
     ExpectConverts(web, {0, 0, 0.0, 0.0});
     ExpectConverts(web, {-74.006, 40.7128, -8238310.235647, 4970071.579142});
     ExpectConverts(web, {139.69, 35.68, 15550219.668912, 4256678.731904});
@@ -243,15 +241,15 @@ TEST(MapProjection, DefaultAreas) {
     EXPECT_EQ(y1, m1);
     EXPECT_LT(n0, 500000);
     EXPECT_GT(n1, 500000);
-    zone.GetDefaultArea(200, 100, static_cast<CGxMapProjection::ESizeParam>(0), 1000, &x0, &y0,
-                        &x1, &y1);
+    zone.GetDefaultArea(200, 100, static_cast<CGxMapProjection::ESizeParam>(0), 1000, &x0, &y0, &x1,
+                        &y1);
     EXPECT_EQ(x0, n0);
 }
 
 // Geocentric coordinates on the figure of the system.
 //   printf "9 48 350 0\n-70.5 -33.4 2500 0\n" | cct -d 6 +proj=cart +ellps=GRS80
 TEST(MapProjection, GeocentricBothWays) {
-    const CGxMapProjection etrs(ReadText("wkt/25832_esri.prj"));
+    const CGxMapProjection etrs(GxReadText("wkt/25832_esri.prj"));
     const double cases[][6] = {
         {9, 48, 350, 4223307.934899, 668906.263587, 4717136.430692},
         {-70.5, -33.4, 2500, 1779948.398991, -5026419.219617, -3492456.316890},

@@ -16,13 +16,10 @@
 #include "catalogue/ProjectionScan.h"
 #include "definitions/MapProjData.h"
 #include "mapprojection/MapProjection.h"
-#include "tests/mapprojection/FacadeTestFiles.h"
+#include "tests/support/TestFiles.h"
 #include "wkt/PRJParser.h"
 
 namespace fs = std::filesystem;
-using facadetest::ReadText;
-using facadetest::TempFolder;
-using facadetest::WriteText;
 
 namespace {
 
@@ -107,9 +104,9 @@ Lines Texts(const std::list<CGxMapProjectionInfo>& list) {
 // of a listed system replaces it, and no more than ten projected systems are
 // kept or answered.
 TEST(ProjectionBuffer, RecentlyUsedSystems) {
-    TempFolder home;
+    GxTempFolder home;
     const fs::path file = home / CGxMapProjectionBuffer::kFileName;
-    const std::string etrs = ReadText("wkt/25832_gdal.prj");
+    const std::string etrs = GxReadText("wkt/25832_gdal.prj");
     std::string etrsEdited = etrs;
     etrsEdited.replace(etrsEdited.find("\"central_meridian\",9"), 20, "\"central_meridian\",10");
 
@@ -180,18 +177,18 @@ TEST(ProjectionBuffer, RecentlyUsedSystems) {
 // .PRJ folders: only files named *.prj in any letter case, only their first
 // line, only texts the reader can use; the notifier hears each file taken.
 TEST(ProjectionScan, PrjFolder) {
-    TempFolder dir;
-    const std::string utm = ReadText("wkt/25832_esri.prj");
-    const std::string wgs84 = ReadText("wkt/4326_gdal.prj");
+    GxTempFolder dir;
+    const std::string utm = GxReadText("wkt/25832_esri.prj");
+    const std::string wgs84 = GxReadText("wkt/4326_gdal.prj");
     std::string readable;
     CGxPRJParser::FormatAsReadableWKT(utm, readable);
-    WriteText(dir / "a.prj", utm + "\n");
-    WriteText(dir / "B.PRJ", wgs84);
-    WriteText(dir / "c.Prj", readable);  // WKT over several lines
-    WriteText(dir / "d.txt", utm);
-    WriteText(dir / "e.prj", "not a coordinate system\n" + utm);
-    WriteText(dir / "f.prj", utm + "\r\nsecond line\r\n");
-    WriteText(dir / "g.prj.bak", utm);
+    GxWriteText(dir / "a.prj", utm + "\n");
+    GxWriteText(dir / "B.PRJ", wgs84);
+    GxWriteText(dir / "c.Prj", readable);  // WKT over several lines
+    GxWriteText(dir / "d.txt", utm);
+    GxWriteText(dir / "e.prj", "not a coordinate system\n" + utm);
+    GxWriteText(dir / "f.prj", utm + "\r\nsecond line\r\n");
+    GxWriteText(dir / "g.prj.bak", utm);
     fs::create_directory(dir / "h.prj");
 
     CGxMapProjectionList& catalogue = CGxCartSetup::Instance().GetMapProjectionList();
@@ -211,10 +208,10 @@ TEST(ProjectionScan, PrjFolder) {
 // Setup files: every line the reader can use; the notifier hears the
 // system's name.
 TEST(ProjectionScan, SetupFile) {
-    TempFolder dir;
-    const std::string utm = ReadText("wkt/25832_gdal.prj");
-    const std::string wgs84 = ReadText("wkt/4326_esri.prj");
-    WriteText(dir / "some.setup", utm + "\n\nUTM-32\r\n" + wgs84 + "\r\ngarbage[,,]\n");
+    GxTempFolder dir;
+    const std::string utm = GxReadText("wkt/25832_gdal.prj");
+    const std::string wgs84 = GxReadText("wkt/4326_esri.prj");
+    GxWriteText(dir / "some.setup", utm + "\n\nUTM-32\r\n" + wgs84 + "\r\ngarbage[,,]\n");
     std::list<CGxMapProjectionInfo> out;
     Recorder recorder;
     CGxCartSetup::Instance().GetMapProjectionList().ScanProjectionSetup(
@@ -229,13 +226,13 @@ TEST(ProjectionScan, SetupFile) {
 // The user's folder: its "OpenGISProjections" folder and its setup file,
 // filtered by type; the enumeration into a list puts the catalogue first.
 TEST(ProjectionScan, UserFolderAndEnumeration) {
-    TempFolder home;
-    const std::string utm = ReadText("wkt/25832_gdal.prj");
-    const std::string wgs84 = ReadText("wkt/4326_gdal.prj");
+    GxTempFolder home;
+    const std::string utm = GxReadText("wkt/25832_gdal.prj");
+    const std::string wgs84 = GxReadText("wkt/4326_gdal.prj");
     fs::create_directory(home / "OpenGISProjections");
-    WriteText(home / "OpenGISProjections/utm.prj", utm);
-    WriteText(home / "OpenGISProjections/wgs84.PRJ", wgs84);
-    WriteText(home / "UserDefinedProjection.setup", wgs84 + "\n" + utm + "\n");
+    GxWriteText(home / "OpenGISProjections/utm.prj", utm);
+    GxWriteText(home / "OpenGISProjections/wgs84.PRJ", wgs84);
+    GxWriteText(home / "UserDefinedProjection.setup", wgs84 + "\n" + utm + "\n");
 
     const Lines results = InUserFolder(home.folder(), [] {
         Lines r;

@@ -9,10 +9,7 @@
 #include "catalogue/EllipsoidList.h"
 #include "definitions/MapProjData.h"
 #include "mapprojection/MapProjection.h"
-#include "tests/mapprojection/FacadeTestFiles.h"
-
-using facadetest::ReadText;
-using facadetest::Replaced;
+#include "tests/support/TestFiles.h"
 
 namespace {
 
@@ -29,7 +26,7 @@ const char* const kBogusProjection =
 // case-sensitive but blanks around them do not count; the bare "UTM" names no
 // system and no predicate throws for it.
 TEST(ProjectionString, Classification) {
-    const std::string utm32 = ReadText("wkt/25832_gdal.prj");
+    const std::string utm32 = GxReadText("wkt/25832_gdal.prj");
     const std::string wgs84 = MP::IDtoProjectionString(MP::eWgs84);
     struct Case {
         std::string s;
@@ -82,10 +79,10 @@ TEST(ProjectionString, CatalogueMembershipAndParsedType) {
     EXPECT_FALSE(MP::_Exists("UTM-99", MP::eAllSystems));
     // The catalogue knows its systems by display name: a WKT text of the same
     // name is taken for the catalogue's, another is not.
-    EXPECT_TRUE(MP::_Exists(ReadText("wkt/25832_gdal.prj").c_str(), MP::eProjectedSystems));
-    EXPECT_FALSE(MP::_Exists(ReadText("wkt/25832_esri.prj").c_str(), MP::eAllSystems));
+    EXPECT_TRUE(MP::_Exists(GxReadText("wkt/25832_gdal.prj").c_str(), MP::eProjectedSystems));
+    EXPECT_FALSE(MP::_Exists(GxReadText("wkt/25832_esri.prj").c_str(), MP::eAllSystems));
 
-    const std::string utm = ReadText("wkt/25832_esri.prj");
+    const std::string utm = GxReadText("wkt/25832_esri.prj");
     EXPECT_TRUE(MP::IsProjectionOfType(utm.c_str(), CGxMapProjData::eTransverseMercator));
     EXPECT_FALSE(MP::IsProjectionOfType(utm.c_str(), CGxMapProjData::eLambert2SP));
     // A catalogue name is not WKT: the reader finds no type in it.
@@ -93,9 +90,9 @@ TEST(ProjectionString, CatalogueMembershipAndParsedType) {
     EXPECT_TRUE(MP::IsProjectionOfType(MP::IDtoProjectionString(MP::eGoogleMaps),
                                        CGxMapProjData::eMercator2SP));
 
-    EXPECT_EQ(MP::GetCoordSysType(ReadText("mapprojection/gk3_north_east.prj").c_str()),
+    EXPECT_EQ(MP::GetCoordSysType(GxReadText("mapprojection/gk3_north_east.prj").c_str()),
               MP::eNorthEast);
-    EXPECT_EQ(MP::GetCoordSysType(ReadText("mapprojection/lo29_west_south.prj").c_str()),
+    EXPECT_EQ(MP::GetCoordSysType(GxReadText("mapprojection/lo29_west_south.prj").c_str()),
               MP::eWestSouth);
     EXPECT_EQ(MP::GetCoordSysType("UTM-32"), MP::eEastNorth);
     EXPECT_EQ(MP::GetCoordSysType("UTM"), MP::eEastNorth);
@@ -105,27 +102,27 @@ TEST(ProjectionString, CatalogueMembershipAndParsedType) {
 // the unit of its lengths and the order of its standard parallels do not
 // matter; the figure, the datum shift and the axis directions do.
 TEST(ProjectionString, AreIdentical) {
-    const std::string esri = ReadText("wkt/25832_esri.prj");
-    const std::string gdal = ReadText("wkt/25832_gdal.prj");
+    const std::string esri = GxReadText("wkt/25832_esri.prj");
+    const std::string gdal = GxReadText("wkt/25832_gdal.prj");
     // The same grid with its false easting in US survey feet.
     const std::string feet =
-        Replaced(Replaced(esri, "PARAMETER[\"False_Easting\",500000.0]",
-                          "PARAMETER[\"False_Easting\",1640416.6666666667]"),
-                 "UNIT[\"Meter\",1.0]]", "UNIT[\"Foot_US\",0.3048006096012192]]");
-    const std::string west = Replaced(gdal, "AXIS[\"Easting\",EAST]", "AXIS[\"Easting\",WEST]");
+        GxReplaced(GxReplaced(esri, "PARAMETER[\"False_Easting\",500000.0]",
+                              "PARAMETER[\"False_Easting\",1640416.6666666667]"),
+                   "UNIT[\"Meter\",1.0]]", "UNIT[\"Foot_US\",0.3048006096012192]]");
+    const std::string west = GxReplaced(gdal, "AXIS[\"Easting\",EAST]", "AXIS[\"Easting\",WEST]");
     const std::string renamedAxis =
-        Replaced(gdal, "AXIS[\"Easting\",EAST]", "AXIS[\"Rechtswert\",east]");
+        GxReplaced(gdal, "AXIS[\"Easting\",EAST]", "AXIS[\"Rechtswert\",east]");
     const std::string otherMeridian =
-        Replaced(esri, "\"Central_Meridian\",9.0", "\"Central_Meridian\",9.5");
-    const std::string ed50 = ReadText("wkt/ed50_utm32_towgs84_gdal.prj");
-    const std::string ed50NoShift = Replaced(ed50, ",TOWGS84[-87,-98,-121,0,0,0,0]", "");
-    const std::string nyc = ReadText("wkt/2263_esri.prj");
+        GxReplaced(esri, "\"Central_Meridian\",9.0", "\"Central_Meridian\",9.5");
+    const std::string ed50 = GxReadText("wkt/ed50_utm32_towgs84_gdal.prj");
+    const std::string ed50NoShift = GxReplaced(ed50, ",TOWGS84[-87,-98,-121,0,0,0,0]", "");
+    const std::string nyc = GxReadText("wkt/2263_esri.prj");
     const std::string nycSwapped =
-        Replaced(nyc,
-                 "PARAMETER[\"Standard_Parallel_1\",41.0333333333333],"
-                 "PARAMETER[\"Standard_Parallel_2\",40.6666666666667]",
-                 "PARAMETER[\"Standard_Parallel_1\",40.6666666666667],"
-                 "PARAMETER[\"Standard_Parallel_2\",41.0333333333333]");
+        GxReplaced(nyc,
+                   "PARAMETER[\"Standard_Parallel_1\",41.0333333333333],"
+                   "PARAMETER[\"Standard_Parallel_2\",40.6666666666667]",
+                   "PARAMETER[\"Standard_Parallel_1\",40.6666666666667],"
+                   "PARAMETER[\"Standard_Parallel_2\",41.0333333333333]");
 
     EXPECT_TRUE(MP::AreIdentical(esri.c_str(), gdal.c_str()));
     EXPECT_TRUE(MP::AreIdentical(esri.c_str(), feet.c_str()));
@@ -151,8 +148,8 @@ TEST(ProjectionString, LongitudeToUtmZone) {
         double lon;
         const char* zone;
     } cases[] = {
-        {-180, "UTM-1"}, {-174.0001, "UTM-1"}, {-0.1, "UTM-30"}, {0, "UTM-31"}, {9, "UTM-32"},
-        {179.9, "UTM-60"}, {180, "UTM-61"}, {-186, "UTM-0"},
+        {-180, "UTM-1"}, {-174.0001, "UTM-1"}, {-0.1, "UTM-30"}, {0, "UTM-31"},
+        {9, "UTM-32"},   {179.9, "UTM-60"},    {180, "UTM-61"},  {-186, "UTM-0"},
     };
     for (const auto& c : cases) EXPECT_STREQ(MP::LongitudeToUTMZone(c.lon), c.zone) << c.lon;
     EXPECT_STREQ(MP::LongitudeToUTMZone(std::numeric_limits<double>::quiet_NaN()), "");
@@ -161,7 +158,7 @@ TEST(ProjectionString, LongitudeToUtmZone) {
 }
 
 TEST(ProjectionString, ShortNamesAndBuiltInStrings) {
-    EXPECT_STREQ(MP::ShortName(ReadText("wkt/25832_gdal.prj").c_str()), "ETRS89 / UTM zone 32N");
+    EXPECT_STREQ(MP::ShortName(GxReadText("wkt/25832_gdal.prj").c_str()), "ETRS89 / UTM zone 32N");
     EXPECT_STREQ(MP::ShortName("UTM-32"), "UTM-32");
     EXPECT_STREQ(MP::ShortName("NON-UTM"), "Local Coordinates");
     EXPECT_STREQ(MP::ShortName(nullptr), "");
@@ -190,9 +187,9 @@ TEST(ProjectionString, EnumeratesTheCatalogues) {
     EXPECT_EQ(separators, count);
 
     CGxEllipsoidList& ellipsoids = CGxCartSetup::Instance().GetEllipsoidList();
-    const long all = static_cast<long>(std::distance(
-        ellipsoids.GetIteratorBegin(CGxEllipsoidList::eAllEllipsoids),
-        ellipsoids.GetIteratorEnd(CGxEllipsoidList::eAllEllipsoids)));
+    const long all = static_cast<long>(
+        std::distance(ellipsoids.GetIteratorBegin(CGxEllipsoidList::eAllEllipsoids),
+                      ellipsoids.GetIteratorEnd(CGxEllipsoidList::eAllEllipsoids)));
     const std::string names = MP::EnumEllipsoids(CGxEllipsoidList::eAllEllipsoids, &count);
     EXPECT_EQ(count, all);
     EXPECT_EQ(names.rfind("WGS 84;WGS 72;GRS 1980;", 0), 0u) << names.substr(0, 60);
@@ -204,7 +201,7 @@ TEST(ProjectionString, EnumeratesTheCatalogues) {
 // The text results live in per-thread buffers: two threads asking at the
 // same time each read their own answers.
 TEST(ProjectionString, TextBuffersArePerThread) {
-    const std::string wkt = ReadText("wkt/25832_gdal.prj");
+    const std::string wkt = GxReadText("wkt/25832_gdal.prj");
     auto ask = [&wkt](double lon, const char* zone, bool useWkt, const char* name, int* wrong,
                       const char** buffer) {
         for (int i = 0; i < 20000; ++i) {

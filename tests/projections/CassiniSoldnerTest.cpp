@@ -5,14 +5,12 @@
 
 #include "foundation/Ellipsoid.h"
 #include "projections/CassiniSoldner.h"
+#include "tests/support/Figures.h"
 #include "tests/support/ReferenceFile.h"
 
 namespace {
 
-const CGxEllipsoid kBessel("Bessel 1841", "BR", 6377397.155, 299.1528128);
 const CGxEllipsoid kClarke66("Clarke 1866", "CC", 6378206.4, 294.978698213898);
-const CGxEllipsoid kWgs84("WGS 84", "WE", 6378137.0, 298.257223563);
-const CGxEllipsoid kSphere("Sphere", "SP", 6371000.0, 0.0);
 
 // The forward series in the longitude difference is PROJ's; the meridian arc
 // here is exact (series in n to sixth order), PROJ 9.1's a series in e^2 to
@@ -54,7 +52,7 @@ const GxReferencePoint kBerlinCorners[] = {
 
 TEST(CassiniSoldner, EllipsoidMatchesReferenceWithinOneDegree) {
     CGxCassiniSoldner berlin("Soldner Berlin", 13.62720366666667, 52.41864827777778, 40000, 10000,
-                             kBessel);
+                             kGxBessel);
     GxExpectReferenceTable(berlin, kBerlinBessel,
                            GxOnGround(kEllipsoidForwardTolerance, kEllipsoidInverseTolerance));
     CGxCassiniSoldner trinidad("Trinidad", -61.33333333333334, 10.44166666666667, 86501.46,
@@ -68,24 +66,24 @@ TEST(CassiniSoldner, EllipsoidSeriesFarFromCentralMeridian) {
     // drifts from the exact inverse of the forward: measured at most 3.4 mm at
     // 2 degrees, 1.7 cm at 3 degrees and 16 cm at 5 degrees (at 50 degrees
     // north; less at lower and higher latitudes).
-    CGxCassiniSoldner p("Far", 12, 50, 0, 0, kWgs84);
+    CGxCassiniSoldner p("Far", 12, 50, 0, 0, kGxWgs84);
     GxExpectReferenceTable(p, kFar2, GxOnGround(kEllipsoidForwardTolerance, 5e-8));
     GxExpectReferenceTable(p, kFar3, GxOnGround(kEllipsoidForwardTolerance, 3e-7));
     GxExpectReferenceTable(p, kFar5, GxOnGround(kEllipsoidForwardTolerance, 3e-6));
 }
 
 TEST(CassiniSoldner, SphereMatchesReference) {
-    CGxCassiniSoldner europe("Europe", 12, 50, 0, 0, kSphere);
+    CGxCassiniSoldner europe("Europe", 12, 50, 0, 0, kGxSphere);
     GxExpectReferenceTable(europe, kEuropeSphere,
                            GxOnGround(kSphereForwardTolerance, kSphereInverseTolerance));
-    CGxCassiniSoldner south("South", 25, -30, 100000, 200000, kSphere);
+    CGxCassiniSoldner south("South", 25, -30, 100000, 200000, kGxSphere);
     GxExpectReferenceTable(south, kSouthSphere,
                            GxOnGround(kSphereForwardTolerance, kSphereInverseTolerance));
 }
 
 TEST(CassiniSoldner, CentralMeridianNorthingIsMeridianArc) {
     CGxCassiniSoldner berlin("Soldner Berlin", 13.62720366666667, 52.41864827777778, 40000, 10000,
-                             kBessel);
+                             kGxBessel);
     GxExpectReferenceTable(berlin, kBerlinMeridian,
                            GxOnGround(kEllipsoidForwardTolerance, kEllipsoidInverseTolerance));
 
@@ -106,7 +104,7 @@ TEST(CassiniSoldner, CentralMeridianNorthingIsMeridianArc) {
 
 TEST(CassiniSoldner, DefaultAreaIsTenDegreeBox) {
     CGxCassiniSoldner berlin("Soldner Berlin", 13.62720366666667, 52.41864827777778, 40000, 10000,
-                             kBessel);
+                             kGxBessel);
     GxExpectDefaultArea(berlin, kBerlinCorners, kEllipsoidForwardTolerance);
 }
 
@@ -115,9 +113,9 @@ TEST(CassiniSoldner, ConvergenceMatchesReference) {
     // Ours is the direction of the chord to the point one arc minute north,
     // within 6e-4 degrees of the tangent here.
     CGxCassiniSoldner berlin("Soldner Berlin", 13.62720366666667, 52.41864827777778, 40000, 10000,
-                             kBessel);
+                             kGxBessel);
     EXPECT_NEAR(berlin.GetConvergence(15, 55), 1.12449348, 1e-3);
     EXPECT_NEAR(berlin.GetConvergence(10, 48), -2.69473381, 1e-3);
-    CGxCassiniSoldner south("South", 25, -30, 100000, 200000, kSphere);
+    CGxCassiniSoldner south("South", 25, -30, 100000, 200000, kGxSphere);
     EXPECT_NEAR(south.GetConvergence(20, -35), 2.86545622, 1e-3);
 }

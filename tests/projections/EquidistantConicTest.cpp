@@ -4,12 +4,11 @@
 
 #include "foundation/Ellipsoid.h"
 #include "projections/EquidistantConic.h"
+#include "tests/support/Figures.h"
 #include "tests/support/ReferenceFile.h"
 
 namespace {
 
-const CGxEllipsoid kWgs84("WGS 84", "WE", 6378137.0, 298.257223563);
-const CGxEllipsoid kIntl("International 1924", "IN", 6378388.0, 297.0);
 const CGxEllipsoid kClarke66("Clarke 1866", "CC", 6378206.4, 294.978698213898);
 
 CGxEllipsoid Sphere(double radius) {
@@ -39,7 +38,6 @@ const auto kTangentSphere = GxReadReferencePoints("equidistant_conic/tangent_sph
 const auto kConusGrid = GxReadReferencePoints("equidistant_conic/conus_wgs84_grid.txt");
 const auto kSouthernGrid = GxReadReferencePoints("equidistant_conic/southern_intl_grid.txt");
 const auto kAlaska = GxReadReferencePoints("equidistant_conic/alaska_grs80.txt");
-const CGxEllipsoid kGrs80("GRS 1980", "RF", 6378137.0, 298.257222101);
 
 // cct -d 6 +proj=eqdc +lat_1=29.5 +lat_2=45.5 +lat_0=23 +lon_0=-96 +x_0=500000 +y_0=100000
 // +a=6378137 +rf=298.257223563
@@ -51,12 +49,12 @@ const GxReferencePoint kConusCorners[] = {
 }  // namespace
 
 TEST(EquidistantConic, EllipsoidMatchesReference) {
-    CGxEquidistantConic conus("Conus", 29.5, 45.5, -96, 23, 500000, 100000, kWgs84);
+    CGxEquidistantConic conus("Conus", 29.5, 45.5, -96, 23, 500000, 100000, kGxWgs84);
     GxExpectReferenceTable(conus, kConusWgs84, kEllipsoid);
     GxExpectReferenceTable(conus, kConusGrid, kEllipsoidGrid);
     // Both parallels south: n < 0, negative radii, and the inverse turns both
     // coordinate differences round.
-    CGxEquidistantConic south("South", -18, -36, 132, 0, 1000000, 2000000, kIntl);
+    CGxEquidistantConic south("South", -18, -36, 132, 0, 1000000, 2000000, kGxInternational);
     GxExpectReferenceTable(south, kSouthernIntl, kEllipsoid);
     GxExpectReferenceTable(south, kSouthernGrid, kEllipsoidGrid);
 }
@@ -64,7 +62,7 @@ TEST(EquidistantConic, EllipsoidMatchesReference) {
 // A grid centred on -154 that reaches the western Aleutians: 172 E lies 34
 // degrees west of the central meridian (also written as -188), not 326 east.
 TEST(EquidistantConic, GridAcrossTheAntimeridian) {
-    for (const CGxEllipsoid& e : {kGrs80, Sphere(6371000)}) {
+    for (const CGxEllipsoid& e : {kGxGrs80, Sphere(6371000)}) {
         CGxEquidistantConic alaska("Alaska", 55, 65, -154, 50, 0, 0, e);
         if (e.GetInvFlatness() != 0) GxExpectReferenceTable(alaska, kAlaska, kEllipsoid);
         double x1, y1, x2, y2;
@@ -102,7 +100,7 @@ TEST(EquidistantConic, CentralMeridianNorthingIsMeridianArc) {
     struct Arc {
         double lat1, lat2, s12;
     };
-    CGxEquidistantConic conus("Conus", 29.5, 45.5, -96, 23, 500000, 100000, kWgs84);
+    CGxEquidistantConic conus("Conus", 29.5, 45.5, -96, 23, 500000, 100000, kGxWgs84);
     // -e 6378137 1/298.257223563
     for (const Arc& arc : {Arc{10, 70, 6663125.894535823}, Arc{0, 89, 9890271.864398522}}) {
         double x, y1, y2;
@@ -110,7 +108,7 @@ TEST(EquidistantConic, CentralMeridianNorthingIsMeridianArc) {
         conus.Geo2Proj(-96, arc.lat2, &x, &y2);
         EXPECT_NEAR(y2 - y1, arc.s12, 1e-8) << arc.lat1 << " " << arc.lat2;
     }
-    CGxEquidistantConic south("South", -18, -36, 132, 0, 1000000, 2000000, kIntl);
+    CGxEquidistantConic south("South", -18, -36, 132, 0, 1000000, 2000000, kGxInternational);
     // -e 6378388 1/297
     for (const Arc& arc : {Arc{-10, -60, 5548361.067221197}, Arc{-85, -5, 8890911.319982128}}) {
         double x, y1, y2;
@@ -121,16 +119,17 @@ TEST(EquidistantConic, CentralMeridianNorthingIsMeridianArc) {
 }
 
 TEST(EquidistantConic, DefaultAreaIsTenDegreeBox) {
-    CGxEquidistantConic conus("Conus", 29.5, 45.5, -96, 23, 500000, 100000, kWgs84);
+    CGxEquidistantConic conus("Conus", 29.5, 45.5, -96, 23, 500000, 100000, kGxWgs84);
     GxExpectDefaultArea(conus, kConusCorners, kEllipsoidForwardTolerance);
 }
 
 TEST(EquidistantConic, ConvergenceMatchesReference) {
     // echo "lon lat" | proj -V <parameters of the tables above>: "Convergence".
     // Meridians are straight, so the one-arc-minute chord is exact: n (lon - lon0).
-    CGxEquidistantConic conus("Conus", 29.5, 45.5, -96, 23, 500000, 100000, kWgs84);
+    CGxEquidistantConic conus("Conus", 29.5, 45.5, -96, 23, 500000, 100000, kGxWgs84);
     EXPECT_NEAR(conus.GetConvergence(-70, 25), 15.77770883, 1e-7);
-    CGxEquidistantConic south("South", -18, -36, 132, 0, 1000000, 2000000, kIntl);
+    EXPECT_EQ(conus.GetConvergence(-96, 45), 0.0);  // on the central meridian
+    CGxEquidistantConic south("South", -18, -36, 132, 0, 1000000, 2000000, kGxInternational);
     EXPECT_NEAR(south.GetConvergence(150, -40), -8.13932831, 1e-7);
     CGxEquidistantConic tangent("Tangent", 60, 60, 10, 50, 300000, -400000, Sphere(6371000));
     EXPECT_NEAR(tangent.GetConvergence(-20, 70), -25.98076211, 1e-7);

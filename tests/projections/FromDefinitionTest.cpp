@@ -678,6 +678,62 @@ TEST(FromDefinition, LongNameIsTruncated) {
     }
 }
 
+// What the algorithm base gives every type built from values: the local grid
+// for "NON-UTM" and an empty name; a name cut to 255 characters; a copy that outlives its original
+// and converts, derives and names as the original did; the figure handed out into an ellipsoid
+// whose names are kept, a sphere (inverse flattening 0, or a negative one) as inverse flattening 0;
+// and no figure for a major axis not above 0 (the rotated grid hands out whatever it was given).
+TEST(FromDefinition, EveryTypeHasTheBaseMembers) {
+    for (const Row& row : kRows) {
+        SCOPED_TRACE(row.name);
+        const CGxEllipsoid& figure = SystemEllipsoid(row.ellipsoid);
+        const Grid reference = row.by.fromValues(row.name, row.params, figure);
+        for (const char* name : {"NON-UTM", ""}) {
+            const Grid local = row.by.fromValues(name, row.params, figure);
+            ExpectLocalGrid(*local);
+            EXPECT_EQ(local->IsGeographical(), reference->IsGeographical());
+        }
+        const std::string longName(300, 'V');
+        EXPECT_EQ(row.by.fromValues(longName.c_str(), row.params, figure)->GetName(),
+                  longName.substr(0, 255));
+
+        Grid original = row.by.fromValues(row.name, row.params, figure);
+        const Grid clone(original->Clone());
+        original.reset();
+        EXPECT_EQ(typeid(*clone), typeid(*reference));
+        EXPECT_STREQ(clone->GetName(), row.name);
+        EXPECT_FALSE(clone->IsLocal());
+        const GxReferencePoint& around = row.forward.front();
+        for (double d : {-1.0, 0.0, 2.5})
+            ExpectSameConversionAt(*clone, *reference, around.lon + d, around.lat + d);
+        double derived[2] = {-7, -7};
+        clone->GetDerivedParameters(&derived[0]);
+        reference->GetDerivedParameters(&derived[1]);
+        EXPECT_EQ(derived[0], derived[1]);
+
+        CGxEllipsoid out("Kept", "KP", 1, 2);
+        ASSERT_TRUE(clone->GetAnonymousEllipsoid(out));
+        EXPECT_EQ(out.GetName(), "Kept");
+        EXPECT_EQ(out.GetID(), "KP");
+        EXPECT_EQ(out.GetMajor(), figure.GetMajor());
+        EXPECT_DOUBLE_EQ(out.GetInvFlatness(), figure.GetInvFlatness());
+        for (double inverseFlattening : {0.0, -1.0}) {
+            const CGxEllipsoid sphere("Sphere", "SP", 6371000.0, inverseFlattening);
+            ASSERT_TRUE(row.by.fromValues("S", row.params, sphere)->GetAnonymousEllipsoid(out));
+            EXPECT_EQ(out.GetMajor(), 6371000.0);
+            EXPECT_EQ(out.GetInvFlatness(), 0.0) << inverseFlattening;
+        }
+        if (row.noFigure == NoFigure::eNaNFigure) continue;
+        for (double major : {0.0, -1.0}) {
+            const CGxEllipsoid none("None", "NO", major, 300.0);
+            out.SetParams(1, 2);
+            EXPECT_FALSE(row.by.fromValues("N", row.params, none)->GetAnonymousEllipsoid(out));
+            EXPECT_EQ(out.GetMajor(), 1.0);
+            EXPECT_EQ(out.GetInvFlatness(), 2.0);
+        }
+    }
+}
+
 // The type's default definition builds its grid on its default ellipsoid,
 // not editable as it is: the national New Zealand grid, and the Transverse
 // Mercator of the Greenwich meridian on WGS 84

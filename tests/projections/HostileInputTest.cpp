@@ -31,11 +31,17 @@
 #include "projections/CassiniSoldner.h"
 #include "projections/EquidistantConic.h"
 #include "projections/IsoMetric.h"
+#include "projections/Lambert2SP.h"
 #include "projections/LambertAzimuthalEqualArea.h"
+#include "projections/Mercator1SP.h"
 #include "projections/NewZealandMapGrid.h"
 #include "projections/RotatedLongitudeLatitude.h"
+#include "projections/Stereographic.h"
+#include "projections/StereographicNorthPole.h"
+#include "projections/StereographicSouthPole.h"
 #include "projections/TransverseMercator.h"
 #include "projections/TransverseMercatorJHS.h"
+#include "tests/support/Figures.h"
 
 namespace {
 
@@ -50,10 +56,6 @@ const std::vector<double> kLatitudes = {kNaN,    kInf,       -kInf,       1e308,
 const std::vector<double> kPlane = {kNaN,  kInf, -kInf, 1e308, -1e308, 1e-308, -1e-308, 1e12,
                                     -1e12, 1e6,  -1e6,  1e300, -1e300, 0,      5e5};
 
-const CGxEllipsoid kWgs84("WGS 84", "WE", 6378137.0, 298.257223563);
-const CGxEllipsoid kGrs80("GRS 1980", "RF", 6378137.0, 298.257222101);
-const CGxEllipsoid kIntl("International 1924", "IN", 6378388.0, 297.0);
-const CGxEllipsoid kSphere("Sphere", "SP", 6371000.0, 0.0);
 // A figure without a major axis: the New Zealand grid scales its false
 // origin to 0/0 on it.
 const CGxEllipsoid kNoAxis("none", "N", 0, 0);
@@ -95,10 +97,10 @@ std::vector<Subject> ValueBuilt() {
     auto add = [&out](const std::string& label, CGxProjection* p) {
         out.push_back({label, Algorithm(p)});
     };
-    add("TM series UTM 32", new CGxTransverseMercatorJHS("TM", 0.9996, 9, 0, 500000, 0, kWgs84));
+    add("TM series UTM 32", new CGxTransverseMercatorJHS("TM", 0.9996, 9, 0, 500000, 0, kGxWgs84));
     add("TM Gauss-Krueger UTM 32",
-        new CGxTransverseMercator("TM", 0.9996, 9, 0, 500000, 0, kWgs84));
-    for (const CGxEllipsoid* e : {&kWgs84, &kSphere}) {
+        new CGxTransverseMercator("TM", 0.9996, 9, 0, 500000, 0, kGxWgs84));
+    for (const CGxEllipsoid* e : {&kGxWgs84, &kGxSphere}) {
         const std::string figure = " on " + e->GetName();
         add("Albers" + figure,
             new CGxAlbersEqualArea("Albers", 29.5, 45.5, -96, 23, 500000, 100000, *e));
@@ -107,12 +109,21 @@ std::vector<Subject> ValueBuilt() {
         add("Cassini" + figure, new CGxCassiniSoldner("Cassini", 12, 50, 0, 0, *e));
         add("Eqdc" + figure, new CGxEquidistantConic("Eqdc", 29.5, 45.5, -96, 23, 0, 0, *e));
     }
-    add("rotated GRS80", new CGxRotatedLongitudeLatitude("Rotated", 18, -39.25, 0, kGrs80));
-    add("NZMG",
-        new CGxNewZealandMapGrid("NZMG", 173, -41, kNzFalseEasting, kNzFalseNorthing, kIntl));
+    add("rotated GRS80", new CGxRotatedLongitudeLatitude("Rotated", 18, -39.25, 0, kGxGrs80));
+    add("NZMG", new CGxNewZealandMapGrid("NZMG", 173, -41, kNzFalseEasting, kNzFalseNorthing,
+                                         kGxInternational));
     add("NZMG without axis",
         new CGxNewZealandMapGrid("none", 173, -41, kNzFalseEasting, kNzFalseNorthing, kNoAxis));
     add("isometric", new CGxIsoMetric(0, 0, 1000, 0, 0, 1000, 10, 50, 10.01, 50.01));
+    add("Lambert-93", new CGxLambert2SP("L", 49, 44, 3, 46.5, 700000, 6600000, kGxGrs80));
+    add("Mercator", new CGxMercator1SP("M", 0.997, 110, 3900000, 900000, kGxWgs84));
+    add("stereographic RD", new CGxStereographic("RD", 0.9999079, 5.38763888888889,
+                                                 52.15616055555555, 155000, 463000, kGxBessel));
+    add("stereographic north", new CGxStereographic("N", 0.994, 0, 90, 2000000, 2000000, kGxWgs84));
+    add("stereographic south",
+        new CGxStereographic("S", 0.97, -30, -90, 1500000, 2500000, kGxInternational));
+    add("north pole", new CGxStereographicNorthPole("N", 70, -45, 0, 0, kGxWgs84));
+    add("south pole", new CGxStereographicSouthPole("S", -71, 0, 0, 0, kGxWgs84));
     return out;
 }
 
@@ -156,6 +167,7 @@ constexpr double kSecondsPerSubject = 2.0;
 enum class Outcome {
     eBothNaN,
     eFirstNaN,
+    eSecondNaN,
     eEitherNaN,
 };
 
@@ -198,6 +210,25 @@ std::vector<NaNCase> NaNCases() {
         rotated.push_back({false, in.first, in.second, Outcome::eEitherNaN});
     }
     cases.push_back({"rotated GRS80", rotated});
+    // NaN is no latitude beyond the pole: the cone's clamp of the isometric
+    // term must not send it to the apex. Beyond a pole the Mercator has no
+    // point.
+    cases.push_back({"Lambert-93",
+                     {{true, 3, kNaN, Outcome::eEitherNaN},
+                      {true, kNaN, 45, Outcome::eBothNaN},
+                      {false, kNaN, 6600000, Outcome::eBothNaN}}});
+    cases.push_back({"Mercator",
+                     {{true, kNaN, kNaN, Outcome::eBothNaN},
+                      {false, kNaN, kNaN, Outcome::eBothNaN},
+                      {true, 110, 95, Outcome::eSecondNaN}}});
+    for (const char* stereographic :
+         {"stereographic RD", "stereographic north", "stereographic south"}) {
+        cases.push_back(
+            {stereographic,
+             {{true, kNaN, 50, Outcome::eBothNaN}, {false, kNaN, kNaN, Outcome::eSecondNaN}}});
+    }
+    cases.push_back({"north pole", {{true, kNaN, 70, Outcome::eBothNaN}}});
+    cases.push_back({"south pole", {{false, kNaN, 0, Outcome::eSecondNaN}}});
     cases.push_back({"NZMG",
                      {{false, kNaN, kNzFalseNorthing, Outcome::eBothNaN},
                       {true, kNaN, -41, Outcome::eFirstNaN}}});
@@ -267,6 +298,9 @@ TEST(HostileInput, NaNGivesNaN) {
                 case Outcome::eFirstNaN:
                     EXPECT_TRUE(std::isnan(u)) << u;
                     break;
+                case Outcome::eSecondNaN:
+                    EXPECT_TRUE(std::isnan(v)) << v;
+                    break;
                 case Outcome::eEitherNaN:
                     EXPECT_TRUE(std::isnan(u) || std::isnan(v)) << u << ", " << v;
                     break;
@@ -284,7 +318,7 @@ TEST(HostileInput, NaNGivesNaN) {
 // far, still lands on the grid. (The point scale beside it is a series in the
 // unreduced longitude difference and may overflow; it only has to return.)
 TEST(HostileInput, TransverseMercatorReducesAnyFiniteLongitude) {
-    const CGxTransverseMercator classic("TM", 0.9996, 9, 0, 500000, 0, kGrs80);
+    const CGxTransverseMercator classic("TM", 0.9996, 9, 0, 500000, 0, kGxGrs80);
     const Algorithm series(CGxMapProjection::GetProjection("UTM-32", nullptr));
     ASSERT_TRUE(series);
     for (double lon : {729.0, -711.0, 1e6, -1e6, 1e15, 1e300, -1e308, 1e-308}) {
@@ -313,12 +347,12 @@ TEST(HostileInput, HugeCentralMeridianEndsConversion) {
     for (double lon0 = 1e14; lon0 < 1e21; lon0 *= 1.7) {
         for (double sign : {1.0, -1.0}) {
             const CGxTransverseMercatorJHS tm("far", 0.9996, sign * lon0, 0.0, 500000.0, 0.0,
-                                              kWgs84);
+                                              kGxWgs84);
             double x0, y0, x1, y1;
             tm.GetDefaultArea(&x0, &y0, &x1, &y1);
         }
     }
-    const CGxTransverseMercatorJHS tm("far", 0.9996, kFromFuzzInput, 0.0, 500000.0, 0.0, kWgs84);
+    const CGxTransverseMercatorJHS tm("far", 0.9996, kFromFuzzInput, 0.0, 500000.0, 0.0, kGxWgs84);
     double x0, y0, x1, y1;
     tm.GetDefaultArea(&x0, &y0, &x1, &y1);
 }
@@ -330,7 +364,7 @@ TEST(HostileInput, PointOnHugeCentralMeridian) {
     const double kNorthingAt9 = 994852.177285;
     for (double lon0 : {2.875e19, -1e17, 1e300}) {
         SCOPED_TRACE(lon0);
-        const CGxTransverseMercatorJHS tm("far", 0.9996, lon0, 0.0, 500000.0, 0.0, kWgs84);
+        const CGxTransverseMercatorJHS tm("far", 0.9996, lon0, 0.0, 500000.0, 0.0, kGxWgs84);
         double x = 0, y = 0;
         tm.Geo2Proj(lon0, 9.0, &x, &y);
         EXPECT_DOUBLE_EQ(x, 500000.0);

@@ -5,14 +5,10 @@
 
 #include "foundation/Ellipsoid.h"
 #include "projections/LambertAzimuthalEqualArea.h"
+#include "tests/support/Figures.h"
 #include "tests/support/ReferenceFile.h"
 
 namespace {
-
-const CGxEllipsoid kGrs80("GRS 1980", "RF", 6378137.0, 298.257222101);
-const CGxEllipsoid kWgs84("WGS 84", "WE", 6378137.0, 298.257223563);
-const CGxEllipsoid kIntl("International 1924", "IN", 6378388.0, 297.0);
-const CGxEllipsoid kSphere("Sphere", "SP", 6371000.0, 0.0);
 
 // The reference values carry micrometres; the forward formulas are PROJ's own.
 // Near the poles the polar forward loses a little to the difference of two
@@ -57,18 +53,18 @@ const GxReferencePoint kEuropeCorners[] = {
 }  // namespace
 
 TEST(LambertAzimuthalEqualArea, EllipsoidObliqueMatchesReference) {
-    CGxLambertAzimuthalEqualArea europe("LAEA Europe", 10, 52, 4321000, 3210000, kGrs80);
+    CGxLambertAzimuthalEqualArea europe("LAEA Europe", 10, 52, 4321000, 3210000, kGxGrs80);
     GxExpectReferenceTable(europe, kEuropeGrs80, kEllipsoid);
     GxExpectReferenceTable(europe, kEuropeGrid, kEllipsoid);
-    CGxLambertAzimuthalEqualArea south("South", -60, -15, 500000, 1000000, kIntl);
+    CGxLambertAzimuthalEqualArea south("South", -60, -15, 500000, 1000000, kGxInternational);
     GxExpectReferenceTable(south, kSouthAmericaIntl, kEllipsoid);
 }
 
 TEST(LambertAzimuthalEqualArea, EllipsoidPolarMatchesReference) {
-    CGxLambertAzimuthalEqualArea north("North", -40, 90, 1000000, 2000000, kWgs84);
+    CGxLambertAzimuthalEqualArea north("North", -40, 90, 1000000, 2000000, kGxWgs84);
     GxExpectReferenceTable(north, kNorthPolarWgs84, kEllipsoid);
     GxExpectReferenceTable(north, kNorthPolarGrid, kEllipsoid);
-    CGxLambertAzimuthalEqualArea south("South", 0, -90, 3000000, 3000000, kIntl);
+    CGxLambertAzimuthalEqualArea south("South", 0, -90, 3000000, 3000000, kGxInternational);
     GxExpectReferenceTable(south, kSouthPolarIntl, kEllipsoid);
     GxExpectReferenceTable(south, kSouthPolarGrid, kEllipsoid);
 }
@@ -77,7 +73,7 @@ TEST(LambertAzimuthalEqualArea, EllipsoidPolarMatchesReference) {
 // sin^2(beta0)) still holds to 1e-6 m; closer to the pole cct itself drifts
 // (3 mm at 0.01 degrees).
 TEST(LambertAzimuthalEqualArea, EllipsoidObliqueNextToPoleMatchesReference) {
-    CGxLambertAzimuthalEqualArea p("Near pole", 30, 89, 0, 0, kWgs84);
+    CGxLambertAzimuthalEqualArea p("Near pole", 30, 89, 0, 0, kGxWgs84);
     GxExpectReferenceTable(p, kObliqueNearPole, kEllipsoid);
 }
 
@@ -90,7 +86,8 @@ TEST(LambertAzimuthalEqualArea, EllipsoidObliqueCentreTendsToThePolarAspect) {
     const double metresPerDegree = 6378137.0 * 3.141592653589793 / 180;
     for (double originLatitude : {90 * (1 - 1e-11), 90 - 1e-8, 90 - 1e-6}) {
         SCOPED_TRACE(testing::Message() << std::setprecision(17) << originLatitude);
-        CGxLambertAzimuthalEqualArea p("Near pole", -40, originLatitude, 1000000, 2000000, kWgs84);
+        CGxLambertAzimuthalEqualArea p("Near pole", -40, originLatitude, 1000000, 2000000,
+                                       kGxWgs84);
         const double offset = (90 - originLatitude) * metresPerDegree;
         for (const GxReferencePoint& r : kNorthPolarGrid) {
             GxExpectForward(p, r, 2 * offset + 1e-6);
@@ -100,13 +97,13 @@ TEST(LambertAzimuthalEqualArea, EllipsoidObliqueCentreTendsToThePolarAspect) {
 }
 
 TEST(LambertAzimuthalEqualArea, SphereMatchesReference) {
-    CGxLambertAzimuthalEqualArea europe("LAEA Europe", 10, 52, 4321000, 3210000, kSphere);
+    CGxLambertAzimuthalEqualArea europe("LAEA Europe", 10, 52, 4321000, 3210000, kGxSphere);
     GxExpectReferenceTable(europe, kEuropeSphere,
                            GxOnGround(kForwardTolerance, kSphereInverseTolerance));
-    CGxLambertAzimuthalEqualArea north("North", -40, 90, 1000000, 2000000, kSphere);
+    CGxLambertAzimuthalEqualArea north("North", -40, 90, 1000000, 2000000, kGxSphere);
     GxExpectReferenceTable(north, kNorthPolarSphere,
                            GxOnGround(kForwardTolerance, kSphereInverseTolerance));
-    CGxLambertAzimuthalEqualArea south("South", 0, -90, 3000000, 3000000, kSphere);
+    CGxLambertAzimuthalEqualArea south("South", 0, -90, 3000000, 3000000, kGxSphere);
     GxExpectReferenceTable(south, kSouthPolarSphere,
                            GxOnGround(kForwardTolerance, kSphereInverseTolerance));
 }
@@ -115,35 +112,36 @@ TEST(LambertAzimuthalEqualArea, PolarAspectChosenByNearnessToThePole) {
     // An origin latitude a rounding error away from -90 must still take the
     // polar formulas: the oblique ones would divide by cos(beta0), nearly 0.
     const double nearSouthPole = -90 * (1 - 1e-13);
-    CGxLambertAzimuthalEqualArea ellipsoid("South", 0, nearSouthPole, 3000000, 3000000, kIntl);
+    CGxLambertAzimuthalEqualArea ellipsoid("South", 0, nearSouthPole, 3000000, 3000000,
+                                           kGxInternational);
     GxExpectReferenceTable(ellipsoid, kSouthPolarIntl, kEllipsoid);
-    CGxLambertAzimuthalEqualArea sphere("South", 0, nearSouthPole, 3000000, 3000000, kSphere);
+    CGxLambertAzimuthalEqualArea sphere("South", 0, nearSouthPole, 3000000, 3000000, kGxSphere);
     GxExpectReferenceTable(sphere, kSouthPolarSphere,
                            GxOnGround(kForwardTolerance, kSphereInverseTolerance));
 }
 
 TEST(LambertAzimuthalEqualArea, CentreReturnsOnEllipsoidButNaNOnSphere) {
     double lon, lat;
-    CGxLambertAzimuthalEqualArea ellipsoid("LAEA Europe", 10, 52, 4321000, 3210000, kGrs80);
+    CGxLambertAzimuthalEqualArea ellipsoid("LAEA Europe", 10, 52, 4321000, 3210000, kGxGrs80);
     ellipsoid.Proj2Geo(4321000, 3210000, &lon, &lat);
     EXPECT_EQ(lon, 10);
     EXPECT_EQ(lat, 52);
 
     // The spherical inverse divides 0 by 0 at the centre; its latitude is NaN
     // on purpose, while the direction (the longitude) is still defined.
-    CGxLambertAzimuthalEqualArea sphere("LAEA Europe", 10, 52, 4321000, 3210000, kSphere);
+    CGxLambertAzimuthalEqualArea sphere("LAEA Europe", 10, 52, 4321000, 3210000, kGxSphere);
     sphere.Proj2Geo(4321000, 3210000, &lon, &lat);
     EXPECT_EQ(lon, 10);
     EXPECT_TRUE(std::isnan(lat));
 
     // At a polar centre the sphere has its own guard and returns the pole.
-    CGxLambertAzimuthalEqualArea pole("North", -40, 90, 1000000, 2000000, kSphere);
+    CGxLambertAzimuthalEqualArea pole("North", -40, 90, 1000000, 2000000, kGxSphere);
     pole.Proj2Geo(1000000, 2000000, &lon, &lat);
     EXPECT_EQ(lat, 90);
 }
 
 TEST(LambertAzimuthalEqualArea, DefaultAreaObliqueBoxAndPolarSquare) {
-    CGxLambertAzimuthalEqualArea europe("LAEA Europe", 10, 52, 4321000, 3210000, kGrs80);
+    CGxLambertAzimuthalEqualArea europe("LAEA Europe", 10, 52, 4321000, 3210000, kGxGrs80);
     GxExpectDefaultArea(europe, kEuropeCorners, kForwardTolerance);
 
     // Around a pole the square is 200 km each way from the pole's easting, and
@@ -151,7 +149,7 @@ TEST(LambertAzimuthalEqualArea, DefaultAreaObliqueBoxAndPolarSquare) {
     // stereographic does: with unequal false easting and northing the box
     // does not contain the pole.
     double x0, y0, x1, y1;
-    for (const CGxEllipsoid& e : {kWgs84, kSphere}) {
+    for (const CGxEllipsoid& e : {kGxWgs84, kGxSphere}) {
         CGxLambertAzimuthalEqualArea north("North", -40, 90, 1000000, 2000000, e);
         north.GetDefaultArea(&x0, &y0, &x1, &y1);
         EXPECT_NEAR(x0, 800000, 1e-6);
@@ -167,11 +165,11 @@ TEST(LambertAzimuthalEqualArea, ConvergenceMatchesReference) {
     // The image of a meridian curves away from the centre, so the chord
     // departs from the tangent by about 1.4e-3 degrees here; on the straight
     // meridians of the polar aspect the two agree exactly.
-    CGxLambertAzimuthalEqualArea europe("LAEA Europe", 10, 52, 4321000, 3210000, kGrs80);
+    CGxLambertAzimuthalEqualArea europe("LAEA Europe", 10, 52, 4321000, 3210000, kGxGrs80);
     EXPECT_NEAR(europe.GetConvergence(30, 60), 16.99418005, 2e-3);
     EXPECT_NEAR(europe.GetConvergence(-10, 40), -13.78785351, 2e-3);
-    CGxLambertAzimuthalEqualArea north("North", -40, 90, 1000000, 2000000, kWgs84);
+    CGxLambertAzimuthalEqualArea north("North", -40, 90, 1000000, 2000000, kGxWgs84);
     EXPECT_NEAR(north.GetConvergence(45, 60), 85.0, 1e-7);
-    CGxLambertAzimuthalEqualArea south("South", -60, -15, 500000, 1000000, kSphere);
+    CGxLambertAzimuthalEqualArea south("South", -60, -15, 500000, 1000000, kGxSphere);
     EXPECT_NEAR(south.GetConvergence(-70, -40), 5.83589606, 2e-3);
 }

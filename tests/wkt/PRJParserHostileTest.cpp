@@ -6,19 +6,13 @@
 #include <string>
 
 #include "foundation/Tolerance.h"
+#include "tests/support/TestFiles.h"
 #include "wkt/PRJParser.h"
 
 // Malformed and hostile texts: each ends with a defined result, and a parser
 // never answers true while holding the invalid type (or the reverse).
 
 namespace {
-
-std::string ReadPrj(const std::string& file) {
-    std::ifstream in(std::string(GXCART_TEST_DATA) + "/wkt/" + file);
-    std::string line;
-    std::getline(in, line);
-    return line;
-}
 
 // Parses and checks the one invariant every outcome keeps.
 bool ParseChecked(CGxPRJParser& parser) {
@@ -60,7 +54,7 @@ TEST(PRJParserHostile, EveryPrefixOfRealTexts) {
     for (const char* file : {"25832_gdal.prj", "5514_esri.prj", "7415_gdal.prj",
                              "rdnew_towgs84_gdal.prj", "29873_gdal.prj"}) {
         SCOPED_TRACE(file);
-        const std::string text = ReadPrj(file);
+        const std::string text = GxReadPrj(file);
         ASSERT_FALSE(text.empty());
         int parsedWhenClosed = 0;
         for (std::size_t n = 0; n < text.size(); ++n) {

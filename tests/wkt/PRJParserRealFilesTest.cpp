@@ -8,6 +8,7 @@
 
 #include "foundation/NumberText.h"
 #include "foundation/Tolerance.h"
+#include "tests/support/TestFiles.h"
 #include "wkt/PRJParser.h"
 
 // Real .prj texts of national grids as GIS software writes them, in the ESRI
@@ -19,19 +20,6 @@
 // each file must give is tests/data/wkt/expected_parameters.txt.
 
 namespace {
-
-std::string ReadPrj(const std::string& file) {
-    std::ifstream in(std::string(GXCART_TEST_DATA) + "/wkt/" + file);
-    std::string line;
-    std::getline(in, line);
-    return line;
-}
-
-std::string Trim(const std::string& s) {
-    const std::size_t b = s.find_first_not_of(' ');
-    if (b == std::string::npos) return std::string();
-    return s.substr(b, s.find_last_not_of(' ') - b + 1);
-}
 
 double Number(const std::string& s) {
     return s == "unset" ? kGxUnset : GxParseNumber(s);
@@ -65,19 +53,12 @@ const std::map<std::string, Getter> kGetters = {
 // projection name, linear unit and every parameter slot, so that a value read
 // into the wrong slot shows up as well as a missing one.
 TEST(PRJParserRealFiles, TypeParametersAndUnit) {
-    std::ifstream table(std::string(GXCART_TEST_DATA) + "/wkt/expected_parameters.txt");
-    ASSERT_TRUE(table.good());
     int rows = 0;
-    for (std::string line; std::getline(table, line);) {
-        if (line.empty() || line[0] == '#') continue;
-        std::vector<std::string> field;
-        std::istringstream cells(line);
-        for (std::string cell; std::getline(cells, cell, '|');) field.push_back(Trim(cell));
-        field.resize(7);
+    for (const std::vector<std::string>& field : GxExpectedParameterRows()) {
         SCOPED_TRACE(field[0]);
         ++rows;
 
-        const std::string text = ReadPrj(field[0]);
+        const std::string text = GxReadPrj(field[0]);
         ASSERT_FALSE(text.empty()) << "missing test file";
         EXPECT_NE(CGxPRJParser::IsPRJ(text), 0);
         CGxPRJParser parser(text);
@@ -130,7 +111,7 @@ TEST(PRJParserRealFiles, GeographicPartAndAxes) {
     };
     for (const Names& c : cases) {
         SCOPED_TRACE(c.file);
-        CGxPRJParser parser(ReadPrj(c.file));
+        CGxPRJParser parser(GxReadPrj(c.file));
         ASSERT_TRUE(parser.Parse(false));
         EXPECT_EQ(parser.GetProjCSname(), c.projCS);
         EXPECT_EQ(parser.GetGeoCSname(), c.geoCS);
@@ -165,7 +146,7 @@ TEST(PRJParserRealFiles, GeographicPartAndAxes) {
 TEST(PRJParserRealFiles, ParisMeridianAndGrads) {
     for (const char* file : {"27572_esri.prj", "27572_gdal.prj", "4807_gdal.prj"}) {
         SCOPED_TRACE(file);
-        CGxPRJParser parser(ReadPrj(file));
+        CGxPRJParser parser(GxReadPrj(file));
         ASSERT_TRUE(parser.Parse(false));
         std::string name;
         double value = 0;
@@ -181,7 +162,7 @@ TEST(PRJParserRealFiles, ParisMeridianAndGrads) {
 // The compound system's own name is the display name; the geographic name,
 // the linear unit and the axes come from the horizontal part.
 TEST(PRJParserRealFiles, CompoundSystem) {
-    const std::string text = ReadPrj("7415_gdal.prj");
+    const std::string text = GxReadPrj("7415_gdal.prj");
     EXPECT_EQ(CGxPRJParser::ShortName(text), "Amersfoort / RD New + NAP height");
     CGxPRJParser parser(text);
     ASSERT_TRUE(parser.Parse(false));
@@ -211,7 +192,7 @@ TEST(PRJParserRealFiles, DatumShiftToWgs84) {
     };
     for (const Shift& c : cases) {
         SCOPED_TRACE(c.file);
-        CGxPRJParser parser(ReadPrj(c.file));
+        CGxPRJParser parser(GxReadPrj(c.file));
         ASSERT_TRUE(parser.Parse(false));
         CGxDatumShift shift;
         parser.GetDatumShift(shift);
@@ -238,7 +219,7 @@ TEST(PRJParserRealFiles, SortedParallels) {
     };
     for (const Sorted& c : cases) {
         SCOPED_TRACE(c.file);
-        CGxPRJParser parser(ReadPrj(c.file));
+        CGxPRJParser parser(GxReadPrj(c.file));
         ASSERT_TRUE(parser.Parse(true));
         EXPECT_EQ(parser.GetStandardParallel1(), c.first);
         EXPECT_EQ(parser.GetStandardParallel2(), c.second);

@@ -10,6 +10,7 @@
 #include "datum/DatumConverter.h"
 #include "mapprojection/MapProjection.h"
 #include "tests/support/CommaLocale.h"
+#include "tests/support/TestFiles.h"
 #include "wkt/ProjTranslator.h"
 
 // The PROJ.4 text of a coordinate system: its exact item layout for every
@@ -17,13 +18,6 @@
 // coordinates from that very text against the library's own.
 
 namespace {
-
-std::string ReadPrj(const std::string& file) {
-    std::ifstream in(std::string(GXCART_TEST_DATA) + "/wkt/" + file);
-    std::string line;
-    std::getline(in, line);
-    return line;
-}
 
 std::string Translate(const std::string& wkt) {
     return CGxProjTranslator::Convert2Proj4(wkt, nullptr, 0);
@@ -132,7 +126,7 @@ std::vector<GridCase> GridCases() {
          {{-74, 40.7, 984250.0000, 194305.3389}, {-73.9, 40.6, 1012019.6680, 157888.4311}}},
         // One parallel, written twice; grads and the Paris meridian: angles
         // in degrees, the meridian added to the central longitude.
-        {"Lambert one parallel, NTF (Paris) grads", ReadPrj("27572_gdal.prj"),
+        {"Lambert one parallel, NTF (Paris) grads", GxReadPrj("27572_gdal.prj"),
          "+proj=lcc +lat_1=46.79999999999981 +lat_0=46.79999999999981 +lon_0=2.33722917 "
          "+k=0.99987742 +x_0=600000 +y_0=2200000 +a=6378249.2 +b=6356515 +units=m "
          "+no_defs  no_defs <>",
@@ -148,7 +142,7 @@ std::vector<GridCase> GridCases() {
          "+no_defs  no_defs <>",
          1.0, {{4, 51, 57605.9460, 335312.6622}, {7, 53.5, 261980.0913, 613721.9733}}},
         // The web Mercator's sphere takes the place of the datum's spheroid.
-        {"Web Mercator, ESRI's auxiliary sphere", ReadPrj("3857_esri.prj"),
+        {"Web Mercator, ESRI's auxiliary sphere", GxReadPrj("3857_esri.prj"),
          "+proj=merc +lat_ts=0 +lon_0=0 +k=1 +x_0=0 +y_0=0 +a=6378137 +b=6378137 +units=m "
          "+no_defs  no_defs <>",
          1.0, {{45, 30, 5009377.0857, 3503549.8435}, {-120, -60, -13358338.8952, -8399737.8898}}},
@@ -297,7 +291,7 @@ TEST(ProjTranslator, TextsThatCannotCarryTheGrid) {
         std::string wkt;
         const char* text;
     } cases[] = {
-        {"Swiss oblique Mercator", ReadPrj("2056_gdal.prj"),
+        {"Swiss oblique Mercator", GxReadPrj("2056_gdal.prj"),
          "+proj=omerc +lat_0=46.95240555555561 +lon_0=7.439583333333331 +alpha=90.00000000000001 "
          "+k=1 +x_0=2600000 +y_0=1200000 +a=6377397.155 +b=6356078.962818188 +units=m "
          "+no_defs  no_defs <>"},
@@ -328,7 +322,7 @@ TEST(ProjTranslator, TextsThatCannotCarryTheGrid) {
                  {"Scale_Factor", 0.9996},
                  {"Latitude_Of_Origin", 0}}),
          "+a=6378137 +b=6356752.314245179 +units=m +no_defs  no_defs <>"},
-        {"geographical on the Paris meridian", ReadPrj("4807_gdal.prj"),
+        {"geographical on the Paris meridian", GxReadPrj("4807_gdal.prj"),
          "+proj=longlat +a=6378249.2 +b=6356515 +no_defs  no_defs <>"},
     };
     for (const auto& c : cases) {
@@ -352,11 +346,11 @@ TEST(ProjTranslator, UndefinedAndUnresolvedSystems) {
     EXPECT_EQ(Translate("LONG/LAT"), "+proj=undef ");
     EXPECT_EQ(Translate("NON-UTM"), "+proj=undef ");
     // A polar text without scale is not read: its grid is undefined.
-    EXPECT_EQ(Translate(ReadPrj("3413_gdal.prj")), "+proj=undef ");
+    EXPECT_EQ(Translate(GxReadPrj("3413_gdal.prj")), "+proj=undef ");
 
     EXPECT_EQ(Translate("UTM"), "");
     EXPECT_EQ(Translate("no such system"), "");
-    EXPECT_EQ(Translate(ReadPrj("31300_esri.prj")), "");
+    EXPECT_EQ(Translate(GxReadPrj("31300_esri.prj")), "");
     EXPECT_EQ(Translate("PROJCS[\"cut\",GEOGCS[\"GCS\",DATUM[\"D\",SPHEROID[\"WGS_1984\",6378"),
               "");
 }
@@ -369,13 +363,13 @@ TEST(ProjTranslator, UndefinedAndUnresolvedSystems) {
 //   echo "155000 463000 0" | cs2cs -f %.11f <text up to +no_defs>
 //     +to +proj=longlat +ellps=WGS84 +towgs84=0,0,0   -> 5.38720350886 52.15517229965
 TEST(ProjTranslator, DatumShiftItems) {
-    const std::string rdNew = ReadPrj("rdnew_towgs84_gdal.prj");
+    const std::string rdNew = GxReadPrj("rdnew_towgs84_gdal.prj");
     const std::string rdNewText = Translate(rdNew);
     EXPECT_NE(rdNewText.find(" +towgs84=565.417,50.3319,465.552,-0.398957,0.343988,-1.8774,"
                              "4.0725 +units=m +no_defs  no_defs <>"),
               std::string::npos)
         << rdNewText;
-    CGxDatumConverter converter(rdNew.c_str(), ReadPrj("4326_gdal.prj").c_str());
+    CGxDatumConverter converter(rdNew.c_str(), GxReadPrj("4326_gdal.prj").c_str());
     converter.SetConversionType(CGxDatumConverter::eProjToGeo);
     double lon = 155000, lat = 463000;
     converter.Convert(lon, lat);
@@ -383,9 +377,9 @@ TEST(ProjTranslator, DatumShiftItems) {
     EXPECT_NEAR(lat, 52.15517229965, 1e-8);
 
     EXPECT_NE(
-        Translate(ReadPrj("ed50_utm32_towgs84_gdal.prj")).find(" +towgs84=-87,-98,-121,0,0,0,0 "),
+        Translate(GxReadPrj("ed50_utm32_towgs84_gdal.prj")).find(" +towgs84=-87,-98,-121,0,0,0,0 "),
         std::string::npos);
-    const std::string utm = ReadPrj("25832_gdal.prj");
+    const std::string utm = GxReadPrj("25832_gdal.prj");
     const std::string plain = Translate(utm);
     EXPECT_EQ(plain.find("towgs84"), std::string::npos);
 
@@ -437,7 +431,7 @@ TEST(ProjTranslator, CatalogueNameTranslatesItsSystem) {
 
 // Numbers keep their decimal point whatever the process locale says.
 TEST(ProjTranslator, TextIndependentOfLocale) {
-    const std::string rdNew = ReadPrj("rdnew_towgs84_gdal.prj");
+    const std::string rdNew = GxReadPrj("rdnew_towgs84_gdal.prj");
     const std::string expected = Translate(rdNew);
     gxtest::CommaLocale comma;
     if (!comma.active()) GTEST_SKIP() << comma.reason();
@@ -447,7 +441,7 @@ TEST(ProjTranslator, TextIndependentOfLocale) {
 // A .prj file is read up to its first line feed, a DOS carriage return
 // dropped; a file that cannot be read is an empty line.
 TEST(ProjTranslator, PrjFiles) {
-    const std::string rdNew = ReadPrj("rdnew_towgs84_gdal.prj");
+    const std::string rdNew = GxReadPrj("rdnew_towgs84_gdal.prj");
     const std::string folder = ::testing::TempDir();
     const std::string dos = folder + "gxcart_translator_dos.prj";
     {
@@ -462,7 +456,7 @@ TEST(ProjTranslator, PrjFiles) {
 
     const std::string direct = CGxProjTranslator::ConvertPRJFile2Proj4(
         std::string(GXCART_TEST_DATA) + "/wkt/2154_esri.prj", nullptr, 0);
-    EXPECT_EQ(direct, Translate(ReadPrj("2154_esri.prj")));
+    EXPECT_EQ(direct, Translate(GxReadPrj("2154_esri.prj")));
     EXPECT_EQ(direct.rfind("+proj=lcc ", 0), 0u);
 
     const std::string empty = Translate("");

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "foundation/Projection.h"
+#include "tests/support/TestFiles.h"
 #include "wkt/PRJParser.h"
 
 // The algorithm built from each real .prj text of tests/data/wkt against
@@ -25,13 +26,6 @@ struct Deleter {
     void operator()(CGxProjection* p) const { CGxProjection::Release(p); }
 };
 using Algorithm = std::unique_ptr<CGxProjection, Deleter>;
-
-std::string ReadPrj(const std::string& file) {
-    std::ifstream in(std::string(GXCART_TEST_DATA) + "/wkt/" + file);
-    std::string line;
-    std::getline(in, line);
-    return line;
-}
 
 struct GridPoint {
     double lon, lat, x, y;
@@ -97,7 +91,7 @@ TEST(WktAccuracy, RealTextsAgreeWithProj) {
         ASSERT_FALSE(block.points.empty()) << block.command;
         for (const std::string& file : block.files) {
             SCOPED_TRACE(file + " against " + block.command);
-            const std::string text = ReadPrj(file);
+            const std::string text = GxReadPrj(file);
             ASSERT_FALSE(text.empty()) << "missing test file";
             CGxMapProjData::EProjectionType type = CGxMapProjData::eInvalidProjection;
             const Algorithm algorithm = Build(text, type);
@@ -130,17 +124,11 @@ TEST(WktAccuracy, EveryAcceptedTextHasReferencePoints) {
     for (const Block& block : ReadGridPoints())
         covered.insert(block.files.begin(), block.files.end());
 
-    std::ifstream table(std::string(GXCART_TEST_DATA) + "/wkt/expected_parameters.txt");
-    ASSERT_TRUE(table.good());
     int accepted = 0;
-    for (std::string line; std::getline(table, line);) {
-        if (line.empty() || line[0] == '#') continue;
-        std::istringstream cells(line);
-        std::string file, bar, parses;
-        cells >> file >> bar >> parses;
-        if (parses != "true") continue;
+    for (const std::vector<std::string>& row : GxExpectedParameterRows()) {
+        if (row[1] != "true") continue;
         ++accepted;
-        EXPECT_EQ(covered.count(file), 1u) << file;
+        EXPECT_EQ(covered.count(row[0]), 1u) << row[0];
     }
     EXPECT_EQ(accepted, 82);
 }
@@ -165,7 +153,7 @@ TEST(WktAccuracy, SouthOrientatedTextGivesPlainTransverseMercator) {
     for (const char* file : {"2053_esri.prj", "2053_gdal.prj"}) {
         SCOPED_TRACE(file);
         CGxMapProjData::EProjectionType type = CGxMapProjData::eInvalidProjection;
-        const Algorithm algorithm = Build(ReadPrj(file), type);
+        const Algorithm algorithm = Build(GxReadPrj(file), type);
         ASSERT_TRUE(algorithm);
         EXPECT_EQ(type, CGxMapProjData::eTransverseMercator);
         for (const Case& c : cases) {

@@ -6,6 +6,7 @@
 
 #include "foundation/Tolerance.h"
 #include "mapprojection/MapProjection.h"
+#include "tests/support/TestFiles.h"
 #include "wkt/PRJParser.h"
 
 // The dialects of WKT that other writers use beyond the ESRI and GDAL forms:
@@ -18,13 +19,6 @@
 namespace {
 
 using Type = CGxMapProjData::EProjectionType;
-
-std::string ReadPrj(const std::string& file) {
-    std::ifstream in(std::string(GXCART_TEST_DATA) + "/wkt/" + file);
-    std::string line;
-    std::getline(in, line);
-    return line;
-}
 
 std::string P(const std::string& name, const std::string& value) {
     return "PARAMETER[\"" + name + "\"," + value + "],";
@@ -80,7 +74,7 @@ TEST(WebMercator, EveryFormEqualsTheLibrarysStringBitForBit) {
     ASSERT_TRUE(reference.GetProjection());
     for (const char* file : forms) {
         SCOPED_TRACE(file);
-        CGxMapProjection form(ReadPrj(file).c_str());
+        CGxMapProjection form(GxReadPrj(file).c_str());
         ASSERT_TRUE(form.GetProjection());
         for (double lon = -180; lon <= 180; lon += 22.5) {
             for (double lat = -85; lat <= 85; lat += 8.5) {
@@ -100,9 +94,9 @@ TEST(WebMercator, EveryFormEqualsTheLibrarysStringBitForBit) {
     // The ESRI and GeoTools forms are the same system as the library's own
     // string; GDAL's states the one-parallel form and so is another type.
     const std::string own = CGxMapProjection::IDtoProjectionString(CGxMapProjection::eGoogleMaps);
-    EXPECT_TRUE(CGxMapProjection::AreIdentical(own.c_str(), ReadPrj("3857_esri.prj").c_str()));
+    EXPECT_TRUE(CGxMapProjection::AreIdentical(own.c_str(), GxReadPrj("3857_esri.prj").c_str()));
     EXPECT_TRUE(CGxMapProjection::AreIdentical(
-        own.c_str(), ReadPrj("dialects/web_mercator_geotools.prj").c_str()));
+        own.c_str(), GxReadPrj("dialects/web_mercator_geotools.prj").c_str()));
 }
 
 // What decides between the web Mercator and the ellipsoidal Mercator, and

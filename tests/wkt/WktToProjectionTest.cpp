@@ -10,6 +10,7 @@
 #include "foundation/Projection.h"
 #include "foundation/Tolerance.h"
 #include "projections/RotatedLongitudeLatitude.h"
+#include "tests/support/TestFiles.h"
 #include "wkt/PRJParser.h"
 
 // Building the algorithm and the definition from a parsed text: unit and
@@ -32,13 +33,6 @@ public:
         return std::unique_ptr<CGxMapProjData>(_CreateProjData());
     }
 };
-
-std::string ReadPrj(const std::string& file) {
-    std::ifstream in(std::string(GXCART_TEST_DATA) + "/wkt/" + file);
-    std::string line;
-    std::getline(in, line);
-    return line;
-}
 
 std::string P(const std::string& name, const std::string& value) {
     return "PARAMETER[\"" + name + "\"," + value + "],";
@@ -153,7 +147,7 @@ TEST(WktToProjection, PrimeMeridianMovesTheCentre) {
 //   The same points on Lambert II (+lon_0=0 +pm=2.33722917):
 //   -> 600937.804345 2427953.799314; 289302.070948 1840690.534296
 TEST(WktToProjection, PrimeMeridianInGradsIsTakenAsDegrees) {
-    std::string text = ReadPrj("27572_gdal.prj");
+    std::string text = GxReadPrj("27572_gdal.prj");
     const std::string degrees = "PRIMEM[\"Paris\",2.33722917";
     ASSERT_NE(text.find(degrees), std::string::npos);
     text.replace(text.find(degrees), degrees.size(), "PRIMEM[\"Paris\",2.5969213");
@@ -211,7 +205,7 @@ TEST(WktToProjection, TrialBuildWritesTheDerivedValue) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.file);
-        CGxPRJParser parser(ReadPrj(c.file));
+        CGxPRJParser parser(GxReadPrj(c.file));
         EXPECT_TRUE(GxIsUnset(parser.GetScaleFactor()));
         ASSERT_TRUE(parser.Parse(false));
         EXPECT_NEAR(parser.GetScaleFactor(), c.scale, c.tolerance);
@@ -219,13 +213,13 @@ TEST(WktToProjection, TrialBuildWritesTheDerivedValue) {
 
     // The one-parallel Mercator of scale 1 is true to scale on the equator;
     // its text has no standard parallel until the build supplies it.
-    CGxPRJParser mercator(ReadPrj("3395_gdal.prj"));
+    CGxPRJParser mercator(GxReadPrj("3395_gdal.prj"));
     ASSERT_TRUE(mercator.Parse(false));
     EXPECT_EQ(mercator.GetStandardParallel1(), 0.0);
     EXPECT_EQ(mercator.GetScaleFactor(), 1.0);
 
     // Types without a derived value are left as read.
-    CGxPRJParser tm(ReadPrj("25832_esri.prj"));
+    CGxPRJParser tm(GxReadPrj("25832_esri.prj"));
     ASSERT_TRUE(tm.Parse(false));
     EXPECT_TRUE(GxIsUnset(tm.GetStandardParallel1()));
 }
@@ -268,7 +262,7 @@ TEST(WktToProjection, FailedParseGivesNothing) {
     for (const char* file : {"31300_esri.prj", "3031_gdal.prj", ""}) {
         SCOPED_TRACE(file);
         const bool parse = *file != '\0';
-        ParserWithDefinition parser(parse ? ReadPrj(file) : ReadPrj("25832_esri.prj"));
+        ParserWithDefinition parser(parse ? GxReadPrj(file) : GxReadPrj("25832_esri.prj"));
         if (parse) {
             EXPECT_FALSE(parser.Parse(false));
         }
@@ -328,7 +322,7 @@ TEST(WktToProjection, ParametersCarryTheTextsUnits) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.file);
-        ParserWithDefinition parser(ReadPrj(c.file));
+        ParserWithDefinition parser(GxReadPrj(c.file));
         ASSERT_TRUE(parser.Parse(false));
         EXPECT_EQ(parser.GetProjectionTypeTitle(), c.title);
         EXPECT_EQ(parser.GetNoOfParameters(), c.count);
@@ -363,7 +357,7 @@ TEST(WktToProjection, ParametersCarryTheTextsUnits) {
     }
 
     // A geographic system has a definition without parameters.
-    CGxPRJParser geographic(ReadPrj("4326_gdal.prj"));
+    CGxPRJParser geographic(GxReadPrj("4326_gdal.prj"));
     ASSERT_TRUE(geographic.Parse(false));
     EXPECT_EQ(geographic.GetProjectionTypeTitle(), "Geographical");
     EXPECT_EQ(geographic.GetNoOfParameters(), 0);
@@ -375,7 +369,7 @@ TEST(WktToProjection, ParametersCarryTheTextsUnits) {
 // The algorithm is named after the system, and its figure is the text's
 // SPHEROID by its numbers, whatever the catalogue calls it.
 TEST(WktToProjection, NameAndFigureComeFromTheText) {
-    std::string text = ReadPrj("2056_gdal.prj");
+    std::string text = GxReadPrj("2056_gdal.prj");
     CGxPRJParser parser(text);
     ASSERT_TRUE(parser.Parse(false));
     const Algorithm swiss(parser.CreateMapProjection());

@@ -12,18 +12,12 @@
 #include "definitions/TransverseMercatorProjection.h"
 #include "foundation/Tolerance.h"
 #include "tests/support/CommaLocale.h"
+#include "tests/support/TestFiles.h"
 #include "wkt/PRJParser.h"
 
 namespace {
 
 using EType = CGxMapProjData::EProjectionType;
-
-std::string ReadPrj(const std::string& file) {
-    std::ifstream in(std::string(GXCART_TEST_DATA) + "/wkt/" + file);
-    std::string line;
-    std::getline(in, line);
-    return line;
-}
 
 std::string Written(const CGxPRJParser& parser) {
     std::string out;
@@ -82,7 +76,7 @@ TEST(WktWriter, UnsetValuesArePrintedAsTheMarker) {
 
 TEST(WktWriter, ReadTextLosesDatumShiftAndAxesOnly) {
     // A GDAL text with TOWGS84 and AXIS elements, read and written back.
-    CGxPRJParser parser(ReadPrj("ed50_utm32_towgs84_gdal.prj"));
+    CGxPRJParser parser(GxReadPrj("ed50_utm32_towgs84_gdal.prj"));
     ASSERT_TRUE(parser.Parse(true));
     const std::string text = Written(parser);
     EXPECT_EQ(
@@ -202,22 +196,16 @@ TEST(WktWriter, RealTextsReadBackAfterWriting) {
     // grid angle made rectified skew orthomorphic is left out: it keeps its
     // Hotine name, under which the written rotation is not read again.
     std::vector<std::string> files;
-    std::ifstream table(std::string(GXCART_TEST_DATA) + "/wkt/expected_parameters.txt");
-    for (std::string line; std::getline(table, line);) {
-        if (line.empty() || line[0] == '#') continue;
-        std::vector<std::string> fields;
-        std::size_t from = 0;
-        for (std::size_t bar; (bar = line.find('|', from)) != std::string::npos; from = bar + 1)
-            fields.push_back(line.substr(from, bar - from));
-        if (fields.size() < 3 || fields[1].find("true") == std::string::npos) continue;
-        if (std::stoi(fields[2]) == CGxMapProjData::eRectifiedSkewOrthomorphic) continue;
-        files.push_back(fields[0].substr(0, fields[0].find(' ')));
+    for (const std::vector<std::string>& row : GxExpectedParameterRows()) {
+        if (row[1] != "true") continue;
+        if (std::stoi(row[2]) == CGxMapProjData::eRectifiedSkewOrthomorphic) continue;
+        files.push_back(row[0]);
     }
     ASSERT_GE(files.size(), 40u);
 
     for (const std::string& file : files) {
         SCOPED_TRACE(file);
-        CGxPRJParser first(ReadPrj(file));
+        CGxPRJParser first(GxReadPrj(file));
         ASSERT_TRUE(first.Parse(false));
         std::string text;
         if (first.GetProjectionType() == CGxMapProjData::eGeographical) {
@@ -259,7 +247,7 @@ TEST(WktWriter, RealTextsReadBackAfterWriting) {
 }
 
 TEST(WktWriter, DatumName) {
-    EXPECT_EQ(CGxPRJParser::DatumName(ReadPrj("2154_gdal.prj")),
+    EXPECT_EQ(CGxPRJParser::DatumName(GxReadPrj("2154_gdal.prj")),
               "Reseau_Geodesique_Francais_1993_v1");
     EXPECT_EQ(CGxPRJParser::DatumName(kZone32Text), "UTM Projections");
     EXPECT_EQ(CGxPRJParser::DatumName("GEOGCS[\"x\",PRIMEM[\"Greenwich\",0]]"), "");

@@ -4,6 +4,8 @@
 // contract, and writes that cannot complete (the old file stays).
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <cstdlib>
@@ -12,10 +14,9 @@
 #include <functional>
 #include <random>
 #include <string>
-#include <sys/resource.h>
 #include <thread>
-#include <unistd.h>
 
+#include "tests/support/TestFiles.h"
 #include "zpf/zpf.h"
 
 namespace {
@@ -24,16 +25,12 @@ namespace fs = std::filesystem;
 
 const std::string kData = std::string(GXCART_TEST_DATA) + "/zpf/";
 
-std::string Slurp(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    return std::string((std::istreambuf_iterator<char>(in)), {});
-}
-
 // A scratch path of this test and process, so tests run in parallel never
 // share one.
 fs::path Scratch(const char* suffix) {
     const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
-    return fs::temp_directory_path() / ("gxzpf_" + std::string(info->name()) + "_" + std::to_string(getpid()) + suffix);
+    return fs::temp_directory_path() /
+           ("gxzpf_" + std::string(info->name()) + "_" + std::to_string(getpid()) + suffix);
 }
 
 // What loading a file gives: the pending error, the problems, the sections of
@@ -63,7 +60,7 @@ Outcome Load(const std::string& path) {
     }
     std::string text;
     zpfFormat(file, &text);
-    o.writesBackAsRead = text == Slurp(path);
+    o.writesBackAsRead = text == GxSlurp(path);
     zpfGetErrorGlb();
     zpfClose(file);
     return o;
@@ -79,7 +76,8 @@ Outcome LoadText(const std::string& content) {
 
 // A file with one block and one closed section holding Key = 1.
 struct Built {
-    Built() : file(zpfCreate()), target(zpfAddTarget(file, "B")), section(zpfAddSection(target, "S")) {
+    Built()
+        : file(zpfCreate()), target(zpfAddTarget(file, "B")), section(zpfAddSection(target, "S")) {
         zpfPutParam(section, "Key", 1.0);
         zpfEndSection(section);
         keyword = zpfKeywordByNameNum(section, "Key", 1);
@@ -100,7 +98,8 @@ protected:
         fs::remove_all(dir_);
     }
     bool Chattr(const char* flag) {
-        return std::system(("chattr " + std::string(flag) + " '" + dir_.string() + "' 2>/dev/null").c_str()) == 0;
+        return std::system(("chattr " + std::string(flag) + " '" + dir_.string() + "' 2>/dev/null")
+                               .c_str()) == 0;
     }
 
     // The write fails with an I/O error naming the path; the old file is as
@@ -110,7 +109,7 @@ protected:
         std::string message;
         EXPECT_EQ(zpfGetErrorGlb(&message), eZpfIo) << path;
         EXPECT_NE(message.find(path.string()), std::string::npos) << message;
-        EXPECT_EQ(Slurp(target_), "OLD {\n}\n");
+        EXPECT_EQ(GxSlurp(target_), "OLD {\n}\n");
         int files = 0;
         for (const auto& e : fs::directory_iterator(dir_)) files += e.is_regular_file() ? 1 : 0;
         EXPECT_EQ(files, 1);
@@ -202,7 +201,7 @@ TEST(ZpfMalformed, GarbageNulBytesAndTruncationsNeverCrash) {
 
     // Of all prefixes of a one-block file only the empty one and the whole
     // file, with or without its last line break, are complete.
-    std::string good = Slurp(kData + "map_projection.zpf");
+    std::string good = GxSlurp(kData + "map_projection.zpf");
     int complete = 0;
     for (std::size_t n = 0; n <= good.size(); ++n) {
         Outcome o = LoadText(good.substr(0, n));
@@ -366,5 +365,5 @@ TEST_F(ZpfWriteFailure, WriteFailingHalfwayKeepsTheOldFile) {
 
     // Without the limit the same file replaces the old one.
     EXPECT_TRUE(zpfWrite(built_.file, target_.string().c_str()));
-    EXPECT_NE(Slurp(target_).find("BIG {"), std::string::npos);
+    EXPECT_NE(GxSlurp(target_).find("BIG {"), std::string::npos);
 }

@@ -14,17 +14,13 @@
 #include <fstream>
 #include <string>
 
+#include "tests/support/TestFiles.h"
 #include "zpf/FileReplace.h"
 #include "zpf/zpf.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string Slurp(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    return std::string((std::istreambuf_iterator<char>(in)), {});
-}
 
 class ZpfKeep : public ::testing::Test {
 protected:
@@ -162,9 +158,9 @@ TEST_F(ZpfKeep, WritingOverAnUnreadableFileKeepsItOnce) {
     std::string keptAs;
     ASSERT_TRUE(zpfWrite(f, path.c_str(), &keptAs));
     ASSERT_EQ(keptAs.rfind(path.string() + ".unreadable-", 0), 0u) << keptAs;
-    EXPECT_EQ(Slurp(keptAs), damaged);
+    EXPECT_EQ(GxSlurp(keptAs), damaged);
     // The unreadable section is carried into the new file as it was.
-    EXPECT_NE(Slurp(path).find("    Name = \"bad\n"), std::string::npos);
+    EXPECT_NE(GxSlurp(path).find("    Name = \"bad\n"), std::string::npos);
     AddNamed(zpfTargetByNum(f, 1), "newer");
     ASSERT_TRUE(zpfWrite(f, path.c_str(), &keptAs));
     EXPECT_EQ(keptAs, "");
@@ -209,7 +205,7 @@ TEST_F(ZpfKeep, FileSizeLimitFailsTheWriteAndNotTheProcess) {
     EXPECT_TRUE(WIFEXITED(status))
         << "ended by signal " << (WIFSIGNALED(status) ? WTERMSIG(status) : 0);
     EXPECT_EQ(WEXITSTATUS(status), 0);
-    EXPECT_EQ(Slurp(path), "OLD {\n}\n");
+    EXPECT_EQ(GxSlurp(path), "OLD {\n}\n");
     EXPECT_EQ(FilesIn(), 1);
 }
 
