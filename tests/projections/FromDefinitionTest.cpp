@@ -29,6 +29,7 @@
 #include "catalogue/CartSetup.h"
 #include "definitions/AlbersEqualAreaProjection.h"
 #include "definitions/CassiniSoldnerProjection.h"
+#include "definitions/CylindricalEqualAreaProjection.h"
 #include "definitions/EquidistantConicProjection.h"
 #include "definitions/GeographicalProjection.h"
 #include "definitions/HotineObliqueMercatorProjection.h"
@@ -51,6 +52,7 @@
 #include "foundation/Ellipsoid.h"
 #include "projections/AlbersEqualArea.h"
 #include "projections/CassiniSoldner.h"
+#include "projections/CylindricalEqualArea.h"
 #include "projections/EquidistantConic.h"
 #include "projections/Geographical.h"
 #include "projections/HotineObliqueMercator.h"
@@ -167,7 +169,8 @@ constexpr Tolerance kConformal = {1e-3, 1e-9};
 constexpr Tolerance kTransverseMercator = {1e-4, 1e-9};
 // The equal-area inverses return through series in e^2 (under 2e-8 degrees);
 // Cassini-Soldner and the equidistant conic sum the meridian arc as series;
-// the spherical forms are closed.
+// the spherical forms are closed, and the cylindrical equal-area inverse is
+// exact.
 constexpr Tolerance kAuthalicSeries = {1e-5, 2e-8};
 constexpr Tolerance kArcSeries = {1e-3, 1e-8};
 constexpr Tolerance kSpherical = {1e-5, 1e-10};
@@ -264,6 +267,9 @@ const Points kFrance1SPPoint = {{0.25, 45.0, 435388.020629, 2002108.950783}};
 const Points kIndonesiaPoint = {{117.25, 6.5, 4704645.109326, 1618139.232733}};
 // +proj=merc +lat_ts=42 +lon_0=51 +x_0=500000 +y_0=-200000 +ellps=krass
 const Points kCaspianPoint = {{46.75, 68.5, 147878.376715, 7657601.396043}};
+// +proj=cea +lat_ts=30 +lon_0=-20 +x_0=1000000 +y_0=-2000000 +ellps=WGS84
+const Points kEaseShiftedPoint = {{-35.5, 62.25, -495537.343889, 4491456.269440}};
+const Params kEaseShifted = {30, -20, 1000000, -2000000};
 // +proj=sterea +lat_0=52.15616055555555 +lon_0=5.38763888888889 +k=0.9999079
 //   +x_0=155000 +y_0=463000 +ellps=bessel
 const Points kDutchRDPoint = {{7.125, 53.75, 269599.842985, 641732.678815}};
@@ -370,6 +376,10 @@ const Row kRows[] = {
     {"Caspian", CGxMapProjData::eMercator2SP, "KA", kCaspian,
      kBy<CGxMercator2SP, CGxMercator2SPProjection, 4>, true,
      kCaspianPoint, kCaspianPoint, kConformal, NoFigure::eNaN, 0.0},
+    // Same parameter list as the two-parallel Mercator, other formulas.
+    {"EASE-Grid 2.0 shifted", CGxMapProjData::eCylindricalEqualArea, "WE", kEaseShifted,
+     kBy<CGxCylindricalEqualArea, CGxCylindricalEqualAreaProjection, 4>, true,
+     kEaseShiftedPoint, kEaseShiftedPoint, kSpherical, NoFigure::eNaN, 0.0},
     {"Amersfoort / RD New", CGxMapProjData::eStereographic, "BR", kDutchRD,
      kBy<CGxStereographic, CGxStereographicProjection, 5>, true,
      kDutchRDPoint, kDutchRDPoint, kConformal, NoFigure::eNaN},
