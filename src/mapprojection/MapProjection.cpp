@@ -12,6 +12,7 @@
 #include "datum/Vincenty.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Projection.h"
+#include "foundation/SpecialStrings.h"
 #include "foundation/Tolerance.h"
 #include "mapprojection/CatalogueLookup.h"
 #include "mapprojection/PointArrays.h"
@@ -22,8 +23,6 @@ namespace {
 
 using EType = CGxMapProjData::EProjectionType;
 
-const char* const kLocalString = "NON-UTM";
-const char* const kLongLatString = "LONG/LAT";
 // A zone name without zone number: a system cannot be chosen from it.
 const char* const kGenericUtm = "UTM";
 
@@ -33,7 +32,7 @@ constexpr double kWgs84Major = 6378137.0;
 constexpr double kWgs84InverseFlattening = 298.257223563;
 
 bool IsSpecialString(const std::string& trimmed) {
-    return trimmed == kLocalString || trimmed == kLongLatString;
+    return trimmed == kGxNonUtmString || trimmed == kGxLongLatString;
 }
 
 }  // namespace
@@ -125,7 +124,7 @@ CGxProjection* CGxMapProjection::_GetProjection(const std::string& trimmed,
         }
     }
     if (trimmed == kGenericUtm) throw std::out_of_range("Can't use generic UTM");
-    return _FindMapProjection(trimmed.empty() ? std::string(kLocalString) : trimmed);
+    return _FindMapProjection(trimmed.empty() ? std::string(kGxNonUtmString) : trimmed);
 }
 
 CGxProjection* CGxMapProjection::_FindMapProjection(const std::string& name) {
