@@ -13,8 +13,8 @@
 #include "catalogue/ListLimit.h"
 #include "catalogue/PlatformFolders.h"
 #include "definitions/MapProjData.h"
+#include "foundation/Text.h"
 #include "mapprojection/MapProjection.h"
-#include "mapprojection/TextTrim.h"
 #include "wkt/PRJParser.h"
 #include "zpf/FileReplace.h"
 

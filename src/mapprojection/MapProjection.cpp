@@ -13,10 +13,10 @@
 #include "foundation/Ellipsoid.h"
 #include "foundation/Projection.h"
 #include "foundation/SpecialStrings.h"
+#include "foundation/Text.h"
 #include "foundation/Tolerance.h"
 #include "mapprojection/CatalogueLookup.h"
 #include "mapprojection/PointArrays.h"
-#include "mapprojection/TextTrim.h"
 #include "wkt/PRJParser.h"
 
 namespace {

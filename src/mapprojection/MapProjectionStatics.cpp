@@ -2,7 +2,6 @@
 // the built-in strings, zone names and the enumerations of the catalogues.
 
 #include <algorithm>
-#include <cctype>
 #include <climits>
 #include <cmath>
 #include <cstdio>
@@ -19,10 +18,10 @@
 #include "foundation/Ellipsoid.h"
 #include "foundation/Projection.h"
 #include "foundation/SpecialStrings.h"
+#include "foundation/Text.h"
 #include "foundation/Tolerance.h"
 #include "mapprojection/CatalogueLookup.h"
 #include "mapprojection/MapProjection.h"
-#include "mapprojection/TextTrim.h"
 #include "wkt/PRJParser.h"
 
 namespace {
@@ -61,17 +60,6 @@ bool FindsProjection(const std::string& text) {
 bool FileExists(const std::string& path) {
     std::error_code ec;
     return std::filesystem::exists(path, ec);
-}
-
-// ASCII comparison without regard to case, the same in every locale.
-bool SameWordIgnoringCase(const std::string& a, const std::string& b) {
-    if (a.size() != b.size()) return false;
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        if (std::tolower(static_cast<unsigned char>(a[i])) !=
-            std::tolower(static_cast<unsigned char>(b[i])))
-            return false;
-    }
-    return true;
 }
 
 }  // namespace
@@ -191,7 +179,7 @@ bool CGxMapProjection::AreIdentical(const char* s1, const char* s2) {
         std::string name1, name2, direction1, direction2;
         p1.GetAxisInfo(axis, name1, direction1);
         p2.GetAxisInfo(axis, name2, direction2);
-        if (!SameWordIgnoringCase(direction1, direction2)) identical = false;
+        if (!GxEqualsIgnoringCase(direction1, direction2)) identical = false;
     }
     return identical;
 }
