@@ -11,6 +11,7 @@
 #include "datum/DatumShift.h"
 #include "datum/Vincenty.h"
 #include "foundation/Ellipsoid.h"
+#include "foundation/Geocentric.h"
 #include "foundation/Projection.h"
 #include "foundation/SpecialStrings.h"
 #include "foundation/Text.h"
@@ -286,55 +287,32 @@ void CGxMapProjection::GetDefaultArea(int width, int height, ESizeParam which, d
 namespace {
 
 struct GeocentricFigure {
-    double a, b, f, e2, ep2;
+    GxGeocentric figure;
 
     explicit GeocentricFigure(const CGxProjection& algorithm) {
         CGxEllipsoid ellipsoid;
         algorithm.GetAnonymousEllipsoid(ellipsoid);
-        a = ellipsoid.GetMajor();
-        b = ellipsoid.GetMinor();
-        f = ellipsoid.GetFlatness();
-        const double e = ellipsoid.GetEccentricity();
-        e2 = e * e;
-        ep2 = (a * a - b * b) / (b * b);
+        figure = GxGeocentric::Of(ellipsoid);
     }
 
     void ToXYZ(double lon, double lat, double h, double* X, double* Y, double* Z) const {
-        const double phi = lat * kGxDegToRad;
-        const double lambda = lon * kGxDegToRad;
-        const double sinPhi = std::sin(phi);
-        const double cosPhi = std::cos(phi);
-        // Radius of curvature in the prime vertical.
-        const double N = a / std::sqrt(1.0 - e2 * sinPhi * sinPhi);
-        *X = (N + h) * cosPhi * std::cos(lambda);
-        *Y = (N + h) * cosPhi * std::sin(lambda);
-        *Z = ((1.0 - e2) * N + h) * sinPhi;
+        figure.ToXYZ(lon, lat, h, X, Y, Z);
     }
 
-    // Bowring's closed form (B. R. Bowring, "Transformation from spatial to
-    // geographical coordinates", Survey Review 23(181), 1976), with the
-    // parametric latitude u taken from the ellipsoid's flattening and the
-    // point's distance from the centre: better than a millimetre for heights
-    // within a few thousand kilometres of the surface, without iteration.
     void ToGeo(double X, double Y, double Z, double* lon, double* lat, double* h) const {
         const double p = std::sqrt(X * X + Y * Y);
         *lon = std::atan2(Y, X) * kGxRadToDeg;
         if (p == 0.0) {
-            // On the polar axis the formula divides by p; the point lies
+            // On the polar axis the closed form divides by p; the point lies
             // above or below a pole.
             *lat = Z < 0.0 ? -90.0 : 90.0;
-            *h = std::fabs(Z) - b;
+            *h = std::fabs(Z) - figure.b;
             return;
         }
-        const double r = std::sqrt(Z * Z + p * p);
-        const double u = std::atan((1.0 - f + e2 * a / r) * Z / p);
-        const double sinU = std::sin(u);
-        const double cosU = std::cos(u);
-        const double phi =
-            std::atan((Z + ep2 * b * sinU * sinU * sinU) / (p - e2 * a * cosU * cosU * cosU));
+        const double phi = figure.LatitudeOffAxis(p, Z, std::sqrt(Z * Z + p * p));
         const double sinPhi = std::sin(phi);
         *lat = phi * kGxRadToDeg;
-        *h = p / std::cos(phi) - a / std::sqrt(1.0 - e2 * sinPhi * sinPhi);
+        *h = p / std::cos(phi) - figure.PrimeVerticalRadius(sinPhi);
     }
 };
 
