@@ -10,10 +10,6 @@
 
 namespace {
 
-bool _SwapsAxes(CGxProjectionInfo::CAxis::EType first) {
-    return first == CGxProjectionInfo::CAxis::eNorth || first == CGxProjectionInfo::CAxis::eSouth;
-}
-
 bool _GetUnit(double unitFactor, const char* unitName, double* factor, char* name) {
     if (factor) *factor = unitFactor;
     if (name) GxCopyField(name, CGxProjectionInfo::kUnitNameSize, unitName);
@@ -119,11 +115,11 @@ void CGxProjectionInfo::GetAxisTypes(CAxis::EType& first, CAxis::EType& second) 
 void CGxProjectionInfo::Convert(double& x, double& y) const {
     x *= axis1.GetFactor();
     y *= axis2.GetFactor();
-    if (_SwapsAxes(axis1.GetType())) std::swap(x, y);
+    if (SwapsAxes()) std::swap(x, y);
 }
 
 void CGxProjectionInfo::InvConvert(double& x, double& y) const {
-    if (_SwapsAxes(axis1.GetType())) std::swap(x, y);
+    if (SwapsAxes()) std::swap(x, y);
     x *= axis1.GetFactor();
     y *= axis2.GetFactor();
 }

@@ -161,8 +161,7 @@ struct AxisRule {
     explicit AxisRule(const CGxProjectionInfo& info)
         : first(info.GetAxis1().GetFactor()),
           second(info.GetAxis2().GetFactor()),
-          swap(info.GetAxis1().GetType() == CGxProjectionInfo::CAxis::eNorth ||
-               info.GetAxis1().GetType() == CGxProjectionInfo::CAxis::eSouth) {}
+          swap(info.SwapsAxes()) {}
 
     void Convert(double& x, double& y) const {
         x *= first;
