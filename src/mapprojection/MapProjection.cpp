@@ -40,40 +40,35 @@ bool IsSpecialString(const std::string& trimmed) {
 
 // ------------------------------------------------------------- construction
 
-CGxMapProjection::CGxMapProjection() : projection(nullptr) {}
+CGxProjection* CGxMapProjection::AlgorithmCopies::Copy(const CGxProjection& algorithm) {
+    return algorithm.Clone();
+}
 
-CGxMapProjection::CGxMapProjection(const char* projectionString_) : projection(nullptr) {
+void CGxMapProjection::AlgorithmCopies::Release(CGxProjection* algorithm) {
+    algorithm->free();
+}
+
+CGxMapProjection::CGxMapProjection() = default;
+
+CGxMapProjection::CGxMapProjection(const char* projectionString_) {
     _Resolve(projectionString_, nullptr);
 }
 
-CGxMapProjection::CGxMapProjection(const std::string& projectionString_) : projection(nullptr) {
+CGxMapProjection::CGxMapProjection(const std::string& projectionString_) {
     _Resolve(projectionString_.c_str(), nullptr);
 }
 
-CGxMapProjection::CGxMapProjection(const CGxMapProjection& other)
-    : projection(other.projection ? other.projection->Clone() : nullptr),
-      info(other.info),
-      projectionString(other.projectionString) {}
-
-CGxMapProjection& CGxMapProjection::operator=(const CGxMapProjection& other) {
-    if (this == &other) return *this;
-    CGxProjection* copy = other.projection ? other.projection->Clone() : nullptr;
-    if (projection) projection->free();
-    projection = copy;
-    info = other.info;
-    projectionString = other.projectionString;
-    return *this;
-}
-
-CGxMapProjection::~CGxMapProjection() {
-    if (projection) projection->free();
-}
+// The algorithm is cloned first; the copy of the string comes last, as it
+// always did.
+CGxMapProjection::CGxMapProjection(const CGxMapProjection& other) = default;
+CGxMapProjection& CGxMapProjection::operator=(const CGxMapProjection& other) = default;
+CGxMapProjection::~CGxMapProjection() = default;
 
 void CGxMapProjection::_Resolve(const char* s, EType* normalisedType) {
     const std::string input = s ? s : "";
     const std::string trimmed = GxTrimmed(input);
     EType wktType = CGxMapProjData::eInvalidProjection;
-    projection = _GetProjection(trimmed, &info, &wktType);
+    projection.reset(_GetProjection(trimmed, &info, &wktType));
     if (normalisedType) *normalisedType = CGxMapProjData::eInvalidProjection;
     if (!projection) return;
 
@@ -95,7 +90,7 @@ void CGxMapProjection::_Resolve(const char* s, EType* normalisedType) {
     if (CGxMapProjData* coded = GxCodedCatalogueSystem(trimmed))
         CGxPRJParser(coded).Format(projectionString);
     else
-        CGxPRJParser(projection).Format(projectionString);
+        CGxPRJParser(projection.get()).Format(projectionString);
     CGxPRJParser reader(projectionString);
     reader.Parse(true);
     info.SetProjectionInfo(reader);
@@ -179,7 +174,7 @@ struct AxisRule {
 
 void CGxMapProjection::Geo2Proj(const double* lon, const double* lat, double* x, double* y,
                                 std::size_t count) const {
-    const CGxProjection* const algorithm = projection;
+    const CGxProjection* const algorithm = projection.get();
     const AxisRule axes(info);
     GxConvertPointArrays(lon, lat, x, y, count, [&](double a, double b, double* px, double* py) {
         if (algorithm) algorithm->Geo2Proj(a, b, px, py);
@@ -189,7 +184,7 @@ void CGxMapProjection::Geo2Proj(const double* lon, const double* lat, double* x,
 
 void CGxMapProjection::Proj2Geo(const double* x, const double* y, double* lon, double* lat,
                                 std::size_t count) const {
-    const CGxProjection* const algorithm = projection;
+    const CGxProjection* const algorithm = projection.get();
     if (!algorithm) return;
     const AxisRule axes(info);
     GxConvertPointArrays(x, y, lon, lat, count, [&](double a, double b, double* pl, double* pb) {
@@ -205,7 +200,7 @@ double CGxMapProjection::GetConvergence(double lon, double lat) const {
 void CGxMapProjection::GetConvergence(const double* lon, const double* lat, double* convergence,
                                       std::size_t count) const {
     if (!lon || !lat || !convergence) return;
-    const CGxProjection* const algorithm = projection;
+    const CGxProjection* const algorithm = projection.get();
     for (std::size_t i = 0; i < count; ++i) {
         const double pointLon = lon[i];
         const double pointLat = lat[i];
@@ -379,7 +374,7 @@ bool CGxMapProjection::GetDistance(double lon1, double lat1, double lon2, double
         return true;
     }
     CGxEllipsoid ellipsoid;
-    if (!GeodesicEllipsoid(projection, ellipsoid)) return false;
+    if (!GeodesicEllipsoid(projection.get(), ellipsoid)) return false;
     // The geodesic routine answers every pair of points on the ellipsoid; a
     // NaN length means there was no line to measure (a latitude beyond a
     // pole, a non-finite number), and then the caller hears so.
@@ -401,7 +396,7 @@ bool CGxMapProjection::GetDistance(double lon1, double lat1, double lon2, double
 bool CGxMapProjection::GetPoint(double lonStart, double latStart, double azimuth, double distance,
                                 double& lon2, double& lat2, double& azimuth2) const {
     CGxEllipsoid ellipsoid;
-    if (!GeodesicEllipsoid(projection, ellipsoid)) return false;
+    if (!GeodesicEllipsoid(projection.get(), ellipsoid)) return false;
     double lon = 0.0, lat = 0.0, az = 0.0;
     CGxVincenty(ellipsoid).GetPoint(lonStart, latStart, azimuth, distance, lon, lat, az);
     // No point for a start beyond a pole or non-finite numbers.
