@@ -22,7 +22,8 @@ struct GxCopyConstructed {
 // holders and plain values copies with its implicit copy constructor: no
 // hand-written list of members to keep in step with the class.
 // Copy assignment copies first and then exchanges, so a failed copy leaves
-// the holder as it was. The size is one pointer.
+// the holder as it was; assigned to itself it keeps its object. The size is
+// one pointer.
 template <class T, class Policy = GxCloneByMethod<T>>
 class GxClonePtr {
 public:
@@ -32,8 +33,10 @@ public:
     GxClonePtr(const GxClonePtr& other) : ptr(other.ptr ? Policy::Copy(*other.ptr) : nullptr) {}
     GxClonePtr(GxClonePtr&& other) noexcept : ptr(other.release()) {}
     GxClonePtr& operator=(const GxClonePtr& other) {
-        GxClonePtr copy(other);
-        swap(copy);
+        if (this != &other) {
+            GxClonePtr copy(other);
+            swap(copy);
+        }
         return *this;
     }
     GxClonePtr& operator=(GxClonePtr&& other) noexcept {

@@ -53,9 +53,10 @@ TEST(ClonePtr, CopiesOwnTheirObjectsAndReleaseThemOnce) {
         EXPECT_EQ(moved->id, 2);
         EXPECT_EQ(live, 2);
 
+        Shape* const kept = a.get();
         const Holder& self = a;
-        a = self;  // self-assignment keeps the object
-        EXPECT_EQ(a->id, 1);
+        a = self;  // self-assignment keeps the very object
+        EXPECT_EQ(a.get(), kept);
         EXPECT_EQ(live, 2);
     }
     EXPECT_EQ(live, 0);
