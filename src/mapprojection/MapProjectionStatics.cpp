@@ -66,9 +66,13 @@ bool FileExists(const std::string& path) {
 
 // ---------------------------------------------------------------- predicates
 
-bool CGxMapProjection::IsLongLat(const char* s) { return GxTrimmed(s) == kGxLongLatString; }
+bool CGxMapProjection::IsLongLat(const char* s) {
+    return GxTrimmed(s) == kGxLongLatString;
+}
 
-bool CGxMapProjection::IsLocal(const char* s) { return GxTrimmed(s) == kGxNonUtmString; }
+bool CGxMapProjection::IsLocal(const char* s) {
+    return GxTrimmed(s) == kGxNonUtmString;
+}
 
 bool CGxMapProjection::IsValid(const char* s) {
     const std::string t = GxTrimmed(s);
