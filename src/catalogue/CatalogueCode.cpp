@@ -1,6 +1,9 @@
 #include "catalogue/CatalogueCode.h"
 
 #include <cstddef>
+#include <string_view>
+
+#include "foundation/Text.h"
 
 namespace {
 
@@ -18,16 +21,9 @@ constexpr Register kRegisters[] = {
     {"ESRI", GxCatalogueCode::eEsri},
 };
 
-char Upper(char c) {
-    return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
 // Whether text[at..] starts with word, ignoring the case of ASCII letters.
 bool StartsWithIgnoringCase(const std::string& text, std::size_t at, const char* word) {
-    for (std::size_t i = 0; word[i]; ++i) {
-        if (at + i >= text.size() || Upper(text[at + i]) != Upper(word[i])) return false;
-    }
-    return true;
+    return at <= text.size() && GxStartsWithIgnoringCase(std::string_view(text).substr(at), word);
 }
 
 // The register named at text[at..], with at moved past its name.
@@ -67,8 +63,8 @@ bool GxParseCatalogueCode(const std::string& text, GxCatalogueCode& out) {
         // The dataset version, which may be empty: letters, digits and dots.
         while (at < text.size() && text[at] != ':') {
             const char c = text[at];
-            const bool versionChar =
-                (c >= '0' && c <= '9') || c == '.' || (Upper(c) >= 'A' && Upper(c) <= 'Z');
+            const bool versionChar = (c >= '0' && c <= '9') || c == '.' ||
+                                     (GxAsciiUpper(c) >= 'A' && GxAsciiUpper(c) <= 'Z');
             if (!versionChar) return false;
             ++at;
         }

@@ -7,37 +7,29 @@
 #include <filesystem>
 #include <fstream>
 
-#include "catalogue/CartSetup.h"
 #include "catalogue/CatalogueLock.h"
 #include "catalogue/CatalogueReport.h"
 #include "catalogue/ListLimit.h"
 #include "catalogue/PlatformFolders.h"
 #include "definitions/MapProjData.h"
+#include "foundation/Text.h"
 #include "mapprojection/MapProjection.h"
-#include "mapprojection/TextTrim.h"
 #include "wkt/PRJParser.h"
 #include "zpf/FileReplace.h"
 
 namespace fs = std::filesystem;
 
-namespace {
-
-// A file never lists more projected systems than an enumeration shows.
-constexpr int kProjectedLines = 10;
-
-// Writes the lines under the rule of WriteFile. Processes of the same user
-// take turns (the catalogue lock of the folder), and each writes a file of
-// its own beside the target that replaces it whole, so readers never see a
-// part of a list. False when nothing could be written.
-template <class Lines>
-bool WriteLines(const std::string& path, const Lines& lines) {
+// Processes of the same user take turns (the catalogue lock of the folder),
+// and each writes a file of its own beside the target that replaces it
+// whole, so readers never see a part of a list.
+bool GxWriteBufferLines(const std::string& path, const std::list<std::string>& lines) {
     std::string text;
     int projected = 0;
     for (const std::string& line : lines) {
         text += line;
         text += '\n';
         if (CGxMapProjection::IsType(CGxMapProjection::eProjectedSystems, line.c_str()) &&
-            ++projected == kProjectedLines)
+            ++projected == kGxBufferProjectedLines)
             break;
     }
     const fs::path target(path);
@@ -53,8 +45,6 @@ bool WriteLines(const std::string& path, const Lines& lines) {
     GxReportCatalogue(message);
     return false;
 }
-
-}  // namespace
 
 std::string GxCatalogueEntryText(CGxMapProjData* definition) {
     const std::string name = definition->GetName();
@@ -82,21 +72,6 @@ void CGxBufferList::TruncateToSize(int mask, std::size_t size) {
     }
 }
 
-bool CGxMapProjectionBuffer::CreateFile(const std::string& path) {
-    std::list<std::string> lines;
-    CGxMapProjectionList& catalogue = CGxCartSetup::Instance().GetMapProjectionList();
-    int projected = 0;
-    for (auto it = catalogue.GetIteratorBegin(); it != catalogue.GetIteratorEnd(); ++it) {
-        lines.push_back(GxCatalogueEntryText(*it));
-        // The rest of the catalogue would not be written: no need to format
-        // it.
-        if (CGxMapProjection::IsType(CGxMapProjection::eProjectedSystems, lines.back().c_str()) &&
-            ++projected == kProjectedLines)
-            break;
-    }
-    return WriteLines(path, lines);
-}
-
 bool CGxMapProjectionBuffer::ReadFile(const std::string& path, std::list<std::string>* lines) {
     if (!lines) return true;
     std::ifstream in(path);
@@ -110,6 +85,6 @@ bool CGxMapProjectionBuffer::ReadFile(const std::string& path, std::list<std::st
 }
 
 bool CGxMapProjectionBuffer::WriteFile(const std::string& path, std::list<std::string>* lines) {
-    if (lines) WriteLines(path, *lines);
+    if (lines) GxWriteBufferLines(path, *lines);
     return true;
 }

@@ -47,3 +47,12 @@ public:
 // a special string ("LONG/LAT", "NON-UTM"), else the WKT the writer makes of
 // the definition, blanks trimmed. Internal to the library.
 std::string GxCatalogueEntryText(CGxMapProjData* definition);
+
+// A buffer file lists at most this many projected systems, as many as an
+// enumeration shows. Internal to the library.
+constexpr int kGxBufferProjectedLines = 10;
+
+// Writes the lines to the buffer file at path under the rule of
+// CGxMapProjectionBuffer::WriteFile. False when nothing could be written.
+// Internal to the library.
+bool GxWriteBufferLines(const std::string& path, const std::list<std::string>& lines);

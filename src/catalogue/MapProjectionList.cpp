@@ -17,14 +17,13 @@
 #include "definitions/MapProjData.h"
 #include "definitions/TabledMapProjData.h"
 #include "definitions/TransverseMercatorProjection.h"
+#include "foundation/SpecialStrings.h"
 #include "wkt/PRJParser.h"
 #include "zpf/zpf.h"
 
 namespace {
 
 const char* const kBlock = "MAP_PROJECTION_DEFINITION";
-const char* const kGeographicName = "LONG/LAT";
-const char* const kLocalName = "NON-UTM";
 const char* const kNonUtmBranch = "Non UTM Projections";
 const char* const kUtmBranch = "UTM Projections";
 const char* const kUtmEllipsoid = "WE";
@@ -198,7 +197,7 @@ void CGxMapProjectionList::InitMapProjections(const std::string& dataPath,
 
 void CGxMapProjectionList::InitMapProjections(const std::string& dataPath,
                                               const GxCatalogueFile& customFile) {
-    auto* geographic = new CGxGeographicalProjection(kGeographicName);
+    auto* geographic = new CGxGeographicalProjection(kGxLongLatString);
     geographic->SetBranchName(kNonUtmBranch);
     _Append(geographic);
 
@@ -221,7 +220,7 @@ void CGxMapProjectionList::InitMapProjections(const std::string& dataPath,
         deferred->path = dataPath + kDeferredEpsgFile;
     }
 
-    auto* local = new CGxTransverseMercatorProjection(kLocalName);
+    auto* local = new CGxTransverseMercatorProjection(kGxNonUtmString);
     local->SetBranchName(kNonUtmBranch);
     _Append(local);
 }

@@ -5,7 +5,6 @@
 #include "catalogue/ProjectionScan.h"
 
 #include <algorithm>
-#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <system_error>
@@ -15,6 +14,7 @@
 #include "catalogue/ListLimit.h"
 #include "catalogue/MapProjectionList.h"
 #include "catalogue/PlatformFolders.h"
+#include "foundation/Text.h"
 #include "mapprojection/MapProjection.h"
 #include "wkt/PRJParser.h"
 
@@ -27,15 +27,14 @@ const char* const kPrjPattern = "*.PRJ";
 const char* const kSystemSetupFile = "SystemDefinedProjection.setup";
 const char* const kUserSetupFile = "UserDefinedProjection.setup";
 
-char Lower(char c) { return static_cast<char>(std::tolower(static_cast<unsigned char>(c))); }
-
 // Wildcard match of a file name, '*' for any run of characters and '?' for
 // one, letter case ignored as the file systems these folders come from do.
 bool MatchesPattern(const std::string& name, const std::string& pattern) {
     std::size_t n = 0, p = 0;
     std::size_t starAt = std::string::npos, resumeAt = 0;
     while (n < name.size()) {
-        if (p < pattern.size() && (pattern[p] == '?' || Lower(pattern[p]) == Lower(name[n]))) {
+        if (p < pattern.size() &&
+            (pattern[p] == '?' || GxAsciiLower(pattern[p]) == GxAsciiLower(name[n]))) {
             ++n;
             ++p;
         } else if (p < pattern.size() && pattern[p] == '*') {

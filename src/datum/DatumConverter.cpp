@@ -1,7 +1,6 @@
 #include "datum/DatumConverter.h"
 
 #include <limits>
-#include <memory>
 #include <utility>
 
 #include "datum/DatumShift.h"
@@ -130,92 +129,22 @@ bool _Sides(CGxDatumConverter::ETypeOfConversion type, bool& sourceProjected,
 }  // namespace
 
 CGxDatumConverter::CGxDatumConverter(CGxMapProjection* source_, CGxMapProjection* target_)
-    : source(source_), target(target_), ownsProjections(false) {
+    : callerSource(source_), callerTarget(target_) {
     _initialize();
 }
 
-CGxDatumConverter::CGxDatumConverter(const char* source_, const char* target_)
-    : source(nullptr), target(nullptr), ownsProjections(true) {
-    // Both are built before either is kept, so a failure on the second
-    // (the "UTM" exception, memory) releases the first.
-    std::unique_ptr<CGxMapProjection> first(new CGxMapProjection(source_));
-    std::unique_ptr<CGxMapProjection> second(new CGxMapProjection(target_));
-    source = first.release();
-    target = second.release();
+CGxDatumConverter::CGxDatumConverter(const char* source_, const char* target_) {
+    // A failure on the second system (the "UTM" exception, memory) releases
+    // the first with the member.
+    owned.reset(new COwnedSystems);
+    owned->source.reset(new CGxMapProjection(source_));
+    owned->target.reset(new CGxMapProjection(target_));
     _initialize();
 }
 
-CGxDatumConverter::CGxDatumConverter(const CGxDatumConverter& other)
-    : source(nullptr), target(nullptr), ownsProjections(false) {
-    _copy(other);
-}
-
-CGxDatumConverter& CGxDatumConverter::operator=(const CGxDatumConverter& other) {
-    // Copy first, then swap: a failed copy leaves this object as it was, and
-    // the copy's destructor gives up the systems this object held.
-    if (this != &other) {
-        CGxDatumConverter copy(other);
-        _swap(copy);
-    }
-    return *this;
-}
-
-CGxDatumConverter::~CGxDatumConverter() {
-    _dealloc();
-}
-
-void CGxDatumConverter::_copy(const CGxDatumConverter& other) {
-    if (other.ownsProjections) {
-        std::unique_ptr<CGxMapProjection> first(other.source ? new CGxMapProjection(*other.source)
-                                                             : nullptr);
-        std::unique_ptr<CGxMapProjection> second(other.target ? new CGxMapProjection(*other.target)
-                                                              : nullptr);
-        source = first.release();
-        target = second.release();
-    } else {
-        source = other.source;
-        target = other.target;
-    }
-    ownsProjections = other.ownsProjections;
-    sourceOnWgs84 = other.sourceOnWgs84;
-    targetOnWgs84 = other.targetOnWgs84;
-    conversionType = other.conversionType;
-    sameEllipsoid = other.sameEllipsoid;
-    bypassXYZ = other.bypassXYZ;
-    defaultBypassXYZ = other.defaultBypassXYZ;
-    local = other.local;
-    sourceShiftType = other.sourceShiftType;
-    targetShiftType = other.targetShiftType;
-    for (int i = 0; i < kShiftValues; ++i) {
-        sourceShift[i] = other.sourceShift[i];
-        targetShift[i] = other.targetShift[i];
-    }
-}
-
-void CGxDatumConverter::_swap(CGxDatumConverter& other) {
-    std::swap(source, other.source);
-    std::swap(target, other.target);
-    std::swap(conversionType, other.conversionType);
-    std::swap(sameEllipsoid, other.sameEllipsoid);
-    std::swap(bypassXYZ, other.bypassXYZ);
-    std::swap(defaultBypassXYZ, other.defaultBypassXYZ);
-    std::swap(local, other.local);
-    std::swap(ownsProjections, other.ownsProjections);
-    std::swap(sourceOnWgs84, other.sourceOnWgs84);
-    std::swap(targetOnWgs84, other.targetOnWgs84);
-    std::swap(sourceShiftType, other.sourceShiftType);
-    std::swap(targetShiftType, other.targetShiftType);
-    std::swap(sourceShift, other.sourceShift);
-    std::swap(targetShift, other.targetShift);
-}
-
-void CGxDatumConverter::_dealloc() {
-    if (ownsProjections) {
-        delete source;
-        delete target;
-    }
-    source = target = nullptr;
-}
+CGxDatumConverter::CGxDatumConverter(const CGxDatumConverter& other) = default;
+CGxDatumConverter& CGxDatumConverter::operator=(const CGxDatumConverter& other) = default;
+CGxDatumConverter::~CGxDatumConverter() = default;
 
 bool CGxDatumConverter::IsWebMercator(const CGxMapProjection& system) {
     const CGxProjection* algorithm = system.GetProjection();
@@ -230,6 +159,8 @@ bool CGxDatumConverter::IsWebMercator(const CGxMapProjection& system) {
 }
 
 void CGxDatumConverter::_initialize() {
+    const CGxMapProjection* const source = _Source();
+    const CGxMapProjection* const target = _Target();
     conversionType = eProjToProj;
     sourceOnWgs84 = source && IsWebMercator(*source);
     targetOnWgs84 = target && IsWebMercator(*target);
@@ -324,8 +255,8 @@ void CGxDatumConverter::Convert(double& x, double& y, double& z) const {
     bool sourceProjected;
     bool targetProjected;
     if (local || !_Sides(conversionType, sourceProjected, targetProjected)) return;
-    _Run(*source, *target, false, sourceOnWgs84, targetOnWgs84, sourceProjected, targetProjected, x,
-         y, z);
+    _Run(*_Source(), *_Target(), false, sourceOnWgs84, targetOnWgs84, sourceProjected,
+         targetProjected, x, y, z);
 }
 
 void CGxDatumConverter::Convert(double& x, double& y) const {
@@ -337,8 +268,8 @@ void CGxDatumConverter::InvConvert(double& x, double& y, double& z) const {
     bool sourceProjected;
     bool targetProjected;
     if (local || !_Sides(conversionType, sourceProjected, targetProjected)) return;
-    _Run(*target, *source, true, targetOnWgs84, sourceOnWgs84, targetProjected, sourceProjected, x,
-         y, z);
+    _Run(*_Target(), *_Source(), true, targetOnWgs84, sourceOnWgs84, targetProjected,
+         sourceProjected, x, y, z);
 }
 
 void CGxDatumConverter::InvConvert(double& x, double& y) const {
@@ -363,8 +294,8 @@ void CGxDatumConverter::_RunArrays(bool inverse, double* x, double* y, double* h
     bool sourceProjected;
     bool targetProjected;
     if (!x || !y || local || !_Sides(conversionType, sourceProjected, targetProjected)) return;
-    const CGxMapProjection& from = inverse ? *target : *source;
-    const CGxMapProjection& to = inverse ? *source : *target;
+    const CGxMapProjection& from = inverse ? *_Target() : *_Source();
+    const CGxMapProjection& to = inverse ? *_Source() : *_Target();
     const bool inputProjected = inverse ? targetProjected : sourceProjected;
     const bool outputProjected = inverse ? sourceProjected : targetProjected;
     const bool fromWgs84 = inverse ? targetOnWgs84 : sourceOnWgs84;
@@ -377,7 +308,8 @@ void CGxDatumConverter::_RunArrays(bool inverse, double* x, double* y, double* h
 }
 
 void CGxDatumConverter::InvertOrder() {
-    std::swap(source, target);
+    if (owned) owned->source.swap(owned->target);
+    std::swap(callerSource, callerTarget);
     std::swap(sourceOnWgs84, targetOnWgs84);
     if (conversionType == eProjToGeo)
         conversionType = eGeoToProj;

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "foundation/ClonePtr.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/GxExport.h"
 
@@ -100,7 +101,7 @@ public:
     void InvertOrder();
 
     // The source (true) or target (false) system; null when built from null.
-    CGxMapProjection* GetMapProjection(bool source) const { return source ? this->source : target; }
+    CGxMapProjection* GetMapProjection(bool source) const { return source ? _Source() : _Target(); }
 
     // Whether a system is the web Mercator: a Mercator (either form, any
     // parameters) on a sphere whose radius is WGS 84's semi-major axis,
@@ -113,13 +114,6 @@ private:
 
     // Reads both systems' figures and shifts and sets every derived member.
     void _initialize();
-    // Copies every member of other; deep copies of the systems when other
-    // owns them.
-    void _copy(const CGxDatumConverter& other);
-    // Exchanges every member with other.
-    void _swap(CGxDatumConverter& other);
-    // Deletes the systems when they are owned here.
-    void _dealloc();
     // One conversion from the system `from` to the system `to`: the inverse
     // projection when the input is projected, the geocentric step (forward
     // or inverse datum shift) unless bypassed, the projection when the output
@@ -136,14 +130,32 @@ private:
     // The bypass the two stored shifts give.
     bool _ShiftsAgree() const;
 
-    CGxMapProjection* source;
-    CGxMapProjection* target;
+    // The systems converted between: the owned ones of a converter built from
+    // strings, else the caller's.
+    CGxMapProjection* _Source() const { return owned ? owned->source.get() : callerSource; }
+    CGxMapProjection* _Target() const { return owned ? owned->target.get() : callerTarget; }
+
+    using OwnedSystem = GxClonePtr<CGxMapProjection, GxCopyConstructed<CGxMapProjection>>;
+    struct COwnedSystems {
+        OwnedSystem source;
+        OwnedSystem target;
+    };
+
+    // A converter copies and assigns member by member. The systems a
+    // converter built from strings owns are copied with it; the caller's
+    // systems are shared by the copies and stay the caller's. owned comes
+    // first and is the only member whose copy can fail, so a failed
+    // assignment leaves the object as it was.
+    GxClonePtr<COwnedSystems, GxCopyConstructed<COwnedSystems>> owned;
+    // The systems of a converter built from pointers (either may be null);
+    // null when owned.
+    CGxMapProjection* callerSource = nullptr;
+    CGxMapProjection* callerTarget = nullptr;
     ETypeOfConversion conversionType;
     bool sameEllipsoid;
     bool bypassXYZ;
     bool defaultBypassXYZ;
     bool local;
-    bool ownsProjections;
     // The side is the web Mercator: its longitudes and latitudes are WGS 84's.
     bool sourceOnWgs84;
     bool targetOnWgs84;

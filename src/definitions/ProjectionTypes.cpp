@@ -32,8 +32,10 @@
 #include "definitions/TabledMapProjData.h"
 #include "definitions/TransverseMercatorProjection.h"
 #include "foundation/Ellipsoid.h"
+#include "foundation/Text.h"
 #include "foundation/Tolerance.h"
 #include "projections/AlbersEqualArea.h"
+#include "projections/AlgorithmCatalogue.h"
 #include "projections/CassiniSoldner.h"
 #include "projections/CylindricalEqualArea.h"
 #include "projections/EquidistantConic.h"
@@ -48,7 +50,6 @@
 #include "projections/NewZealandMapGrid.h"
 #include "projections/ObliqueMercator.h"
 #include "projections/PolarStereographic.h"
-#include "projections/AlgorithmCatalogue.h"
 #include "projections/RectifiedSkewOrthomorphic.h"
 #include "projections/RotatedLongitudeLatitude.h"
 #include "projections/Stereographic.h"
@@ -772,8 +773,7 @@ static_assert(RowsInTypeOrder(), "one row for each type, in the order of the typ
 // The name key: ASCII lower case, blanks read as underscores. Other
 // characters (hyphens, parentheses) are kept.
 char KeyChar(char c) {
-    if (c >= 'A' && c <= 'Z') return static_cast<char>(c - 'A' + 'a');
-    return c == ' ' ? '_' : c;
+    return c == ' ' ? '_' : GxAsciiLower(c);
 }
 
 bool SameKey(const char* tableName, const std::string& key) {

@@ -12,15 +12,7 @@ CGxEllipsoid::CGxEllipsoid(const std::string& name_, const std::string& id, doub
 
 CGxEllipsoid::CGxEllipsoid(const CGxEllipsoid& other) = default;
 
-CGxEllipsoid& CGxEllipsoid::operator=(const CGxEllipsoid& other) {
-    if (this != &other) {
-        name = other.name;
-        ID = other.ID;
-        major = other.major;
-        invFlattening = other.invFlattening;
-    }
-    return *this;
-}
+CGxEllipsoid& CGxEllipsoid::operator=(const CGxEllipsoid& other) = default;
 
 CGxEllipsoid::~CGxEllipsoid() = default;
 

@@ -216,10 +216,7 @@ CMatrix::CMatrix(const CGxArray2D<double>* source) {
 
 CMatrix::CMatrix(const CMatrix& other) = default;
 
-CMatrix& CMatrix::operator=(const CMatrix& other) {
-    if (this != &other) array = other.array;
-    return *this;
-}
+CMatrix& CMatrix::operator=(const CMatrix& other) = default;
 
 CMatrix::~CMatrix() = default;
 

@@ -5,12 +5,12 @@
 #include <cstring>
 #include <system_error>
 
+#include "foundation/Text.h"
+
 namespace {
 
 // Enough for any "%.16g" of a double: sign, 17 digits, point, exponent.
 constexpr std::size_t kNumberBuffer = 32;
-
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\v' || c == '\f'; }
 
 }  // namespace
 
@@ -20,11 +20,7 @@ std::size_t GxFormatNumber(double value, char* buf, std::size_t size) {
     // printf's "%.16g" gives in the C locale, whatever the process locale.
     auto res = std::to_chars(tmp, tmp + sizeof tmp, value, std::chars_format::general, 16);
     std::size_t len = static_cast<std::size_t>(res.ptr - tmp);
-    if (size > 0) {
-        std::size_t n = len < size - 1 ? len : size - 1;
-        std::memcpy(buf, tmp, n);
-        buf[n] = '\0';
-    }
+    GxCopyField(buf, size, tmp, len);
     return len;
 }
 
@@ -46,7 +42,7 @@ double GxParseNumber(const char* text, std::size_t* end) {
     if (end) *end = 0;
     if (!text) return 0.0;
     const char* p = text;
-    while (*p && IsBlank(*p)) ++p;
+    while (*p && GxIsBlank(*p)) ++p;
     bool negative = false;
     if (*p == '+' || *p == '-') {
         negative = (*p == '-');
@@ -79,7 +75,7 @@ bool GxParseWholeNumber(const std::string& text, double* value) {
     double v = GxParseNumber(text.c_str(), &used);
     if (used == 0) return false;
     for (std::size_t i = used; i < text.size(); ++i)
-        if (!IsBlank(text[i])) return false;
+        if (!GxIsBlank(text[i])) return false;
     if (value) *value = v;
     return true;
 }

@@ -4,37 +4,15 @@
 #include <string>
 #include <utility>
 
+#include "foundation/Text.h"
 #include "foundation/Tolerance.h"
 #include "wkt/PRJParser.h"
 
 namespace {
 
-// Copies a text into a fixed buffer of size bytes, cutting it so that the
-// terminator always fits; null copies as empty.
-void _CopyName(char* buffer, std::size_t size, const char* text) {
-    std::size_t n = text ? std::strlen(text) : 0;
-    if (n > size - 1) n = size - 1;
-    if (n > 0) std::memmove(buffer, text, n);
-    buffer[n] = '\0';
-}
-
-bool _EqualsIgnoringCase(const char* a, const char* b) {
-    for (; *a && *b; ++a, ++b) {
-        char x = *a, y = *b;
-        if (x >= 'a' && x <= 'z') x = static_cast<char>(x - 'a' + 'A');
-        if (y >= 'a' && y <= 'z') y = static_cast<char>(y - 'a' + 'A');
-        if (x != y) return false;
-    }
-    return *a == *b;
-}
-
-bool _SwapsAxes(CGxProjectionInfo::CAxis::EType first) {
-    return first == CGxProjectionInfo::CAxis::eNorth || first == CGxProjectionInfo::CAxis::eSouth;
-}
-
 bool _GetUnit(double unitFactor, const char* unitName, double* factor, char* name) {
     if (factor) *factor = unitFactor;
-    if (name) std::memcpy(name, unitName, std::strlen(unitName) + 1);
+    if (name) GxCopyField(name, CGxProjectionInfo::kUnitNameSize, unitName);
     return !GxIsUnset(unitFactor);
 }
 
@@ -68,7 +46,7 @@ void CGxProjectionInfo::CAxis::SetProperties(EType type_, const char* name_) {
         default:
             break;
     }
-    _CopyName(name, kNameSize, name_);
+    GxCopyField(name, kNameSize, name_);
 }
 
 CGxProjectionInfo::CAxis::EType CGxProjectionInfo::CAxis::StringToType(const char* direction) {
@@ -76,7 +54,7 @@ CGxProjectionInfo::CAxis::EType CGxProjectionInfo::CAxis::StringToType(const cha
     const std::pair<const char*, EType> words[] = {
         {"EAST", eEast}, {"NORTH", eNorth}, {"WEST", eWest}, {"SOUTH", eSouth}};
     for (const auto& w : words) {
-        if (_EqualsIgnoringCase(direction, w.first)) return w.second;
+        if (GxEqualsIgnoringCase(direction, w.first)) return w.second;
     }
     return eEast;
 }
@@ -100,10 +78,10 @@ void CGxProjectionInfo::SetProjectionInfo(const CGxPRJParser& parser) {
     double factor = kGxUnset;
     parser.GetProjUnit(name, factor);
     projUnitFactor = factor;
-    _CopyName(projUnitName, kUnitNameSize, name.c_str());
+    GxCopyField(projUnitName, kUnitNameSize, name.c_str());
     parser.GetAngularUnit(name, factor);
     angularUnitFactor = factor;
-    _CopyName(angularUnitName, kUnitNameSize, name.c_str());
+    GxCopyField(angularUnitName, kUnitNameSize, name.c_str());
     parser.GetDatumShift(datumShift);
 
     std::string direction;
@@ -137,11 +115,11 @@ void CGxProjectionInfo::GetAxisTypes(CAxis::EType& first, CAxis::EType& second) 
 void CGxProjectionInfo::Convert(double& x, double& y) const {
     x *= axis1.GetFactor();
     y *= axis2.GetFactor();
-    if (_SwapsAxes(axis1.GetType())) std::swap(x, y);
+    if (SwapsAxes()) std::swap(x, y);
 }
 
 void CGxProjectionInfo::InvConvert(double& x, double& y) const {
-    if (_SwapsAxes(axis1.GetType())) std::swap(x, y);
+    if (SwapsAxes()) std::swap(x, y);
     x *= axis1.GetFactor();
     y *= axis2.GetFactor();
 }

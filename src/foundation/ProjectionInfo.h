@@ -83,6 +83,12 @@ public:
     const CAxis& GetAxis1() const { return axis1; }
     const CAxis& GetAxis2() const { return axis2; }
 
+    // The axis rule: a first axis along a meridian (north or south) puts the
+    // northing first, so the algorithms' (easting, northing) pair is swapped.
+    bool SwapsAxes() const {
+        return axis1.GetType() == CAxis::eNorth || axis1.GetType() == CAxis::eSouth;
+    }
+
     // From (easting, northing) to the system's axis order and signs: each
     // value takes its axis's sign, and the pair is swapped when the first
     // axis runs north or south.

@@ -30,18 +30,21 @@ void ZoneName(double lon, char* buffer, std::size_t size) {
     std::snprintf(buffer, size, "UTM-%d", static_cast<int>(zone));
 }
 
+}  // namespace
+
 // A system rebuilt from a normalised projection string; null when that
 // fails, for want of memory or otherwise.
-CGxMapProjection* Rebuild(const CGxMapProjection* source) {
-    if (!source) return nullptr;
+CGxMapProjection* CGxCartography::RebuiltSystem::Copy(const CGxMapProjection& system) {
     try {
-        return new (std::nothrow) CGxMapProjection(source->GetProjectionString());
+        return new (std::nothrow) CGxMapProjection(system.GetProjectionString());
     } catch (const std::exception&) {
         return nullptr;
     }
 }
 
-}  // namespace
+void CGxCartography::RebuiltSystem::Release(CGxMapProjection* system) {
+    delete system;
+}
 
 CGxCartography::CGxCartography(const CGxMapProjection& mapProjection_, double lon_, double lat_,
                                double orientation_)
@@ -50,42 +53,16 @@ CGxCartography::CGxCartography(const CGxMapProjection& mapProjection_, double lo
 }
 
 CGxCartography::CGxCartography(const char* projectionString, double lon_, double lat_,
-                               double orientation_)
-    : mapProjection(nullptr) {
+                               double orientation_) {
     char zone[32] = "";
     if (projectionString && std::strcmp(projectionString, "UTM") == 0) ZoneName(lon_, zone, sizeof zone);
-    mapProjection = new CGxMapProjection(zone[0] ? zone : projectionString);
+    mapProjection.reset(new CGxMapProjection(zone[0] ? zone : projectionString));
     _Initialise(lon_, lat_, orientation_);
 }
 
-CGxCartography::CGxCartography(const CGxCartography& other)
-    : mapProjection(Rebuild(other.mapProjection)),
-      x0(other.x0),
-      y0(other.y0),
-      projectionNorth(other.projectionNorth),
-      cosA(other.cosA),
-      sinA(other.sinA),
-      lon(other.lon),
-      lat(other.lat),
-      orientation(other.orientation) {}
-
-CGxCartography& CGxCartography::operator=(const CGxCartography& other) {
-    if (this == &other) return *this;
-    CGxMapProjection* copy = Rebuild(other.mapProjection);
-    delete mapProjection;
-    mapProjection = copy;
-    x0 = other.x0;
-    y0 = other.y0;
-    projectionNorth = other.projectionNorth;
-    cosA = other.cosA;
-    sinA = other.sinA;
-    lon = other.lon;
-    lat = other.lat;
-    orientation = other.orientation;
-    return *this;
-}
-
-CGxCartography::~CGxCartography() { delete mapProjection; }
+CGxCartography::CGxCartography(const CGxCartography& other) = default;
+CGxCartography& CGxCartography::operator=(const CGxCartography& other) = default;
+CGxCartography::~CGxCartography() = default;
 
 void CGxCartography::_Initialise(double lon_, double lat_, double orientation_) {
     lon = lon_;

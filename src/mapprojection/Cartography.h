@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "foundation/ClonePtr.h"
 #include "foundation/GxExport.h"
 
 class CGxMapProjection;
@@ -73,7 +74,7 @@ public:
 
     // The system, still owned by this object (may be null after a failed
     // copy), its algorithm name and its normalised projection string.
-    CGxMapProjection* GetProjection() const { return mapProjection; }
+    CGxMapProjection* GetProjection() const { return mapProjection.get(); }
     const char* GetProjectionName() const;
     const char* GetProjectionString() const;
 
@@ -85,7 +86,15 @@ private:
     void _Initialise(double lon, double lat, double orientation);
     bool _HasAlgorithm() const;
 
-    CGxMapProjection* mapProjection;
+    // A copy rebuilds its system from the projection string (a system that
+    // no longer resolves leaves the copy without one).
+    struct RebuiltSystem {
+        static CGxMapProjection* Copy(const CGxMapProjection& system);
+        static void Release(CGxMapProjection* system);
+    };
+
+    // First member, and the only one whose copy can fail.
+    GxClonePtr<CGxMapProjection, RebuiltSystem> mapProjection;
     double x0, y0;            // projected coordinates of the grid origin
     double projectionNorth;   // degrees
     double cosA, sinA;        // of projectionNorth

@@ -11,19 +11,19 @@
 #include "datum/DatumShift.h"
 #include "datum/Vincenty.h"
 #include "foundation/Ellipsoid.h"
+#include "foundation/Geocentric.h"
 #include "foundation/Projection.h"
+#include "foundation/SpecialStrings.h"
+#include "foundation/Text.h"
 #include "foundation/Tolerance.h"
 #include "mapprojection/CatalogueLookup.h"
 #include "mapprojection/PointArrays.h"
-#include "mapprojection/TextTrim.h"
 #include "wkt/PRJParser.h"
 
 namespace {
 
 using EType = CGxMapProjData::EProjectionType;
 
-const char* const kLocalString = "NON-UTM";
-const char* const kLongLatString = "LONG/LAT";
 // A zone name without zone number: a system cannot be chosen from it.
 const char* const kGenericUtm = "UTM";
 
@@ -33,47 +33,42 @@ constexpr double kWgs84Major = 6378137.0;
 constexpr double kWgs84InverseFlattening = 298.257223563;
 
 bool IsSpecialString(const std::string& trimmed) {
-    return trimmed == kLocalString || trimmed == kLongLatString;
+    return trimmed == kGxNonUtmString || trimmed == kGxLongLatString;
 }
 
 }  // namespace
 
 // ------------------------------------------------------------- construction
 
-CGxMapProjection::CGxMapProjection() : projection(nullptr) {}
+CGxProjection* CGxMapProjection::AlgorithmCopies::Copy(const CGxProjection& algorithm) {
+    return algorithm.Clone();
+}
 
-CGxMapProjection::CGxMapProjection(const char* projectionString_) : projection(nullptr) {
+void CGxMapProjection::AlgorithmCopies::Release(CGxProjection* algorithm) {
+    algorithm->free();
+}
+
+CGxMapProjection::CGxMapProjection() = default;
+
+CGxMapProjection::CGxMapProjection(const char* projectionString_) {
     _Resolve(projectionString_, nullptr);
 }
 
-CGxMapProjection::CGxMapProjection(const std::string& projectionString_) : projection(nullptr) {
+CGxMapProjection::CGxMapProjection(const std::string& projectionString_) {
     _Resolve(projectionString_.c_str(), nullptr);
 }
 
-CGxMapProjection::CGxMapProjection(const CGxMapProjection& other)
-    : projection(other.projection ? other.projection->Clone() : nullptr),
-      info(other.info),
-      projectionString(other.projectionString) {}
-
-CGxMapProjection& CGxMapProjection::operator=(const CGxMapProjection& other) {
-    if (this == &other) return *this;
-    CGxProjection* copy = other.projection ? other.projection->Clone() : nullptr;
-    if (projection) projection->free();
-    projection = copy;
-    info = other.info;
-    projectionString = other.projectionString;
-    return *this;
-}
-
-CGxMapProjection::~CGxMapProjection() {
-    if (projection) projection->free();
-}
+// The algorithm is cloned first; the copy of the string comes last, as it
+// always did.
+CGxMapProjection::CGxMapProjection(const CGxMapProjection& other) = default;
+CGxMapProjection& CGxMapProjection::operator=(const CGxMapProjection& other) = default;
+CGxMapProjection::~CGxMapProjection() = default;
 
 void CGxMapProjection::_Resolve(const char* s, EType* normalisedType) {
     const std::string input = s ? s : "";
     const std::string trimmed = GxTrimmed(input);
     EType wktType = CGxMapProjData::eInvalidProjection;
-    projection = _GetProjection(trimmed, &info, &wktType);
+    projection.reset(_GetProjection(trimmed, &info, &wktType));
     if (normalisedType) *normalisedType = CGxMapProjData::eInvalidProjection;
     if (!projection) return;
 
@@ -95,7 +90,7 @@ void CGxMapProjection::_Resolve(const char* s, EType* normalisedType) {
     if (CGxMapProjData* coded = GxCodedCatalogueSystem(trimmed))
         CGxPRJParser(coded).Format(projectionString);
     else
-        CGxPRJParser(projection).Format(projectionString);
+        CGxPRJParser(projection.get()).Format(projectionString);
     CGxPRJParser reader(projectionString);
     reader.Parse(true);
     info.SetProjectionInfo(reader);
@@ -125,7 +120,7 @@ CGxProjection* CGxMapProjection::_GetProjection(const std::string& trimmed,
         }
     }
     if (trimmed == kGenericUtm) throw std::out_of_range("Can't use generic UTM");
-    return _FindMapProjection(trimmed.empty() ? std::string(kLocalString) : trimmed);
+    return _FindMapProjection(trimmed.empty() ? std::string(kGxNonUtmString) : trimmed);
 }
 
 CGxProjection* CGxMapProjection::_FindMapProjection(const std::string& name) {
@@ -161,8 +156,7 @@ struct AxisRule {
     explicit AxisRule(const CGxProjectionInfo& info)
         : first(info.GetAxis1().GetFactor()),
           second(info.GetAxis2().GetFactor()),
-          swap(info.GetAxis1().GetType() == CGxProjectionInfo::CAxis::eNorth ||
-               info.GetAxis1().GetType() == CGxProjectionInfo::CAxis::eSouth) {}
+          swap(info.SwapsAxes()) {}
 
     void Convert(double& x, double& y) const {
         x *= first;
@@ -180,7 +174,7 @@ struct AxisRule {
 
 void CGxMapProjection::Geo2Proj(const double* lon, const double* lat, double* x, double* y,
                                 std::size_t count) const {
-    const CGxProjection* const algorithm = projection;
+    const CGxProjection* const algorithm = projection.get();
     const AxisRule axes(info);
     GxConvertPointArrays(lon, lat, x, y, count, [&](double a, double b, double* px, double* py) {
         if (algorithm) algorithm->Geo2Proj(a, b, px, py);
@@ -190,7 +184,7 @@ void CGxMapProjection::Geo2Proj(const double* lon, const double* lat, double* x,
 
 void CGxMapProjection::Proj2Geo(const double* x, const double* y, double* lon, double* lat,
                                 std::size_t count) const {
-    const CGxProjection* const algorithm = projection;
+    const CGxProjection* const algorithm = projection.get();
     if (!algorithm) return;
     const AxisRule axes(info);
     GxConvertPointArrays(x, y, lon, lat, count, [&](double a, double b, double* pl, double* pb) {
@@ -206,7 +200,7 @@ double CGxMapProjection::GetConvergence(double lon, double lat) const {
 void CGxMapProjection::GetConvergence(const double* lon, const double* lat, double* convergence,
                                       std::size_t count) const {
     if (!lon || !lat || !convergence) return;
-    const CGxProjection* const algorithm = projection;
+    const CGxProjection* const algorithm = projection.get();
     for (std::size_t i = 0; i < count; ++i) {
         const double pointLon = lon[i];
         const double pointLat = lat[i];
@@ -287,55 +281,32 @@ void CGxMapProjection::GetDefaultArea(int width, int height, ESizeParam which, d
 namespace {
 
 struct GeocentricFigure {
-    double a, b, f, e2, ep2;
+    GxGeocentric figure;
 
     explicit GeocentricFigure(const CGxProjection& algorithm) {
         CGxEllipsoid ellipsoid;
         algorithm.GetAnonymousEllipsoid(ellipsoid);
-        a = ellipsoid.GetMajor();
-        b = ellipsoid.GetMinor();
-        f = ellipsoid.GetFlatness();
-        const double e = ellipsoid.GetEccentricity();
-        e2 = e * e;
-        ep2 = (a * a - b * b) / (b * b);
+        figure = GxGeocentric::Of(ellipsoid);
     }
 
     void ToXYZ(double lon, double lat, double h, double* X, double* Y, double* Z) const {
-        const double phi = lat * kGxDegToRad;
-        const double lambda = lon * kGxDegToRad;
-        const double sinPhi = std::sin(phi);
-        const double cosPhi = std::cos(phi);
-        // Radius of curvature in the prime vertical.
-        const double N = a / std::sqrt(1.0 - e2 * sinPhi * sinPhi);
-        *X = (N + h) * cosPhi * std::cos(lambda);
-        *Y = (N + h) * cosPhi * std::sin(lambda);
-        *Z = ((1.0 - e2) * N + h) * sinPhi;
+        figure.ToXYZ(lon, lat, h, X, Y, Z);
     }
 
-    // Bowring's closed form (B. R. Bowring, "Transformation from spatial to
-    // geographical coordinates", Survey Review 23(181), 1976), with the
-    // parametric latitude u taken from the ellipsoid's flattening and the
-    // point's distance from the centre: better than a millimetre for heights
-    // within a few thousand kilometres of the surface, without iteration.
     void ToGeo(double X, double Y, double Z, double* lon, double* lat, double* h) const {
         const double p = std::sqrt(X * X + Y * Y);
         *lon = std::atan2(Y, X) * kGxRadToDeg;
         if (p == 0.0) {
-            // On the polar axis the formula divides by p; the point lies
+            // On the polar axis the closed form divides by p; the point lies
             // above or below a pole.
             *lat = Z < 0.0 ? -90.0 : 90.0;
-            *h = std::fabs(Z) - b;
+            *h = std::fabs(Z) - figure.b;
             return;
         }
-        const double r = std::sqrt(Z * Z + p * p);
-        const double u = std::atan((1.0 - f + e2 * a / r) * Z / p);
-        const double sinU = std::sin(u);
-        const double cosU = std::cos(u);
-        const double phi =
-            std::atan((Z + ep2 * b * sinU * sinU * sinU) / (p - e2 * a * cosU * cosU * cosU));
+        const double phi = figure.LatitudeOffAxis(p, Z, std::sqrt(Z * Z + p * p));
         const double sinPhi = std::sin(phi);
         *lat = phi * kGxRadToDeg;
-        *h = p / std::cos(phi) - a / std::sqrt(1.0 - e2 * sinPhi * sinPhi);
+        *h = p / std::cos(phi) - figure.PrimeVerticalRadius(sinPhi);
     }
 };
 
@@ -403,7 +374,7 @@ bool CGxMapProjection::GetDistance(double lon1, double lat1, double lon2, double
         return true;
     }
     CGxEllipsoid ellipsoid;
-    if (!GeodesicEllipsoid(projection, ellipsoid)) return false;
+    if (!GeodesicEllipsoid(projection.get(), ellipsoid)) return false;
     // The geodesic routine answers every pair of points on the ellipsoid; a
     // NaN length means there was no line to measure (a latitude beyond a
     // pole, a non-finite number), and then the caller hears so.
@@ -425,7 +396,7 @@ bool CGxMapProjection::GetDistance(double lon1, double lat1, double lon2, double
 bool CGxMapProjection::GetPoint(double lonStart, double latStart, double azimuth, double distance,
                                 double& lon2, double& lat2, double& azimuth2) const {
     CGxEllipsoid ellipsoid;
-    if (!GeodesicEllipsoid(projection, ellipsoid)) return false;
+    if (!GeodesicEllipsoid(projection.get(), ellipsoid)) return false;
     double lon = 0.0, lat = 0.0, az = 0.0;
     CGxVincenty(ellipsoid).GetPoint(lonStart, latStart, azimuth, distance, lon, lat, az);
     // No point for a start beyond a pole or non-finite numbers.

@@ -6,6 +6,7 @@
 
 #include "catalogue/EllipsoidList.h"
 #include "definitions/MapProjData.h"
+#include "foundation/ClonePtr.h"
 #include "foundation/GxExport.h"
 #include "foundation/ProjectionInfo.h"
 
@@ -128,7 +129,7 @@ public:
     // nothing.
     const char* GetProjectionString() const { return projectionString.c_str(); }
     // The algorithm, still owned by this object; null when there is none.
-    CGxProjection* GetProjection() const { return projection; }
+    CGxProjection* GetProjection() const { return projection.get(); }
     bool IsGeographical() const;
     bool IsLocal() const;
 
@@ -269,7 +270,14 @@ private:
     // gives eInvalidProjection instead of throwing.
     static CGxMapProjData::EProjectionType _NormalisedType(const char* s);
 
-    CGxProjection* projection;
+    // Algorithms are copied through Clone and given back through
+    // CGxProjection::free, which only the facade may call.
+    struct AlgorithmCopies {
+        static CGxProjection* Copy(const CGxProjection& algorithm);
+        static void Release(CGxProjection* algorithm);
+    };
+
+    GxClonePtr<CGxProjection, AlgorithmCopies> projection;
     CGxProjectionInfo info;
     std::string projectionString;
 };

@@ -2,7 +2,6 @@
 // the built-in strings, zone names and the enumerations of the catalogues.
 
 #include <algorithm>
-#include <cctype>
 #include <climits>
 #include <cmath>
 #include <cstdio>
@@ -18,18 +17,17 @@
 #include "datum/DatumShift.h"
 #include "foundation/Ellipsoid.h"
 #include "foundation/Projection.h"
+#include "foundation/SpecialStrings.h"
+#include "foundation/Text.h"
 #include "foundation/Tolerance.h"
 #include "mapprojection/CatalogueLookup.h"
 #include "mapprojection/MapProjection.h"
-#include "mapprojection/TextTrim.h"
 #include "wkt/PRJParser.h"
 
 namespace {
 
 using EType = CGxMapProjData::EProjectionType;
 
-const char* const kLocalString = "NON-UTM";
-const char* const kLongLatString = "LONG/LAT";
 const char* const kGenericUtm = "UTM";
 
 // The enumerations answer at most this many recently used systems.
@@ -64,24 +62,17 @@ bool FileExists(const std::string& path) {
     return std::filesystem::exists(path, ec);
 }
 
-// ASCII comparison without regard to case, the same in every locale.
-bool SameWordIgnoringCase(const std::string& a, const std::string& b) {
-    if (a.size() != b.size()) return false;
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        if (std::tolower(static_cast<unsigned char>(a[i])) !=
-            std::tolower(static_cast<unsigned char>(b[i])))
-            return false;
-    }
-    return true;
-}
-
 }  // namespace
 
 // ---------------------------------------------------------------- predicates
 
-bool CGxMapProjection::IsLongLat(const char* s) { return GxTrimmed(s) == kLongLatString; }
+bool CGxMapProjection::IsLongLat(const char* s) {
+    return GxTrimmed(s) == kGxLongLatString;
+}
 
-bool CGxMapProjection::IsLocal(const char* s) { return GxTrimmed(s) == kLocalString; }
+bool CGxMapProjection::IsLocal(const char* s) {
+    return GxTrimmed(s) == kGxNonUtmString;
+}
 
 bool CGxMapProjection::IsValid(const char* s) {
     const std::string t = GxTrimmed(s);
@@ -89,7 +80,7 @@ bool CGxMapProjection::IsValid(const char* s) {
     if (FindsProjection(t)) return true;
     // A WKT text the reader cannot use is not taken for a catalogue name.
     if (t == kGenericUtm || CGxPRJParser::IsPRJ(t)) return false;
-    if (t == kLocalString || t == kLongLatString) return true;
+    if (t == kGxNonUtmString || t == kGxLongLatString) return true;
     return _Exists(t.c_str(), eAllSystems);
 }
 
@@ -105,14 +96,14 @@ bool CGxMapProjection::IsGeographical(const char* s) {
 bool CGxMapProjection::HasDatum(const char* s) {
     const std::string t = GxTrimmed(s);
     if (FindsProjection(t)) return true;
-    if (t == kGenericUtm || t == kLocalString || t == kLongLatString) return false;
+    if (t == kGenericUtm || t == kGxNonUtmString || t == kGxLongLatString) return false;
     return _Exists(t.c_str(), eGeoreferencedSystems);
 }
 
 bool CGxMapProjection::IsType(int mask, const char* s) {
     const std::string t = GxTrimmed(s);
-    if ((mask & eNonUtmString) && t == kLocalString) return true;
-    if ((mask & eLongLatString) && t == kLongLatString) return true;
+    if ((mask & eNonUtmString) && t == kGxNonUtmString) return true;
+    if ((mask & eLongLatString) && t == kGxLongLatString) return true;
     if ((mask & eGeoreferencedSystems) == 0) return false;
     return CGxMapProjData::IsEquivalent(mask, _NormalisedType(t.c_str()));
 }
@@ -134,7 +125,7 @@ EType CGxMapProjection::_NormalisedType(const char* s) {
     // A WKT text is its own normalised string, and a special string is no
     // WKT: neither needs an object built.
     if (CGxPRJParser::IsPRJ(t)) return ParsedType(t);
-    if (t == kLocalString || t == kLongLatString) return CGxMapProjData::eInvalidProjection;
+    if (t == kGxNonUtmString || t == kGxLongLatString) return CGxMapProjData::eInvalidProjection;
     CGxMapProjection built;
     EType type = CGxMapProjData::eInvalidProjection;
     built._Resolve(t.c_str(), &type);
@@ -192,7 +183,7 @@ bool CGxMapProjection::AreIdentical(const char* s1, const char* s2) {
         std::string name1, name2, direction1, direction2;
         p1.GetAxisInfo(axis, name1, direction1);
         p2.GetAxisInfo(axis, name2, direction2);
-        if (!SameWordIgnoringCase(direction1, direction2)) identical = false;
+        if (!GxEqualsIgnoringCase(direction1, direction2)) identical = false;
     }
     return identical;
 }
@@ -202,9 +193,9 @@ bool CGxMapProjection::AreIdentical(const char* s1, const char* s2) {
 const char* CGxMapProjection::IDtoProjectionString(int id) {
     switch (id) {
         case eNonUtm:
-            return kLocalString;
+            return kGxNonUtmString;
         case eLongLat:
-            return kLongLatString;
+            return kGxLongLatString;
         case eGoogleMaps:
             return kGoogleMapsWkt;
         case eWgs84:

@@ -44,17 +44,17 @@ CGxPolarStereographic::CGxPolarStereographic(const char* name, double scale, dou
     : CGxAlgorithmOf(name) {
     switch (_InnerForm(originLatitude)) {
         case EInnerForm::ePolarAspect:
-            inner =
-                new (std::nothrow) CGxStereographic(name, scale, centreLongitude, originLatitude,
-                                                    falseEasting, falseNorthing, ellipsoid);
+            inner.reset(new (std::nothrow)
+                            CGxStereographic(name, scale, centreLongitude, originLatitude,
+                                             falseEasting, falseNorthing, ellipsoid));
             break;
         case EInnerForm::eSouthPole:
-            inner = new (std::nothrow) CGxStereographicSouthPole(
-                name, originLatitude, centreLongitude, falseEasting, falseNorthing, ellipsoid);
+            inner.reset(new (std::nothrow) CGxStereographicSouthPole(
+                name, originLatitude, centreLongitude, falseEasting, falseNorthing, ellipsoid));
             break;
         case EInnerForm::eNorthPole:
-            inner = new (std::nothrow) CGxStereographicNorthPole(
-                name, originLatitude, centreLongitude, falseEasting, falseNorthing, ellipsoid);
+            inner.reset(new (std::nothrow) CGxStereographicNorthPole(
+                name, originLatitude, centreLongitude, falseEasting, falseNorthing, ellipsoid));
             break;
     }
 }
@@ -66,8 +66,8 @@ CGxPolarStereographic::CGxPolarStereographic(const char* name, double scale, dou
 CGxPolarStereographic::CGxPolarStereographic(const CGxPolarStereographicProjection* def)
     : CGxAlgorithmOf(def) {
     if (!def) {
-        inner = new (std::nothrow) CGxStereographicNorthPole(
-            static_cast<const CGxStereographicNorthPoleProjection*>(nullptr));
+        inner.reset(new (std::nothrow) CGxStereographicNorthPole(
+            static_cast<const CGxStereographicNorthPoleProjection*>(nullptr)));
         return;
     }
     const std::string name = def->GetName();
@@ -79,41 +79,38 @@ CGxPolarStereographic::CGxPolarStereographic(const CGxPolarStereographicProjecti
             const CGxStereographicProjection form(name, branch, ellipsoid, def->GetScale(),
                                                   def->GetCentre(), latitude,
                                                   def->GetFalseEasting(), def->GetFalseNorthing());
-            inner = new (std::nothrow) CGxStereographic(&form);
+            inner.reset(new (std::nothrow) CGxStereographic(&form));
             break;
         }
         case EInnerForm::eSouthPole: {
             const CGxStereographicSouthPoleProjection form(name, branch, ellipsoid, latitude,
                                                            def->GetCentre(), def->GetFalseEasting(),
                                                            def->GetFalseNorthing());
-            inner = new (std::nothrow) CGxStereographicSouthPole(&form);
+            inner.reset(new (std::nothrow) CGxStereographicSouthPole(&form));
             break;
         }
         case EInnerForm::eNorthPole: {
             const CGxStereographicNorthPoleProjection form(name, branch, ellipsoid, latitude,
                                                            def->GetCentre(), def->GetFalseEasting(),
                                                            def->GetFalseNorthing());
-            inner = new (std::nothrow) CGxStereographicNorthPole(&form);
+            inner.reset(new (std::nothrow) CGxStereographicNorthPole(&form));
             break;
         }
     }
 }
 
-CGxPolarStereographic::CGxPolarStereographic(const CGxPolarStereographic& other)
-    : CGxAlgorithmOf(other), inner(other.inner ? other.inner->Clone() : nullptr) {}
+CGxPolarStereographic::CGxPolarStereographic(const CGxPolarStereographic& other) = default;
 
 CGxPolarStereographic& CGxPolarStereographic::operator=(const CGxPolarStereographic& other) {
-    if (this != &other) {
-        CGxPolarStereographic copy(other);
-        CGxAlgorithmOf::operator=(other);
-        std::swap(inner, copy.inner);
-    }
+    // The inner grid is copied first: a failed copy leaves this object as it
+    // was.
+    InnerGrid copy(other.inner);
+    CGxAlgorithmOf::operator=(other);
+    inner.swap(copy);
     return *this;
 }
 
-CGxPolarStereographic::~CGxPolarStereographic() {
-    delete inner;
-}
+CGxPolarStereographic::~CGxPolarStereographic() = default;
 
 void CGxPolarStereographic::_Forward(double lon, double lat, double* x, double* y) const {
     if (inner) {

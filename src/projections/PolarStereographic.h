@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/ClonePtr.h"
 #include "foundation/GxExport.h"
 #include "projections/Algorithm.h"
 
@@ -44,7 +45,8 @@ private:
     void _Inverse(double x, double y, double* lon, double* lat) const;
     double _Convergence(double lon, double lat) const;
 
-    // Owned; null only when it could not be allocated, and then the wrapper
-    // answers like an algorithm without parameters (NaN coordinates).
-    CGxProjection* inner = nullptr;
+    using InnerGrid = GxClonePtr<CGxProjection>;
+    // Null only when it could not be allocated, and then the wrapper answers
+    // like an algorithm without parameters (NaN coordinates).
+    InnerGrid inner;
 };

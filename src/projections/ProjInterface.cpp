@@ -51,26 +51,18 @@ CGxProjWrapper::CGxProjWrapper(const char* name, int kind, CGxProjInterface* inn
 CGxProjWrapper::CGxProjWrapper(const CGxMapProjData* definition)
     : CGxLocalGridOf(definition), inner(nullptr), kind(eGxInnerNone) {}
 
-CGxProjWrapper::CGxProjWrapper(const CGxProjWrapper& other)
-    : CGxLocalGridOf(other),
-      inner(other.inner ? other.inner->Clone() : nullptr),
-      kind(other.kind) {}
+CGxProjWrapper::CGxProjWrapper(const CGxProjWrapper& other) = default;
 
 CGxProjWrapper& CGxProjWrapper::operator=(const CGxProjWrapper& other) {
-    if (this != &other) {
-        // Clone first: if the copy throws, this object is left as it was.
-        CGxProjInterface* copy = other.inner ? other.inner->Clone() : nullptr;
-        delete inner;
-        inner = copy;
-        CGxLocalGridOf::operator=(other);
-        kind = other.kind;
-    }
+    // Clone first: if the copy throws, this object is left as it was.
+    InnerForm copy(other.inner);
+    CGxLocalGridOf::operator=(other);
+    inner.swap(copy);
+    kind = other.kind;
     return *this;
 }
 
-CGxProjWrapper::~CGxProjWrapper() {
-    delete inner;
-}
+CGxProjWrapper::~CGxProjWrapper() = default;
 
 void CGxProjWrapper::_Forward(double lon, double lat, double* x, double* y) const {
     if (inner) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/ClonePtr.h"
 #include "foundation/GxExport.h"
 #include "projections/Algorithm.h"
 
@@ -125,7 +126,7 @@ protected:
     template <class TEllipsoidForm, class TSphereForm, class... TArgs>
     void _BuildInner(const CGxEllipsoid& ellipsoid, TArgs... args) {
         kind = GxInnerKindFor(ellipsoid);
-        inner = GxMakeInner<TEllipsoidForm, TSphereForm>(ellipsoid, args...);
+        inner.reset(GxMakeInner<TEllipsoidForm, TSphereForm>(ellipsoid, args...));
     }
 
 private:
@@ -137,7 +138,8 @@ private:
     // minute of latitude; 0 without an inner object.
     double _Convergence(double lon, double lat) const;
 
-    CGxProjInterface* inner;
+    using InnerForm = GxClonePtr<CGxProjInterface>;
+    InnerForm inner;
     int kind;
 };
 

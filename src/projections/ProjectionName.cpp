@@ -2,15 +2,14 @@
 
 #include <cstring>
 
+#include "foundation/Text.h"
+
 bool GxIsLocalString(const char* s) {
-    return s && std::strcmp(s, kGxLocalGridName) == 0;
+    return s && std::strcmp(s, kGxNonUtmString) == 0;
 }
 
 GxProjectionName::GxProjectionName(const char* s) {
-    const char* src = (s && *s) ? s : kGxLocalGridName;
-    std::size_t n = std::strlen(src);
-    if (n > kGxNameSize - 1) n = kGxNameSize - 1;
-    std::memcpy(name, src, n);
-    name[n] = '\0';
+    const char* src = (s && *s) ? s : kGxNonUtmString;
+    GxCopyField(name, kGxNameSize, src);
     isLocal = GxIsLocalString(name);
 }

@@ -2,14 +2,13 @@
 
 #include <cstddef>
 
+#include "foundation/SpecialStrings.h"
+
 // The coordinate-system name every algorithm keeps, and the one name that
 // makes an algorithm the local plane grid.
 
 // Size of the name buffer, terminator included.
 constexpr std::size_t kGxNameSize = 256;
-
-// The coordinate-system string of a plane grid without georeference.
-constexpr const char* kGxLocalGridName = "NON-UTM";
 
 // The string test of a local grid: exactly "NON-UTM".
 bool GxIsLocalString(const char* s);

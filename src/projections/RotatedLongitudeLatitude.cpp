@@ -23,6 +23,7 @@
 #include "foundation/Angles.h"
 #include "foundation/DefaultArea.h"
 #include "foundation/Ellipsoid.h"
+#include "foundation/Geocentric.h"
 #include "projections/AlgorithmCatalogue.h"
 
 namespace {
@@ -61,9 +62,7 @@ CGxRotatedLongitudeLatitude::CGxRotatedLongitudeLatitude(
 
 void CGxRotatedLongitudeLatitude::_SetAxes(const CGxEllipsoid& ellipsoid) {
     _SetFigure(ellipsoid);
-    e2 = ellipsoid.GetEccentricity() * ellipsoid.GetEccentricity();
-    b = ellipsoid.GetMinor();
-    ep2 = (a * a - b * b) / (b * b);
+    geocentric = GxGeocentric::Of(ellipsoid);
 }
 
 void CGxRotatedLongitudeLatitude::_BuildRotations() {
@@ -78,12 +77,7 @@ void CGxRotatedLongitudeLatitude::_BuildRotations() {
 
 void CGxRotatedLongitudeLatitude::Geo2XYZ(double lon, double lat, double* X, double* Y,
                                           double* Z) const {
-    const double phi = lat * kGxDegToRad, lam = lon * kGxDegToRad;
-    const double sphi = std::sin(phi), cphi = std::cos(phi);
-    const double N = a / std::sqrt(1 - e2 * sphi * sphi);
-    *X = N * cphi * std::cos(lam);
-    *Y = N * cphi * std::sin(lam);
-    *Z = (1 - e2) * N * sphi;
+    geocentric.SurfaceToXYZ(lon, lat, X, Y, Z);
 }
 
 void CGxRotatedLongitudeLatitude::XYZ2Geo(double X, double Y, double Z, double* lon,
@@ -98,10 +92,7 @@ void CGxRotatedLongitudeLatitude::XYZ2Geo(double X, double Y, double Z, double* 
         *lat = Z > 0 ? 90.0 : Z < 0 ? -90.0 : std::nan("");
         return;
     }
-    const double r = std::sqrt(p * p + Z * Z);
-    const double u = std::atan(((1 - f) + e2 * a / r) * Z / p);
-    const double su = std::sin(u), cu = std::cos(u);
-    *lat = std::atan((Z + ep2 * b * su * su * su) / (p - e2 * a * cu * cu * cu)) * kGxRadToDeg;
+    *lat = geocentric.LatitudeOffAxis(p, Z, std::sqrt(p * p + Z * Z)) * kGxRadToDeg;
 }
 
 void CGxRotatedLongitudeLatitude::_rotate(const CMatrix& rotation, double lon, double lat,

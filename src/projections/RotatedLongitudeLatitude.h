@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/Geocentric.h"
 #include "foundation/GxExport.h"
 #include "foundation/Matrix.h"
 #include "projections/Algorithm.h"
@@ -61,7 +62,7 @@ private:
     // (-180, 180].
     void _Inverse(double x, double y, double* lon, double* lat) const;
 
-    // a, f, e2, b and ep2 from the ellipsoid.
+    // a, f and the geocentric figure from the ellipsoid.
     void _SetAxes(const CGxEllipsoid& ellipsoid);
     // toRotated and fromRotated from the south pole.
     void _BuildRotations();
@@ -69,9 +70,8 @@ private:
     void _rotate(const CMatrix& rotation, double lon, double lat, double* outLon,
                  double* outLat) const;
 
-    double e2 = kGxNoFigure;    // first eccentricity squared
-    double b = kGxNoFigure;     // semi-minor axis
-    double ep2 = kGxNoFigure;   // second eccentricity squared, (a^2 - b^2)/b^2
+    // Without a known ellipsoid every number of the figure is NaN.
+    GxGeocentric geocentric = {kGxNoFigure, kGxNoFigure, kGxNoFigure, kGxNoFigure, kGxNoFigure};
     double southPoleLongitude;  // degrees
     double southPoleLatitude;   // degrees
     double rotationAngle;       // degrees, not applied

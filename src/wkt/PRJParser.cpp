@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "foundation/NumberText.h"
+#include "foundation/Text.h"
 #include "foundation/Tolerance.h"
 #include "projections/ProjectionName.h"
 #include "wkt/WktTokenizer.h"
@@ -28,7 +29,7 @@ constexpr int kMaxIndentLevels = 16;
 
 // Where the quoted, case-insensitive parameter name stands in text, or npos.
 std::size_t _FindQuoted(const std::string& lowerText, const std::string& name) {
-    return lowerText.find("\"" + GxWktLower(name) + "\"");
+    return lowerText.find("\"" + GxAsciiLowered(name) + "\"");
 }
 
 // The value after a quoted parameter name found at pos.
@@ -160,13 +161,13 @@ std::string CGxPRJParser::GetNameParam(const std::string& text, const std::strin
 }
 
 double CGxPRJParser::GetParam(const std::string& text, const std::string& name, double def) {
-    const std::size_t at = _FindQuoted(GxWktLower(text), name);
+    const std::size_t at = _FindQuoted(GxAsciiLowered(text), name);
     return at == std::string::npos ? def : _ValueAt(text, at);
 }
 
 double CGxPRJParser::GetParam(const std::string& text, const std::list<std::string>& names,
                               double def) {
-    const std::string lower = GxWktLower(text);
+    const std::string lower = GxAsciiLowered(text);
     for (const std::string& name : names) {
         const std::size_t at = _FindQuoted(lower, name);
         if (at != std::string::npos) return _ValueAt(text, at);

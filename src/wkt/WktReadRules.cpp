@@ -7,7 +7,7 @@
 #include <limits>
 
 #include "foundation/NumberText.h"
-#include "wkt/WktTokenizer.h"
+#include "foundation/Text.h"
 
 namespace {
 
@@ -81,7 +81,7 @@ bool _SameWritten(double a, double b) {
 // without regard to case, "1984" and "84" alike.
 bool _NamesWebMercator(const std::string& name) {
     std::string key;
-    for (char c : GxWktLower(name)) {
+    for (char c : GxAsciiLowered(name)) {
         if ((c >= 'a' && c <= 'z') || (c >= '0' && c <= '9')) key += c;
     }
     const std::string wgs1984 = "wgs1984";
@@ -287,7 +287,7 @@ bool GxKrovakOrientationOfAxes(GxWktReading& reading) {
     std::string axisName;
     std::string axisDirection;
     record.GetAxisInfo(CGxPRJParser::eFirstAxis, axisName, axisDirection);
-    const std::string direction = GxWktLower(axisDirection);
+    const std::string direction = GxAsciiLowered(axisDirection);
     const bool axesWritten = reading.projectionText.find("AXIS") != std::string::npos &&
                              (direction == "east" || direction == "north" || direction == "west" ||
                               direction == "south");

@@ -31,10 +31,3 @@ std::string CGxWktTokenizer::Rest() const {
     if (exhausted || position >= text.size()) return std::string();
     return text.substr(position);
 }
-
-std::string GxWktLower(std::string text) {
-    for (char& c : text) {
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    }
-    return text;
-}

@@ -33,8 +33,3 @@ private:
     std::size_t position;
     bool exhausted;
 };
-
-// ASCII lower case, the same in every locale: WKT keywords and names are
-// matched without regard to case, and a user's locale must not change which
-// letters fold (a Turkish dotted I, say).
-std::string GxWktLower(std::string text);

@@ -18,9 +18,9 @@
 #include "foundation/NumberText.h"
 #include "foundation/Projection.h"
 #include "foundation/ProjectionInfo.h"
+#include "foundation/Text.h"
 #include "mapprojection/CatalogueLookup.h"
 #include "mapprojection/MapProjection.h"
-#include "mapprojection/TextTrim.h"
 #include "wkt/PRJParser.h"
 #include "wkt/ProjTranslator.h"
 
