@@ -13,6 +13,7 @@
 #include <stdexcept>
 
 #include "foundation/NumberText.h"
+#include "foundation/Text.h"
 #include "mapprojection/MapProjection.h"
 #include "wkt/PRJParser.h"
 
@@ -24,9 +25,7 @@ constexpr std::size_t kMaxSystemFileBytes = 1u << 20;
 
 bool EndsWithPrj(const std::string& text) {
     if (text.size() < 4) return false;
-    std::string tail = text.substr(text.size() - 4);
-    for (char& c : tail) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return tail == ".prj";
+    return GxEqualsIgnoringCase(std::string_view(text).substr(text.size() - 4), ".prj");
 }
 
 // The whole file: every line of a pretty-printed WKT counts, not only the

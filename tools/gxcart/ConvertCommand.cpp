@@ -20,6 +20,7 @@
 #include "foundation/Ellipsoid.h"
 #include "foundation/NumberText.h"
 #include "foundation/Projection.h"
+#include "foundation/Text.h"
 #include "mapprojection/MapProjection.h"
 #include "wkt/PRJParser.h"
 
@@ -327,8 +328,10 @@ std::string NormalDatumName(const std::string& name) {
         name.size() > 2 && (name[0] == 'D' || name[0] == 'd') && name[1] == '_' ? 2 : 0;
     std::string out;
     for (std::size_t i = start; i < name.size(); ++i) {
-        const auto c = static_cast<unsigned char>(name[i]);
-        if (std::isalnum(c)) out += static_cast<char>(std::toupper(c));
+        // ASCII letters and digits only, whatever the process locale.
+        const char c = name[i];
+        const char upper = GxAsciiUpper(c);
+        if ((upper >= 'A' && upper <= 'Z') || (c >= '0' && c <= '9')) out += upper;
     }
     for (const char* unnamed : {"UNKNOWN", "UNNAMED", "UNDEFINED", "NOTSPECIFIED"})
         if (out.compare(0, std::strlen(unnamed), unnamed) == 0) return "";
