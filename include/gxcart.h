@@ -91,11 +91,7 @@ typedef struct CGxProjection GxProjection;
 #endif
 
 /* Status values. A text function's positive status is the length it needs. */
-enum GxCartStatus {
-    GXCART_OK = 0,
-    GXCART_NULL_HANDLE = -1,
-    GXCART_GENERIC_UTM = -2
-};
+enum GxCartStatus { GXCART_OK = 0, GXCART_NULL_HANDLE = -1, GXCART_GENERIC_UTM = -2 };
 
 /* Bits of the type mask of S_ISTYPE. */
 enum GxCartTypeMask {
@@ -172,8 +168,7 @@ GXCART_C_API void C_GXC_GETPROJECTIONSTRING(GxCartographyHandle handle, char* bu
  * shift values of which the first count are written; a null array or a count
  * below 1 takes the shift of the WKT. */
 GXCART_C_API void C_GXC_CONVERT2PROJ4(const char* projectionString, double* towgs84, int count,
-                                      char* buffer, int bufferLength,
-                                      int* status) GXCART_NOEXCEPT;
+                                      char* buffer, int bufferLength, int* status) GXCART_NOEXCEPT;
 
 /* ------------------------------------------------------------ map projection */
 GXCART_C_API void C_GXMP_CREATE(const char* projectionString, GxMapProjectionHandle* handle,
@@ -212,8 +207,8 @@ GXCART_C_API void C_GXMP_GETPROJECTIONSTRING(GxMapProjectionHandle handle, char*
  * Coordinates in place, source to target (CONVERT) or back (INVCONVERT); the
  * conversion type says which side is projected. */
 GXCART_C_API void C_GXDC_CREATE(const char* sourceProjectionString,
-                                const char* targetProjectionString,
-                                GxDatumConverterHandle* handle, int* status) GXCART_NOEXCEPT;
+                                const char* targetProjectionString, GxDatumConverterHandle* handle,
+                                int* status) GXCART_NOEXCEPT;
 GXCART_C_API void C_GXDC_DESTROY(GxDatumConverterHandle* handle, int* status) GXCART_NOEXCEPT;
 GXCART_C_API void C_GXDC_CONVERTXY(GxDatumConverterHandle handle, double* x,
                                    double* y) GXCART_NOEXCEPT;

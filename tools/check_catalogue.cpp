@@ -35,7 +35,7 @@ namespace {
 struct Entry {
     std::string sectionName;
     std::unique_ptr<CGxMapProjData> definition;  // null when no type accepts the name
-    CGxProjection* projection = nullptr;          // null when none could be built
+    CGxProjection* projection = nullptr;         // null when none could be built
 };
 
 std::unique_ptr<CGxMapProjData> _DefinitionFor(const std::string& sectionName) {

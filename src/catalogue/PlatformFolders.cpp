@@ -47,7 +47,8 @@ std::string GxUserFolder() {
     const char* xdg = std::getenv("XDG_DATA_HOME");
     if (xdg && xdg[0] == '/') return WithSeparator(fs::path(xdg) / "gxcart");
     const char* home = std::getenv("HOME");
-    if (home && home[0] != '\0') return WithSeparator(fs::path(home) / ".local" / "share" / "gxcart");
+    if (home && home[0] != '\0')
+        return WithSeparator(fs::path(home) / ".local" / "share" / "gxcart");
     return "";
 }
 

@@ -21,9 +21,13 @@ bool _IsNonZero(double v) {
 
 }  // namespace
 
-CGxDatumShift::CGxDatumShift() { Reset(); }
+CGxDatumShift::CGxDatumShift() {
+    Reset();
+}
 
-CGxDatumShift::CGxDatumShift(double* const values) { SetParameters(values); }
+CGxDatumShift::CGxDatumShift(double* const values) {
+    SetParameters(values);
+}
 
 CGxDatumShift::CGxDatumShift(CGxCartDef::ETypeOfDatumShift type_, double dX, double dY, double dZ,
                              double rX, double rY, double rZ, double scale)

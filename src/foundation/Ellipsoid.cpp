@@ -32,7 +32,9 @@ bool CGxEllipsoid::IsEquivalent(const CGxEllipsoid& other) const {
     return GxIsNear(major, other.major) && GxIsNear(invFlattening, other.invFlattening);
 }
 
-double CGxEllipsoid::GetFlatness() const { return invFlattening > 0 ? 1.0 / invFlattening : 0.0; }
+double CGxEllipsoid::GetFlatness() const {
+    return invFlattening > 0 ? 1.0 / invFlattening : 0.0;
+}
 
 double CGxEllipsoid::GetMinor() const {
     return invFlattening > 0 ? major * (invFlattening - 1.0) / invFlattening : major;
@@ -44,6 +46,10 @@ double CGxEllipsoid::GetEccentricity() const {
     return std::sqrt((a * a - b * b) / (a * a));
 }
 
-double CGxCartDef::arcsec2rad(double s) { return s * kGxPi / 3600.0 / 180.0; }
+double CGxCartDef::arcsec2rad(double s) {
+    return s * kGxPi / 3600.0 / 180.0;
+}
 
-double CGxCartDef::ppm2dec(double s) { return s / 1000000.0; }
+double CGxCartDef::ppm2dec(double s) {
+    return s / 1000000.0;
+}

@@ -12,7 +12,8 @@ public:
     // A default ellipsoid has a = 1 and 1/f = 1 (so f = 1 and b = 0): code that
     // checks for a positive major axis treats it as valid.
     CGxEllipsoid();
-    CGxEllipsoid(const std::string& name, const std::string& id, double major, double invFlattening);
+    CGxEllipsoid(const std::string& name, const std::string& id, double major,
+                 double invFlattening);
     CGxEllipsoid(const CGxEllipsoid& other);
     CGxEllipsoid& operator=(const CGxEllipsoid& other);
     virtual ~CGxEllipsoid();

@@ -14,8 +14,10 @@ namespace {
 // that a wrong index shows up in every result it feeds.
 template <class T>
 T OutsideValue() {
-    if constexpr (std::numeric_limits<T>::has_quiet_NaN) return std::numeric_limits<T>::quiet_NaN();
-    else return T();
+    if constexpr (std::numeric_limits<T>::has_quiet_NaN)
+        return std::numeric_limits<T>::quiet_NaN();
+    else
+        return T();
 }
 
 // Checks a shape and returns its element count, or 0 when a size is not
@@ -37,7 +39,14 @@ CGxArrayBase::~CGxArrayBase() = default;
 
 template <class T>
 CGxArray2D<T>::CGxArray2D()
-    : data(nullptr), count(0), isView(false), jBase(0), jLast(-1), sizeJ(0), kBase(0), kLast(-1),
+    : data(nullptr),
+      count(0),
+      isView(false),
+      jBase(0),
+      jLast(-1),
+      sizeJ(0),
+      kBase(0),
+      kLast(-1),
       sizeK(0) {}
 
 template <class T>
@@ -190,23 +199,23 @@ CMatrix::CMatrix(double angle, ERotationType type) {
     const double c = std::cos(a), s = std::sin(a);
     double* m = array.GetData();  // row after row
     switch (type) {
-    case eRotationX: {
-        const double r[9] = {1, 0, 0, 0, c, -s, 0, s, c};
-        for (int i = 0; i < 9; ++i) m[i] = r[i];
-        break;
-    }
-    case eRotationY: {
-        const double r[9] = {c, 0, s, 0, 1, 0, -s, 0, c};
-        for (int i = 0; i < 9; ++i) m[i] = r[i];
-        break;
-    }
-    case eRotationZ: {
-        const double r[9] = {c, -s, 0, s, c, 0, 0, 0, 1};
-        for (int i = 0; i < 9; ++i) m[i] = r[i];
-        break;
-    }
-    default:
-        break;
+        case eRotationX: {
+            const double r[9] = {1, 0, 0, 0, c, -s, 0, s, c};
+            for (int i = 0; i < 9; ++i) m[i] = r[i];
+            break;
+        }
+        case eRotationY: {
+            const double r[9] = {c, 0, s, 0, 1, 0, -s, 0, c};
+            for (int i = 0; i < 9; ++i) m[i] = r[i];
+            break;
+        }
+        case eRotationZ: {
+            const double r[9] = {c, -s, 0, s, c, 0, 0, 0, 1};
+            for (int i = 0; i < 9; ++i) m[i] = r[i];
+            break;
+        }
+        default:
+            break;
     }
 }
 
@@ -229,8 +238,9 @@ CMatrix CMatrix::operator*(const CMatrix& right) const {
         for (std::int32_t c = 0; c < cols; ++c) {
             double sum = 0;
             for (std::int32_t m = 0; m < inner; ++m) {
-                sum += array.GetElement(array.GetJBase() + m, array.GetKBase() + r) *
-                       right.array.GetElement(right.array.GetJBase() + c, right.array.GetKBase() + m);
+                sum +=
+                    array.GetElement(array.GetJBase() + m, array.GetKBase() + r) *
+                    right.array.GetElement(right.array.GetJBase() + c, right.array.GetKBase() + m);
             }
             *result.array.At(right.array.GetJBase() + c, array.GetKBase() + r) = sum;
         }
@@ -240,7 +250,8 @@ CMatrix CMatrix::operator*(const CMatrix& right) const {
 
 CMatrix CMatrix::operator*(double factor) const {
     CMatrix result;
-    if (!result.array.Resize(array.GetSizeJ(), array.GetSizeK(), array.GetJBase(), array.GetKBase()))
+    if (!result.array.Resize(array.GetSizeJ(), array.GetSizeK(), array.GetJBase(),
+                             array.GetKBase()))
         return result;
     const double* in = array.GetData();
     double* out = result.array.GetData();
@@ -275,15 +286,21 @@ CMatrix CMatrix::operator-(const CMatrix& right) const {
     return CMatrix(&diff);
 }
 
-double CMatrix::GetElement(std::int32_t j, std::int32_t k) const { return array.GetElement(j, k); }
+double CMatrix::GetElement(std::int32_t j, std::int32_t k) const {
+    return array.GetElement(j, k);
+}
 
 bool CMatrix::SetElement(std::int32_t j, std::int32_t k, double value) {
     return array.SetElement(j, k, value);
 }
 
-std::int32_t CMatrix::GetSizeJ() const { return array.GetSizeJ(); }
+std::int32_t CMatrix::GetSizeJ() const {
+    return array.GetSizeJ();
+}
 
-std::int32_t CMatrix::GetSizeK() const { return array.GetSizeK(); }
+std::int32_t CMatrix::GetSizeK() const {
+    return array.GetSizeK();
+}
 
 bool CMatrix::Transform(const double* in, double* out) const {
     if (array.GetSizeJ() != 3 || array.GetSizeK() != 3) {

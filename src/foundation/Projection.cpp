@@ -5,7 +5,9 @@ void CGxProjection::GetOrigin(double* lon, double* lat) const {
     *lat = 0.0;
 }
 
-double CGxProjection::GetConvergence(double, double) const { return 0.0; }
+double CGxProjection::GetConvergence(double, double) const {
+    return 0.0;
+}
 
 void CGxProjection::GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const {
     *x0 = 0.0;
@@ -14,15 +16,23 @@ void CGxProjection::GetDefaultArea(double* x0, double* y0, double* x1, double* y
     *y1 = 0.0;
 }
 
-bool CGxProjection::IsLocal() const { return false; }
+bool CGxProjection::IsLocal() const {
+    return false;
+}
 
-bool CGxProjection::IsGeographical() const { return false; }
+bool CGxProjection::IsGeographical() const {
+    return false;
+}
 
-void CGxProjection::free() { delete this; }
+void CGxProjection::free() {
+    delete this;
+}
 
 void CGxProjection::GetDerivedParameters(double*) const {}
 
-bool CGxProjection::GetAnonymousEllipsoid(CGxEllipsoid&) const { return false; }
+bool CGxProjection::GetAnonymousEllipsoid(CGxEllipsoid&) const {
+    return false;
+}
 
 CGxProjection::~CGxProjection() = default;
 

@@ -55,7 +55,8 @@ CGxCartography::CGxCartography(const CGxMapProjection& mapProjection_, double lo
 CGxCartography::CGxCartography(const char* projectionString, double lon_, double lat_,
                                double orientation_) {
     char zone[32] = "";
-    if (projectionString && std::strcmp(projectionString, "UTM") == 0) ZoneName(lon_, zone, sizeof zone);
+    if (projectionString && std::strcmp(projectionString, "UTM") == 0)
+        ZoneName(lon_, zone, sizeof zone);
     mapProjection.reset(new CGxMapProjection(zone[0] ? zone : projectionString));
     _Initialise(lon_, lat_, orientation_);
 }
@@ -171,8 +172,8 @@ double CGxCartography::GetTrueNorth(double X, double Y) const {
     return mapProjection->GetConvergence(lonAt, latAt) + projectionNorth;
 }
 
-void CGxCartography::ConvertFrom(const CGxCartography& other, double xIn, double yIn,
-                                 double* xOut, double* yOut) const {
+void CGxCartography::ConvertFrom(const CGxCartography& other, double xIn, double yIn, double* xOut,
+                                 double* yOut) const {
     if (!_HasAlgorithm() || !other._HasAlgorithm() || !xOut || !yOut) return;
     double lonAt, latAt;
     other.mapProjection->Proj2Geo(xIn, yIn, &lonAt, &latAt);

@@ -95,9 +95,9 @@ private:
 
     // First member, and the only one whose copy can fail.
     GxClonePtr<CGxMapProjection, RebuiltSystem> mapProjection;
-    double x0, y0;            // projected coordinates of the grid origin
-    double projectionNorth;   // degrees
-    double cosA, sinA;        // of projectionNorth
-    double lon, lat;          // grid origin, degrees
-    double orientation;       // against true north, degrees
+    double x0, y0;           // projected coordinates of the grid origin
+    double projectionNorth;  // degrees
+    double cosA, sinA;       // of projectionNorth
+    double lon, lat;         // grid origin, degrees
+    double orientation;      // against true north, degrees
 };

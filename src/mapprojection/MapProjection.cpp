@@ -212,15 +212,21 @@ void CGxMapProjection::GetOrigin(double* lon, double* lat) const {
     if (projection && lon && lat) projection->GetOrigin(lon, lat);
 }
 
-const char* CGxMapProjection::GetName() const { return projection ? projection->GetName() : ""; }
+const char* CGxMapProjection::GetName() const {
+    return projection ? projection->GetName() : "";
+}
 
 bool CGxMapProjection::IsGeographical() const {
     return projection ? projection->IsGeographical() : false;
 }
 
-bool CGxMapProjection::IsLocal() const { return projection ? projection->IsLocal() : false; }
+bool CGxMapProjection::IsLocal() const {
+    return projection ? projection->IsLocal() : false;
+}
 
-void CGxMapProjection::GetDatumShift(CGxDatumShift& shift) const { info.GetDatumShift(shift); }
+void CGxMapProjection::GetDatumShift(CGxDatumShift& shift) const {
+    info.GetDatumShift(shift);
+}
 
 CGxMapProjection::ECoordSysType CGxMapProjection::GetCoordSysType() const {
     CGxProjectionInfo::CAxis::EType first, second;

@@ -84,7 +84,9 @@ bool CGxMapProjection::IsValid(const char* s) {
     return _Exists(t.c_str(), eAllSystems);
 }
 
-bool CGxMapProjection::IsGeoreferenced(const char* s) { return !IsLocal(s) && IsValid(s); }
+bool CGxMapProjection::IsGeoreferenced(const char* s) {
+    return !IsLocal(s) && IsValid(s);
+}
 
 bool CGxMapProjection::IsGeographical(const char* s) {
     if (IsLongLat(s)) return true;

@@ -14,14 +14,24 @@ namespace {
 }
 }  // namespace
 
-CGxGnomic::CGxGnomic() { NotImplemented(); }
+CGxGnomic::CGxGnomic() {
+    NotImplemented();
+}
 
-const char* CGxGnomic::GetName() const { return "Gnomic"; }
+const char* CGxGnomic::GetName() const {
+    return "Gnomic";
+}
 
-void CGxGnomic::Geo2Proj(double, double, double*, double*) const { NotImplemented(); }
+void CGxGnomic::Geo2Proj(double, double, double*, double*) const {
+    NotImplemented();
+}
 
-void CGxGnomic::Proj2Geo(double, double, double*, double*) const { NotImplemented(); }
+void CGxGnomic::Proj2Geo(double, double, double*, double*) const {
+    NotImplemented();
+}
 
-CGxProjection* CGxGnomic::Clone() const { return new CGxGnomic(*this); }
+CGxProjection* CGxGnomic::Clone() const {
+    return new CGxGnomic(*this);
+}
 
 void CGxGnomic::TransferParameters(CGxPRJParser&) const {}

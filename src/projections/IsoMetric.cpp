@@ -21,7 +21,9 @@ CGxIsoMetric::CGxIsoMetric(double x1, double y1, double x2, double y2, double x3
     latPerLength = (lat3 - lat1) / length13;
 }
 
-const char* CGxIsoMetric::GetName() const { return "Isometric"; }
+const char* CGxIsoMetric::GetName() const {
+    return "Isometric";
+}
 
 void CGxIsoMetric::Geo2Proj(double, double, double*, double*) const {}
 
@@ -31,6 +33,8 @@ void CGxIsoMetric::Proj2Geo(double x, double y, double* lon, double* lat) const 
     *lat = originLat + (dx * u2x + dy * u2y) * latPerLength;
 }
 
-CGxProjection* CGxIsoMetric::Clone() const { return new CGxIsoMetric(*this); }
+CGxProjection* CGxIsoMetric::Clone() const {
+    return new CGxIsoMetric(*this);
+}
 
 void CGxIsoMetric::TransferParameters(CGxPRJParser&) const {}

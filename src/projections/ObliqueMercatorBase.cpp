@@ -21,9 +21,8 @@ void CGxObliqueMercatorBase::_Setup(double scale, double centreLongitude, double
     _SetFigure(ellipsoid);
     latC = centreLatitude * kGxDegToRad;
     lonC = centreLongitude * kGxDegToRad;
-    hotine.Set(a, ellipsoid.GetEccentricity(), scale, latC, lonC,
-               azimuth * kGxDegToRad, gridAngle * kGxDegToRad, azimuth, originAtCentre,
-               falseEasting, falseNorthing);
+    hotine.Set(a, ellipsoid.GetEccentricity(), scale, latC, lonC, azimuth * kGxDegToRad,
+               gridAngle * kGxDegToRad, azimuth, originAtCentre, falseEasting, falseNorthing);
 }
 
 void CGxObliqueMercatorBase::GetOrigin(double* lon, double* lat) const {

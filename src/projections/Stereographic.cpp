@@ -18,8 +18,7 @@
 #include "projections/FourierCoefficients.h"
 #include "projections/math/ConformalLatitude.h"
 
-namespace {
-}  // namespace
+namespace {}  // namespace
 
 CGxStereographic::CGxStereographic(const char* name_, double scale, double centreLongitude,
                                    double originLatitude, double falseEasting_,

@@ -109,7 +109,8 @@ void SetError(int code, const Pieces&... pieces) {
 class Count {
 public:
     explicit Count(long long n)
-        : size_(static_cast<std::size_t>(std::to_chars(text_, text_ + sizeof text_, n).ptr - text_)) {}
+        : size_(static_cast<std::size_t>(std::to_chars(text_, text_ + sizeof text_, n).ptr -
+                                         text_)) {}
     operator std::string_view() const { return {text_, size_}; }
 
 private:
@@ -171,11 +172,21 @@ Node* Need(void* handle, Kind kind, const char* function, const char* what) {
     return node;
 }
 
-gxzpf::File* NeedFile(void* h, const char* fn) { return Need<gxzpf::File>(h, Kind::File, fn, "file"); }
-gxzpf::Target* NeedTarget(void* h, const char* fn) { return Need<gxzpf::Target>(h, Kind::Target, fn, "block"); }
-gxzpf::Section* NeedSection(void* h, const char* fn) { return Need<gxzpf::Section>(h, Kind::Section, fn, "section"); }
-gxzpf::Keyword* NeedKeyword(void* h, const char* fn) { return Need<gxzpf::Keyword>(h, Kind::Keyword, fn, "keyword"); }
-gxzpf::Value* NeedValue(void* h, const char* fn) { return Need<gxzpf::Value>(h, Kind::Value, fn, "value"); }
+gxzpf::File* NeedFile(void* h, const char* fn) {
+    return Need<gxzpf::File>(h, Kind::File, fn, "file");
+}
+gxzpf::Target* NeedTarget(void* h, const char* fn) {
+    return Need<gxzpf::Target>(h, Kind::Target, fn, "block");
+}
+gxzpf::Section* NeedSection(void* h, const char* fn) {
+    return Need<gxzpf::Section>(h, Kind::Section, fn, "section");
+}
+gxzpf::Keyword* NeedKeyword(void* h, const char* fn) {
+    return Need<gxzpf::Keyword>(h, Kind::Keyword, fn, "keyword");
+}
+gxzpf::Value* NeedValue(void* h, const char* fn) {
+    return Need<gxzpf::Value>(h, Kind::Value, fn, "value");
+}
 
 [[gnu::noinline, gnu::cold]] void NullText(const char* function, const char* what) {
     SetError(eZpfNullHandle, function, ": null ", what);
@@ -248,10 +259,11 @@ void AppendText(gxzpf::Keyword& keyword, const std::string& text) {
     value->text.Keep(text);
 }
 
-gxzpf::Value* FindValue(void* section, const char* keyword, int occurrence, int valueNum, const void* out,
-                        const char* function) {
+gxzpf::Value* FindValue(void* section, const char* keyword, int occurrence, int valueNum,
+                        const void* out, const char* function) {
     gxzpf::Section* s = NeedSection(section, function);
-    if (!s || !NeedText(keyword, function, "keyword name") || !NeedText(out, function, "result pointer"))
+    if (!s || !NeedText(keyword, function, "keyword name") ||
+        !NeedText(out, function, "result pointer"))
         return nullptr;
     gxzpf::Keyword* k = NthKeyword(*s, keyword, occurrence);
     if (!k) {
@@ -260,7 +272,8 @@ gxzpf::Value* FindValue(void* section, const char* keyword, int occurrence, int 
     }
     if (valueNum >= 1 && static_cast<std::size_t>(valueNum) <= k->ValueCount())
         return k->ValueAt(static_cast<std::size_t>(valueNum) - 1);
-    return static_cast<gxzpf::Value*>(NotFound(function, "value ", Count(valueNum), " of keyword '", keyword, "'"));
+    return static_cast<gxzpf::Value*>(
+        NotFound(function, "value ", Count(valueNum), " of keyword '", keyword, "'"));
 }
 
 bool NumberOf(const gxzpf::Value& value, double* out, const char* function) {
@@ -372,8 +385,8 @@ void* zpfSectionByNameNum(void* target, const char* name, int num) {
     gxzpf::Target* t = NeedTarget(target, "zpfSectionByNameNum");
     if (!t || !NeedText(name, "zpfSectionByNameNum", "name")) return nullptr;
     if (gxzpf::Section* s = NthNamed(t->sections, name, num)) return s;
-    return NotFound("zpfSectionByNameNum", "section '", name, "' (occurrence ", Count(num), ") in block '", t->name,
-                    "'");
+    return NotFound("zpfSectionByNameNum", "section '", name, "' (occurrence ", Count(num),
+                    ") in block '", t->name, "'");
 }
 
 void* zpfSectionByNum(void* target, int num) {
@@ -402,7 +415,8 @@ std::string zpfGetName(void* handle) {
     if (auto* t = As<gxzpf::Target>(handle, Kind::Target)) return t->name.Str();
     if (auto* s = As<gxzpf::Section>(handle, Kind::Section)) return s->name.Str();
     if (auto* k = As<gxzpf::Keyword>(handle, Kind::Keyword)) return k->name.Str();
-    SetError(eZpfNullHandle, "zpfGetName: ", handle ? "not a block, section or keyword" : "null", " handle");
+    SetError(eZpfNullHandle, "zpfGetName: ", handle ? "not a block, section or keyword" : "null",
+             " handle");
     return std::string();
 }
 
@@ -412,7 +426,8 @@ void* zpfAddSection(void* targetOrFile, const char* name) {
     if (!t) {
         gxzpf::File* f = As<gxzpf::File>(targetOrFile, Kind::File);
         if (!f) {
-            SetError(eZpfNullHandle, fn, ": ", targetOrFile ? "not a" : "null", " block or file handle");
+            SetError(eZpfNullHandle, fn, ": ", targetOrFile ? "not a" : "null",
+                     " block or file handle");
             return nullptr;
         }
         if (f->targets.empty()) {
@@ -458,7 +473,8 @@ int zpfGetParam(void* section, const char* keyword, int occurrence, int valueNum
     return v && NumberOf(*v, value, "zpfGetParam") ? 1 : 0;
 }
 
-int zpfGetParam(void* section, const char* keyword, int occurrence, int valueNum, std::string* value) {
+int zpfGetParam(void* section, const char* keyword, int occurrence, int valueNum,
+                std::string* value) {
     const gxzpf::Value* v = FindValue(section, keyword, occurrence, valueNum, value, "zpfGetParam");
     if (!v) return 0;
     value->assign(v->text.data(), v->text.size());

@@ -7,8 +7,6 @@
 // stack and cannot be driven into deep recursion by a hostile file. A problem
 // is recorded with its line and reading goes on with the next line.
 
-#include "zpf/ZpfTree.h"
-
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -19,6 +17,7 @@
 #include <utility>
 
 #include "foundation/NumberText.h"
+#include "zpf/ZpfTree.h"
 
 namespace gxzpf {
 namespace {
@@ -308,11 +307,21 @@ private:
                 if (pos_ >= line_.size()) break;
                 char e = line_[pos_++];
                 switch (e) {
-                    case '"': out += '"'; break;
-                    case '\\': out += '\\'; break;
-                    case 'n': out += '\n'; break;
-                    case 't': out += '\t'; break;
-                    case 'r': out += '\r'; break;
+                    case '"':
+                        out += '"';
+                        break;
+                    case '\\':
+                        out += '\\';
+                        break;
+                    case 'n':
+                        out += '\n';
+                        break;
+                    case 't':
+                        out += '\t';
+                        break;
+                    case 'r':
+                        out += '\r';
+                        break;
                     case 'x': {
                         int hi = pos_ < line_.size() ? HexDigit(line_[pos_]) : -1;
                         int lo = pos_ + 1 < line_.size() ? HexDigit(line_[pos_ + 1]) : -1;
@@ -321,7 +330,8 @@ private:
                         pos_ += 2;
                         break;
                     }
-                    default: return _Fail("unknown escape \\" + std::string(1, e) + " in a quoted text");
+                    default:
+                        return _Fail("unknown escape \\" + std::string(1, e) + " in a quoted text");
                 }
                 continue;
             }

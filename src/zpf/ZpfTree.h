@@ -435,8 +435,8 @@ private:
 
 // The tag must sit at the start of every node for the check below to work.
 static_assert(std::is_standard_layout<Value>::value && std::is_standard_layout<Keyword>::value &&
-                      std::is_standard_layout<Section>::value && std::is_standard_layout<Target>::value &&
-                      std::is_standard_layout<File>::value,
+                  std::is_standard_layout<Section>::value &&
+                  std::is_standard_layout<Target>::value && std::is_standard_layout<File>::value,
               "handle nodes must keep their tag first");
 
 // The node behind a handle when it carries the expected tag, else null.

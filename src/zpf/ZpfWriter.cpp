@@ -1,10 +1,10 @@
 // Writer of the keyword-file text.
 
-#include "zpf/ZpfTree.h"
-
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "zpf/ZpfTree.h"
 
 namespace gxzpf {
 namespace {
@@ -17,11 +17,21 @@ void AppendQuoted(std::string& out, std::string_view text) {
     for (char c : text) {
         unsigned char u = static_cast<unsigned char>(c);
         switch (c) {
-            case '"': out += "\\\""; break;
-            case '\\': out += "\\\\"; break;
-            case '\n': out += "\\n"; break;
-            case '\t': out += "\\t"; break;
-            case '\r': out += "\\r"; break;
+            case '"':
+                out += "\\\"";
+                break;
+            case '\\':
+                out += "\\\\";
+                break;
+            case '\n':
+                out += "\\n";
+                break;
+            case '\t':
+                out += "\\t";
+                break;
+            case '\r':
+                out += "\\r";
+                break;
             default:
                 // Other control bytes (NUL included) are escaped so the file
                 // stays a text file; bytes above 0x7F (UTF-8) pass unchanged.

@@ -78,7 +78,8 @@ int zpfPutParam(void* section, const char* keyword, const char* value);
 // The valueNum-th value of the occurrence-th keyword called keyword in a
 // section; non-zero when found (and, for a double, when it is a number).
 int zpfGetParam(void* section, const char* keyword, int occurrence, int valueNum, double* value);
-int zpfGetParam(void* section, const char* keyword, int occurrence, int valueNum, std::string* value);
+int zpfGetParam(void* section, const char* keyword, int occurrence, int valueNum,
+                std::string* value);
 
 // Value-by-value access.
 void* zpfKeywordByNameNum(void* section, const char* keyword, int occurrence);

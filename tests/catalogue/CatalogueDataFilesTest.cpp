@@ -187,8 +187,8 @@ TEST(CatalogueDataFiles, SampleSystemsAgreeWithProj) {
         // EPSG:4289 -> 28992: oblique stereographic, _dms origin.
         {"map_projection.zpf", "Amersfoort / RD New", 5, 52, 128383.4745, 445698.8043, false},
         // EPSG:4156 -> 5514 and 5513: Krovak turned to east/north, and its cone axes.
-        {"map_projection.zpf", "S-JTSK / Krovak East North", 14.5, 50, -738632.3835,
-         -1053490.7392, false},
+        {"map_projection.zpf", "S-JTSK / Krovak East North", 14.5, 50, -738632.3835, -1053490.7392,
+         false},
         {"map_projection.zpf", "S-JTSK / Krovak", 14.5, 50, 1053490.7392, 738632.3835, false},
         // EPSG:4272 -> 27200: New Zealand map grid.
         {"map_projection.zpf", "NZGD49 / New Zealand Map Grid", 174.8, -41.3, 2660739.6332,
@@ -207,14 +207,13 @@ TEST(CatalogueDataFiles, SampleSystemsAgreeWithProj) {
         {"map_projection.zpf", "WGS 84 / UPS North (E,N)", 30, 85, 2277728.6957, 1518959.7883,
          false},
         // EPSG:7844 -> 9473: Albers.
-        {"map_projection.zpf", "GDA2020 / Australian Albers", 135, -25, 299362.2208,
-         -2706085.9795, false},
-        // EPSG:4258 -> 3035: Lambert azimuthal equal area.
-        {"map_projection.zpf", "ETRS89-extended / LAEA Europe", 5, 45, 3926417.9676,
-         2445248.8412, false},
-        // EPSG:4314 -> 3068: Cassini-Soldner.
-        {"map_projection.zpf", "DHDN / Soldner Berlin", 13.5, 52.5, 31362.6304, 19059.0668,
+        {"map_projection.zpf", "GDA2020 / Australian Albers", 135, -25, 299362.2208, -2706085.9795,
          false},
+        // EPSG:4258 -> 3035: Lambert azimuthal equal area.
+        {"map_projection.zpf", "ETRS89-extended / LAEA Europe", 5, 45, 3926417.9676, 2445248.8412,
+         false},
+        // EPSG:4314 -> 3068: Cassini-Soldner.
+        {"map_projection.zpf", "DHDN / Soldner Berlin", 13.5, 52.5, 31362.6304, 19059.0668, false},
         // EPSG:4284 -> 3388 and EPSG:4257 -> 3002: Mercator by parallel and by scale.
         {"map_projection.zpf", "Pulkovo 1942 / Caspian Sea Mercator", 50, 42, -82852.1467,
          3819897.8520, false},
@@ -225,26 +224,26 @@ TEST(CatalogueDataFiles, SampleSystemsAgreeWithProj) {
         // EPSG:4261 -> 26191: Lambert conic, one parallel, defined in grads.
         {"map_projection.zpf", "Merchich / Nord Maroc", -6, 34, 444584.1283, 377770.1810, false},
         // Rotated pole: rotated longitude and latitude in degrees.
-        {"map_projection.zpf", "EURO-CORDEX rotated pole grid", 15, 55, -1.7250248942,
-         4.2849742919, false},
+        {"map_projection.zpf", "EURO-CORDEX rotated pole grid", 15, 55, -1.7250248942, 4.2849742919,
+         false},
         // EPSG:4269 -> 32137 and 26931: Lambert conic and Hotine in metres.
         {"state_plane_nad83.zpf", "NAD83 / Texas North", -101, 35.5, 245360.5056, 1166519.8293,
          false},
         {"state_plane_nad83.zpf", "NAD83 / Alaska zone 1", -134, 57.5, 798693.3649, 630823.1234,
          false},
         // EPSG:4267 -> 26729, 6201 and 26731: feet, 1:N scales, the Michigan ellipsoid.
-        {"state_plane_nad27.zpf", "NAD27 / Alabama East", -86, 32, 448331.5576, 545637.2167,
+        {"state_plane_nad27.zpf", "NAD27 / Alabama East", -86, 32, 448331.5576, 545637.2167, true},
+        {"state_plane_nad27.zpf", "NAD27 / Michigan Central", -85, 44, 1824553.1877, 249857.4769,
          true},
-        {"state_plane_nad27.zpf", "NAD27 / Michigan Central", -85, 44, 1824553.1877,
-         249857.4769, true},
-        {"state_plane_nad27.zpf", "NAD27 / Alaska zone 1", -134, 57.5, 2620078.2601,
-         2070027.1316, true},
+        {"state_plane_nad27.zpf", "NAD27 / Alaska zone 1", -134, 57.5, 2620078.2601, 2070027.1316,
+         true},
     };
     const CatalogueFile files[] = {Read(kFiles[0]), Read(kFiles[1]), Read(kFiles[2])};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
-        const CatalogueFile& file =
-            files[std::string(c.file) == kFiles[0] ? 0 : std::string(c.file) == kFiles[1] ? 1 : 2];
+        const CatalogueFile& file = files[std::string(c.file) == kFiles[0]   ? 0
+                                          : std::string(c.file) == kFiles[1] ? 1
+                                                                             : 2];
         const CGxMapProjData* definition = Find(file, c.name);
         CGxProjection* projection = definition ? definition->CreateProjection() : nullptr;
         if (!projection) {

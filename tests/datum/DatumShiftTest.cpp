@@ -12,7 +12,8 @@ namespace {
 const double kNaN = std::numeric_limits<double>::quiet_NaN();
 const double kInf = std::numeric_limits<double>::infinity();
 
-CGxDatumShift FromValues(double dX, double dY, double dZ, double rX, double rY, double rZ, double s) {
+CGxDatumShift FromValues(double dX, double dY, double dZ, double rX, double rY, double rZ,
+                         double s) {
     double v[7] = {dX, dY, dZ, rX, rY, rZ, s};
     return CGxDatumShift(v);
 }
@@ -36,7 +37,9 @@ TEST(DatumShift, TypeDerivedFromValues) {
         {{87, 98, 121, 0, 0, 0, 0}, CGxCartDef::eThreeParameterShift, "3 parameter"},
         {{0, 0, 0, 0, 0, 0, 0.5}, CGxCartDef::eSevenParameterShift, "7 parameter"},
         {{0, 0, 0, -1.2, 0, 0, 0}, CGxCartDef::eSevenParameterShift, "7 parameter"},
-        {{-582, -105, -414, -1.04, -0.35, 3.08, 8.3}, CGxCartDef::eSevenParameterShift, "7 parameter"},
+        {{-582, -105, -414, -1.04, -0.35, 3.08, 8.3},
+         CGxCartDef::eSevenParameterShift,
+         "7 parameter"},
         {{0, 0, 1e-13, 0, 0, 0, 0}, CGxCartDef::eThreeParameterShift, "3 parameter"},
         {{tiny, 0, 0, 0, 0, 0, 0}, CGxCartDef::eThreeParameterShift, "3 parameter"},
         {{kNaN, 0, 0, 0, 0, 0, 0}, CGxCartDef::eNoDatumShift, "None"},
@@ -47,7 +50,8 @@ TEST(DatumShift, TypeDerivedFromValues) {
         double v[7];
         std::copy(c.v, c.v + 7, v);
         CGxDatumShift shift(v);
-        SCOPED_TRACE(std::string(c.text) + " from " + std::to_string(v[0]) + " ... " + std::to_string(v[6]));
+        SCOPED_TRACE(std::string(c.text) + " from " + std::to_string(v[0]) + " ... " +
+                     std::to_string(v[6]));
         EXPECT_EQ(shift.GetType(), c.type);
         EXPECT_STREQ(shift.GetTypeAsText(), c.text);
         for (int i = 0; i < 7; ++i) {

@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-
 #include <sys/resource.h>
 
 #include <cmath>
@@ -72,8 +71,8 @@ TEST(Matrix, RotationsTurnAnticlockwiseAboutTheirAxis) {
 }
 
 TEST(Matrix, UnknownAxisGivesZeros) {
-    ExpectRows(CMatrix(30, static_cast<CMatrix::ERotationType>(4)), {{0, 0, 0}, {0, 0, 0}, {0, 0, 0}},
-               0);
+    ExpectRows(CMatrix(30, static_cast<CMatrix::ERotationType>(4)),
+               {{0, 0, 0}, {0, 0, 0}, {0, 0, 0}}, 0);
 }
 
 TEST(Matrix, RotationByMinusAngleUndoesIt) {
@@ -113,11 +112,8 @@ TEST(Matrix, ProductsApplyRightFactorFirst) {
 
 TEST(Matrix, NonSquareProductShapes) {
     // (2 x 3) times (3 x 2): rows of the left, columns of the right.
-    const double left[] = {1, 2, 3,
-                           4, 5, 6};
-    const double right[] = {7, 8,
-                            9, 10,
-                            11, 12};
+    const double left[] = {1, 2, 3, 4, 5, 6};
+    const double right[] = {7, 8, 9, 10, 11, 12};
     const CMatrix p = FromRows(3, 2, left) * FromRows(2, 3, right);
     ASSERT_EQ(p.GetSizeK(), 2);
     ASSERT_EQ(p.GetSizeJ(), 2);

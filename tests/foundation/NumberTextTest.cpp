@@ -6,9 +6,9 @@
 #include <cstring>
 #include <limits>
 
+#include "foundation/Ellipsoid.h"
 #include "foundation/NumberText.h"
 #include "foundation/Projection.h"
-#include "foundation/Ellipsoid.h"
 #include "tests/support/CommaLocale.h"
 
 TEST(NumberText, FormatsLikePercent16g) {

@@ -24,7 +24,7 @@ using ProjectionPtr = std::unique_ptr<CGxProjection, ReleaseProjection>;
 // reach the origin, mid latitudes, the poles, the antimeridian and values no
 // formula can map.
 inline void ExerciseAlgorithm(const CGxProjection& p) {
-    static const double kLonLat[][2] = {{0, 0},     {9, 48},   {-75, -33}, {179.9, 89.9},
+    static const double kLonLat[][2] = {{0, 0},      {9, 48},   {-75, -33},     {179.9, 89.9},
                                         {-180, -90}, {180, 90}, {1e300, 1e-300}};
     double x = 0, y = 0, lon = 0, lat = 0;
     for (const auto& ll : kLonLat) {

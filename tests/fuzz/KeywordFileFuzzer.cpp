@@ -105,9 +105,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     const std::string path = ScratchPath(".zpf");
     static const bool cleanUpAtExit = std::atexit([] {
-        std::remove(ScratchPath(".zpf").c_str());
-        std::remove(ScratchPath("-out.zpf").c_str());
-    }) == 0;
+                                          std::remove(ScratchPath(".zpf").c_str());
+                                          std::remove(ScratchPath("-out.zpf").c_str());
+                                      }) == 0;
     (void)cleanUpAtExit;
     {
         std::ofstream out(path, std::ios::binary | std::ios::trunc);

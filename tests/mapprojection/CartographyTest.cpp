@@ -129,10 +129,9 @@ TEST(Cartography, ConvertFromAnotherSystem) {
     zone33.ConvertFrom(zone32, kX32, kY32, &x, &y);
     EXPECT_NEAR(x, kX33, 1e-3);
     EXPECT_NEAR(y, kY33, 1e-3);
-    EXPECT_NEAR(zone33.GetProjectionNorth(), -10 - CGxMapProjection("UTM-33").GetConvergence(15, 40),
-                1e-12);
-    EXPECT_NEAR(CGxMapProjection("UTM-33").GetConvergence(kLon, kLat), kGamma33,
-                kConvergenceTol);
+    EXPECT_NEAR(zone33.GetProjectionNorth(),
+                -10 - CGxMapProjection("UTM-33").GetConvergence(15, 40), 1e-12);
+    EXPECT_NEAR(CGxMapProjection("UTM-33").GetConvergence(kLon, kLat), kGamma33, kConvergenceTol);
 }
 
 // Copies rebuild the system from its projection string and keep the grid.

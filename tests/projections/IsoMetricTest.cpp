@@ -19,8 +19,8 @@ constexpr double kX1 = 1000, kY1 = 2000;
 constexpr double kCos30 = 0.8660254037844387, kSin30 = 0.5;
 
 CGxIsoMetric TurnedGrid() {
-    return CGxIsoMetric(kX1, kY1, kX1 + 10000 * kCos30, kY1 + 10000 * kSin30,
-                        kX1 - 20000 * kSin30, kY1 + 20000 * kCos30, 5.0, 50.0, 6.0, 52.0);
+    return CGxIsoMetric(kX1, kY1, kX1 + 10000 * kCos30, kY1 + 10000 * kSin30, kX1 - 20000 * kSin30,
+                        kY1 + 20000 * kCos30, 5.0, 50.0, 6.0, 52.0);
 }
 
 }  // namespace
@@ -31,11 +31,11 @@ TEST(IsoMetric, RotatedOrthogonalAxes) {
         double along1, along2;  // metres along the P1->P2 and P1->P3 directions
         double lon, lat;
     } cases[] = {
-        {0, 0, 5.0, 50.0},          // P1
-        {10000, 0, 6.0, 50.0},      // P2
-        {0, 20000, 5.0, 52.0},      // P3
-        {5000, 10000, 5.5, 51.0},   // halfway along both
-        {-25000, 0, 2.5, 50.0},     // behind P1: negative offsets extrapolate
+        {0, 0, 5.0, 50.0},         // P1
+        {10000, 0, 6.0, 50.0},     // P2
+        {0, 20000, 5.0, 52.0},     // P3
+        {5000, 10000, 5.5, 51.0},  // halfway along both
+        {-25000, 0, 2.5, 50.0},    // behind P1: negative offsets extrapolate
         {30000, -40000, 8.0, 46.0},
     };
     for (const auto& c : cases) {

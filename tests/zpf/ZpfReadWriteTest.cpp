@@ -3,6 +3,7 @@
 // byte and doubles bit for bit, in any numeric locale.
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cmath>
 #include <cstdint>
@@ -11,7 +12,6 @@
 #include <fstream>
 #include <limits>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 #include "tests/support/CommaLocale.h"
@@ -44,9 +44,21 @@ std::uint64_t Bits(double d) {
 
 // Doubles whose text form is easily wrong: inexact binary fractions, the
 // unset marker, denormals, extremes, a negative zero, the non-finite values.
-const std::vector<double> kAwkward = {0.1, 1e-35, -1e-35, 6378137.0, 298.257223563, 1.0 / 3.0, 5e-324,
-                                      Limits::denorm_min() * 12345, Limits::min(), -0.0, 1e308, Limits::max(),
-                                      0.017453292519943295, Limits::infinity(), -Limits::infinity(),
+const std::vector<double> kAwkward = {0.1,
+                                      1e-35,
+                                      -1e-35,
+                                      6378137.0,
+                                      298.257223563,
+                                      1.0 / 3.0,
+                                      5e-324,
+                                      Limits::denorm_min() * 12345,
+                                      Limits::min(),
+                                      -0.0,
+                                      1e308,
+                                      Limits::max(),
+                                      0.017453292519943295,
+                                      Limits::infinity(),
+                                      -Limits::infinity(),
                                       Limits::quiet_NaN()};
 
 // Every awkward double both as the values of one keyword and as keywords of
@@ -79,7 +91,8 @@ class ZpfRoundTrip : public ::testing::Test {
 protected:
     void SetUp() override {
         const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
-        dir_ = fs::temp_directory_path() / ("gxzpf_" + std::string(info->name()) + "_" + std::to_string(getpid()));
+        dir_ = fs::temp_directory_path() /
+               ("gxzpf_" + std::string(info->name()) + "_" + std::to_string(getpid()));
         fs::create_directories(dir_);
     }
     void TearDown() override { fs::remove_all(dir_); }
@@ -102,7 +115,12 @@ namespace {
 void ExpectEllipsoids(void* f) {
     void* block = zpfTargetByNameNum(f, "ELLIPSOID_DEFINITION", 1);
     ASSERT_EQ(zpfGetNoInstances(block, "REF_ELLIPSOID"), 4);
-    struct Row { const char* name; const char* id; double a; double rf; };
+    struct Row {
+        const char* name;
+        const char* id;
+        double a;
+        double rf;
+    };
     const Row rows[] = {{"WGS 84", "WE", 6378137.0, 298.257223563},
                         {"GRS 1980", "RF", 6378137.0, 298.257222101},
                         {"Bessel 1841", "BR", 6377397.155, 299.1528128},
@@ -133,14 +151,15 @@ int Int(void* keyword, int valueNum) {
 void ExpectProjections(void* f) {
     void* block = zpfTargetByNameNum(f, "MAP_PROJECTION_DEFINITION", 1);
     ASSERT_EQ(zpfGetNoSections(block), 4);
-    const char* order[] = {"UTM_PROJECTION", "LAMBERT_CONIC_2SP_PROJECTION", "SOME_FUTURE_PROJECTION",
-                           "LAMBERT_CONIC_2SP_PROJECTION"};
+    const char* order[] = {"UTM_PROJECTION", "LAMBERT_CONIC_2SP_PROJECTION",
+                           "SOME_FUTURE_PROJECTION", "LAMBERT_CONIC_2SP_PROJECTION"};
     for (int i = 0; i < 4; ++i) EXPECT_EQ(zpfGetName(zpfSectionByNum(block, i + 1)), order[i]);
     EXPECT_EQ(zpfGetNoInstances(block, "LAMBERT_CONIC_2SP_PROJECTION"), 2);
     EXPECT_EQ(zpfGetNoInstances(block, "lambert_conic_2sp_projection"), 0);
     // The first section has CR LF line ends.
     EXPECT_EQ(Text(zpfSectionByNum(block, 1), "Projection_Name"), "ETRS89 / UTM zone 32N");
-    EXPECT_EQ(Number(zpfSectionByNameNum(block, "LAMBERT_CONIC_2SP_PROJECTION", 1), "Parallel_1"), 10.0);
+    EXPECT_EQ(Number(zpfSectionByNameNum(block, "LAMBERT_CONIC_2SP_PROJECTION", 1), "Parallel_1"),
+              10.0);
 
     void* dms = zpfKeywordByNameNum(zpfSectionByNum(block, 4), "Parallel_1_dms", 1);
     ASSERT_EQ(zpfGetNoParams(dms), 3);
@@ -181,9 +200,13 @@ TEST_F(ZpfRoundTrip, CatalogueFilesReadAndSurviveRewriting) {
 }
 
 TEST_F(ZpfRoundTrip, TextsAndNamesNeedingQuotesSurviveByteForByte) {
-    const std::string texts[] = {"", "quote \" and backslash \\", "tab\tnew\nline\rcr",
-                                 std::string("nul\0byte\x01\x7F", 10), "UTF-8 \xC3\xA9\xE2\x82\xAC",
-                                 "# not a comment", "a, b = {c}"};
+    const std::string texts[] = {"",
+                                 "quote \" and backslash \\",
+                                 "tab\tnew\nline\rcr",
+                                 std::string("nul\0byte\x01\x7F", 10),
+                                 "UTF-8 \xC3\xA9\xE2\x82\xAC",
+                                 "# not a comment",
+                                 "a, b = {c}"};
     void* f = zpfCreate();
     zpfAddTarget(f, "odd block { }");
     void* s = zpfAddSection(f, "");
@@ -228,7 +251,9 @@ TEST_F(ZpfRoundTrip, CommaDecimalLocaleChangesNothing) {
     std::ifstream after(path);
     std::string written((std::istreambuf_iterator<char>(after)), {});
     EXPECT_EQ(written, expected);
-    EXPECT_NE(written.find("Values = 0.1, 1e-35, -1e-35, 6378137, 298.257223563,"), std::string::npos) << written;
+    EXPECT_NE(written.find("Values = 0.1, 1e-35, -1e-35, 6378137, 298.257223563,"),
+              std::string::npos)
+        << written;
 }
 
 // Nodes are stored in blocks; growing a file by thousands of sections must

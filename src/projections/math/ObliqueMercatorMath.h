@@ -44,8 +44,8 @@ struct GxHotineOblique {
     // the same azimuth in degrees, whose east-west value 90 has a closed form
     // of the centre offset; originAtCentre moves the grid origin from the
     // natural origin to the projection centre.
-    void Set(double a, double e_, double kc, double latC, double lonC, double alphaC,
-             double gammaC, double azimuth, bool originAtCentre, double fe, double fn);
+    void Set(double a, double e_, double kc, double latC, double lonC, double alphaC, double gammaC,
+             double azimuth, bool originAtCentre, double fe, double fn);
 
     // Degrees in, map units out. The poles and points 90 degrees from the
     // central line have no image (NaN or infinity).
