@@ -17,7 +17,7 @@
 #include "definitions/MapProjData.h"
 #include "definitions/TabledMapProjData.h"
 #include "definitions/TransverseMercatorProjection.h"
-#include "foundation/SpecialStrings.h"
+#include "foundation/GridNames.h"
 #include "wkt/PRJParser.h"
 #include "zpf/zpf.h"
 

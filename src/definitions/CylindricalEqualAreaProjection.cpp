@@ -1,18 +1,8 @@
 #include "definitions/CylindricalEqualAreaProjection.h"
 
-#include <iterator>
-
 namespace {
 
-using IDs = CGxMapProjDataIDs;
-
-// Label, kind, keywords and default value of each parameter, in index order.
-constexpr GxParamRow kParams[] = {
-    GxAngleDms("First parallel:", IDs::Parallel1, IDs::Parallel1Dms, 0),
-    GxAngleDms("Central meridian:", IDs::Centre, IDs::CentreDms, 0),
-    GxFalseEasting(0),
-    GxFalseNorthing(0),
-};
+constexpr auto kParams = GxParallelAndCentre(0);
 
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eCylindricalEqualArea,
@@ -21,8 +11,8 @@ constexpr GxProjDataLayout kLayout = {
     nullptr,
     "Default cylindrical equal area",
     "WE",
-    static_cast<int>(std::size(kParams)),
-    kParams,
+    static_cast<int>(kParams.size()),
+    kParams.data(),
 };
 
 }  // namespace

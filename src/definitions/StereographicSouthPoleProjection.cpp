@@ -1,18 +1,8 @@
 #include "definitions/StereographicSouthPoleProjection.h"
 
-#include <iterator>
-
 namespace {
 
-using IDs = CGxMapProjDataIDs;
-
-// Label, kind, keywords and default value of each parameter, in index order.
-constexpr GxParamRow kParams[] = {
-    GxAngleDms("First parallel:", IDs::Parallel1, IDs::Parallel1Dms, -60),
-    GxAngleDms("Central meridian:", IDs::Centre, IDs::CentreDms, 0),
-    GxFalseEasting(0),
-    GxFalseNorthing(0),
-};
+constexpr auto kParams = GxParallelAndCentre(-60);
 
 constexpr GxProjDataLayout kLayout = {
     CGxMapProjData::eStereographicSouthPole,
@@ -21,8 +11,8 @@ constexpr GxProjDataLayout kLayout = {
     nullptr,
     "Default Stereographic South Pole",
     "WE",
-    static_cast<int>(std::size(kParams)),
-    kParams,
+    static_cast<int>(kParams.size()),
+    kParams.data(),
 };
 
 }  // namespace

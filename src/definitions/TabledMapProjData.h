@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <initializer_list>
 #include <string>
@@ -74,6 +75,18 @@ constexpr GxParamRow GxFalseEasting(double defaultValue) {
 constexpr GxParamRow GxFalseNorthing(double defaultValue) {
     return {"False northing:",           CGxMapProjData::eLength,       CGxMapProjDataIDs::Fnorth,
             EGxAlternativeForm::eFeetUs, CGxMapProjDataIDs::FnorthFtUs, defaultValue};
+}
+
+// The parameters of the types set by one standard parallel and a central
+// meridian (the two-parallel Mercator, the pole stereographics, the
+// cylindrical equal area), in index order; parallel1 is the default of the
+// parallel.
+constexpr std::array<GxParamRow, 4> GxParallelAndCentre(double parallel1) {
+    return {
+        GxAngleDms("First parallel:", CGxMapProjDataIDs::Parallel1, CGxMapProjDataIDs::Parallel1Dms,
+                   parallel1),
+        GxAngleDms("Central meridian:", CGxMapProjDataIDs::Centre, CGxMapProjDataIDs::CentreDms, 0),
+        GxFalseEasting(0), GxFalseNorthing(0)};
 }
 
 // Largest parameter count of any type (Krovak).

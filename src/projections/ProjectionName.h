@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "foundation/SpecialStrings.h"
+#include "foundation/GridNames.h"
 
 // The coordinate-system name every algorithm keeps, and the one name that
 // makes an algorithm the local plane grid.
