@@ -10,6 +10,7 @@ database in exactly one way.
 Only the Python standard library is used.
 """
 
+import argparse
 import math
 import os
 import re
@@ -795,3 +796,20 @@ def section_tags(path):
             elif line.strip() == '}':
                 depth -= 1
     return tags
+
+
+def generator_arguments(doc):
+    """The command line of the data-file generators: --db, --out, --check-only."""
+    parser = argparse.ArgumentParser(description=doc.split('\n')[0])
+    parser.add_argument('--db', default=DEFAULT_DB)
+    parser.add_argument('--out', default=os.path.join(REPO_ROOT, 'data'))
+    parser.add_argument('--check-only', action='store_true',
+                        help='report only; leave the data files as they are')
+    return parser.parse_args()
+
+
+def open_dataset(db_path):
+    """The EPSG dataset with its version, the catalogue's ellipsoids and the
+    dataset's length units: what every generator starts from."""
+    db = connect(db_path)
+    return db, dataset_version(db), read_catalogue_ellipsoids(), length_factors(db)

@@ -21,7 +21,6 @@ anywhere:
     python3 tools/make_epsg.py [--db /usr/share/proj/proj.db] [--check-only]
 """
 
-import argparse
 import os
 import re
 import sys
@@ -217,17 +216,8 @@ def summary(reasons):
 
 
 def main():
-    parser = argparse.ArgumentParser(description=__doc__.split('\n')[0])
-    parser.add_argument('--db', default=gx.DEFAULT_DB)
-    parser.add_argument('--out', default=os.path.join(gx.REPO_ROOT, 'data'))
-    parser.add_argument('--check-only', action='store_true',
-                        help='report only; leave the data files as they are')
-    args = parser.parse_args()
-
-    db = gx.connect(args.db)
-    version = gx.dataset_version(db)
-    ellipsoids = gx.read_catalogue_ellipsoids()
-    factors = gx.length_factors(db)
+    args = gx.generator_arguments(__doc__)
+    db, version, ellipsoids, factors = gx.open_dataset(args.db)
     catalogue = Catalogue(os.path.join(gx.REPO_ROOT, 'data'))
 
     common, common_skipped = build_common(db, catalogue, ellipsoids, factors)

@@ -160,60 +160,58 @@ def geodsolve(args, lines):
     return out.strip().split("\n")
 
 
+def write_inverse(path, title, ell, pairs, number):
+    """Inverse problems of (category, lat1, lon1, lat2, lon2) through GeodSolve."""
+    cmd = ["-i", "-p", "10", "-e"] + ell
+    lines = [" ".join(number(v) for v in p[1:]) for p in pairs]
+    results = geodsolve(cmd, lines)
+    with open(path, "w") as f:
+        f.write(f"# {title}\n")
+        f.write("# Made by make_geodesic_cases.py: each line's four inputs piped through\n")
+        f.write(f"#   echo \"lat1 lon1 lat2 lon2\" | GeodSolve {' '.join(cmd)}\n")
+        f.write("# (GeographicLib 2.1.2). azi2 is the forward azimuth at the second point.\n")
+        f.write("# category lat1 lon1 lat2 lon2 azi1 azi2 s12\n")
+        for p, line, r in zip(pairs, lines, results):
+            f.write(f"{p[0]} {line} {r}\n")
+
+
+def write_direct(path, title, ell, cases, number):
+    """Direct problems of (lat1, lon1, azi1, s12) through GeodSolve."""
+    cmd = ["-p", "10", "-e"] + ell
+    lines = [" ".join(number(v) for v in c) for c in cases]
+    results = geodsolve(cmd, lines)
+    with open(path, "w") as f:
+        f.write(f"# {title}\n")
+        f.write("# Made by make_geodesic_cases.py: each line's four inputs piped through\n")
+        f.write(f"#   echo \"lat1 lon1 azi1 s12\" | GeodSolve {' '.join(cmd)}\n")
+        f.write("# (GeographicLib 2.1.2). lon2 is reduced to [-180, 180].\n")
+        f.write("# lat1 lon1 azi1 s12 lat2 lon2 azi2\n")
+        for line, r in zip(lines, results):
+            f.write(f"{line} {r}\n")
+
+
 def main():
     rng = random.Random(20240611)
     pairs = inverse_pairs(rng)
     direct = direct_cases(rng)
     for tag, ell in ELLIPSOIDS:
-        cmd = ["-i", "-p", "10", "-e"] + ell
-        lines = [" ".join(fmt(v) for v in p[1:]) for p in pairs]
-        results = geodsolve(cmd, lines)
-        with open(f"geodesic_inverse_{tag}.txt", "w") as f:
-            f.write(f"# Inverse geodesic problem on a = {ell[0]}, f = {ell[1]}.\n")
-            f.write("# Made by make_geodesic_cases.py: each line's four inputs piped through\n")
-            f.write(f"#   echo \"lat1 lon1 lat2 lon2\" | GeodSolve {' '.join(cmd)}\n")
-            f.write("# (GeographicLib 2.1.2). azi2 is the forward azimuth at the second point.\n")
-            f.write("# category lat1 lon1 lat2 lon2 azi1 azi2 s12\n")
-            for p, line, r in zip(pairs, lines, results):
-                f.write(f"{p[0]} {line} {r}\n")
-        cmd = ["-p", "10", "-e"] + ell
-        lines = [" ".join(fmt(v) for v in c) for c in direct]
-        results = geodsolve(cmd, lines)
-        with open(f"geodesic_direct_{tag}.txt", "w") as f:
-            f.write(f"# Direct geodesic problem on a = {ell[0]}, f = {ell[1]}.\n")
-            f.write("# Made by make_geodesic_cases.py: each line's four inputs piped through\n")
-            f.write(f"#   echo \"lat1 lon1 azi1 s12\" | GeodSolve {' '.join(cmd)}\n")
-            f.write("# (GeographicLib 2.1.2). lon2 is reduced to [-180, 180].\n")
-            f.write("# lat1 lon1 azi1 s12 lat2 lon2 azi2\n")
-            for line, r in zip(lines, results):
-                f.write(f"{line} {r}\n")
+        figure = f"a = {ell[0]}, f = {ell[1]}"
+        write_inverse(f"geodesic_inverse_{tag}.txt", f"Inverse geodesic problem on {figure}.",
+                      ell, pairs, fmt)
+        write_direct(f"geodesic_direct_{tag}.txt", f"Direct geodesic problem on {figure}.",
+                     ell, direct, fmt)
     # Separate draws, so that the tables above stay as they are.
     rng = random.Random(20250301)
     antipodal = antipodal_pairs(rng)
     long_direct = long_direct_cases(rng)
     for tag, ell in ELLIPSOIDS:
-        cmd = ["-i", "-p", "10", "-e"] + ell
-        lines = [" ".join(fmt_plain(v) for v in p[1:]) for p in antipodal]
-        results = geodsolve(cmd, lines)
-        with open(f"geodesic_antipodal_{tag}.txt", "w") as f:
-            f.write(f"# Inverse geodesic problem near the antipode, a = {ell[0]}, f = {ell[1]}.\n")
-            f.write("# Made by make_geodesic_cases.py: each line's four inputs piped through\n")
-            f.write(f"#   echo \"lat1 lon1 lat2 lon2\" | GeodSolve {' '.join(cmd)}\n")
-            f.write("# (GeographicLib 2.1.2). azi2 is the forward azimuth at the second point.\n")
-            f.write("# category lat1 lon1 lat2 lon2 azi1 azi2 s12\n")
-            for p, line, r in zip(antipodal, lines, results):
-                f.write(f"{p[0]} {line} {r}\n")
-        cmd = ["-p", "10", "-e"] + ell
-        lines = [" ".join(fmt_plain(v) for v in c) for c in long_direct]
-        results = geodsolve(cmd, lines)
-        with open(f"geodesic_direct_long_{tag}.txt", "w") as f:
-            f.write(f"# Direct geodesic problem, long lines, a = {ell[0]}, f = {ell[1]}.\n")
-            f.write("# Made by make_geodesic_cases.py: each line's four inputs piped through\n")
-            f.write(f"#   echo \"lat1 lon1 azi1 s12\" | GeodSolve {' '.join(cmd)}\n")
-            f.write("# (GeographicLib 2.1.2). lon2 is reduced to [-180, 180].\n")
-            f.write("# lat1 lon1 azi1 s12 lat2 lon2 azi2\n")
-            for line, r in zip(lines, results):
-                f.write(f"{line} {r}\n")
+        figure = f"a = {ell[0]}, f = {ell[1]}"
+        write_inverse(f"geodesic_antipodal_{tag}.txt",
+                      f"Inverse geodesic problem near the antipode, {figure}.", ell, antipodal,
+                      fmt_plain)
+        write_direct(f"geodesic_direct_long_{tag}.txt",
+                     f"Direct geodesic problem, long lines, {figure}.", ell, long_direct,
+                     fmt_plain)
 
 
 if __name__ == "__main__":
