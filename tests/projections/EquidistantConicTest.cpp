@@ -65,12 +65,7 @@ TEST(EquidistantConic, GridAcrossTheAntimeridian) {
     for (const CGxEllipsoid& e : {kGxGrs80, Sphere(6371000)}) {
         CGxEquidistantConic alaska("Alaska", 55, 65, -154, 50, 0, 0, e);
         if (e.GetInvFlatness() != 0) GxExpectReferenceTable(alaska, kAlaska, kEllipsoid);
-        double x1, y1, x2, y2;
-        alaska.Geo2Proj(172, 52, &x1, &y1);
-        alaska.Geo2Proj(-188, 52, &x2, &y2);
-        EXPECT_NEAR(x1, x2, 1e-8);
-        EXPECT_NEAR(y1, y2, 1e-8);
-        EXPECT_LT(x1, -2000000);
+        GxExpectAleutiansWestOfCentre(alaska);
     }
 }
 

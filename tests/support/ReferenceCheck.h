@@ -120,6 +120,17 @@ inline void GxExpectDefaultArea(const CGxProjection& p, const GxReferencePoint (
     EXPECT_NEAR(y1, corners[1].y, tolerance);
 }
 
+// A cone centred on -154 that reaches the western Aleutians: 172 E lies 34
+// degrees west of the central meridian (also written as -188), not 326 east.
+inline void GxExpectAleutiansWestOfCentre(const CGxProjection& alaska) {
+    double x1, y1, x2, y2;
+    alaska.Geo2Proj(172, 52, &x1, &y1);
+    alaska.Geo2Proj(-188, 52, &x2, &y2);
+    EXPECT_NEAR(x1, x2, 1e-8);
+    EXPECT_NEAR(y1, y2, 1e-8);
+    EXPECT_LT(x1, -2000000);
+}
+
 // A local grid hands (a, b) through unchanged in both directions.
 inline void GxExpectIdentity(const CGxProjection& p, double a, double b) {
     double x, y;
