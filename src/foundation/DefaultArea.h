@@ -34,6 +34,19 @@ void GxWorldArea(const TProjection& p, double* x0, double* y0, double* x1, doubl
     p.Geo2Proj(180.0, 81.0, x1, y1);
 }
 
+// The normal-aspect cylinders (Mercator, cylindrical equal area): a map
+// centred exactly on Greenwich shows the inhabited world all round, any other
+// central meridian lon0 the box around (lon0, 0).
+template <class TProjection>
+void GxCylinderArea(const TProjection& p, double lon0, double* x0, double* y0, double* x1,
+                    double* y1) {
+    if (lon0 == 0.0) {
+        GxWorldArea(p, x0, y0, x1, y1);
+    } else {
+        GxDefaultAreaAround(p, lon0, 0.0, kGxDefaultAreaHalfSide, x0, y0, x1, y1);
+    }
+}
+
 // A square of side 2 half around the projected point (lon, lat), both ranges
 // taken from its easting: x0 = y0 = x - half and x1 = y1 = x + half. The polar
 // and the Krovak grids have always reported their area this way, so a false

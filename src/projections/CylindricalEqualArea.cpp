@@ -7,7 +7,6 @@
 #include "foundation/Angles.h"
 #include "foundation/DefaultArea.h"
 #include "foundation/Ellipsoid.h"
-#include "foundation/Tolerance.h"
 #include "projections/AlgorithmCatalogue.h"
 #include "projections/FourierCoefficients.h"
 
@@ -43,13 +42,7 @@ void CGxCylindricalEqualArea::GetOrigin(double* lon, double* lat) const {
 }
 
 void CGxCylindricalEqualArea::GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const {
-    double lon, lat;
-    GetOrigin(&lon, &lat);
-    if (GxIsNear(lon, 0.0)) {
-        GxWorldArea(*this, x0, y0, x1, y1);
-    } else {
-        GxDefaultAreaAround(*this, lon, lat, kGxDefaultAreaHalfSide, x0, y0, x1, y1);
-    }
+    GxCylinderArea(*this, cylinder.lon0 * kGxRadToDeg, x0, y0, x1, y1);
 }
 
 void CGxCylindricalEqualArea::GetDerivedParameters(double* out) const {

@@ -3,7 +3,6 @@
 #include "foundation/Angles.h"
 #include "foundation/DefaultArea.h"
 #include "foundation/Ellipsoid.h"
-#include "foundation/Tolerance.h"
 #include "projections/FourierCoefficients.h"
 
 void CGxMercatorBase::_Setup(double k0_, double derived_, double centreLongitude,
@@ -26,17 +25,8 @@ void CGxMercatorBase::GetOrigin(double* lon, double* lat) const {
     *lat = 0.0;
 }
 
-// A map centred on Greenwich shows the inhabited world all round (the
-// nearness test against 0 holds only for an exact 0); any other centre gets
-// the box around (centre, 0).
 void CGxMercatorBase::GetDefaultArea(double* x0, double* y0, double* x1, double* y1) const {
-    double lon, lat;
-    GetOrigin(&lon, &lat);
-    if (GxIsNear(lon, 0.0) && GxIsNear(lat, 0.0)) {
-        GxWorldArea(*this, x0, y0, x1, y1);
-    } else {
-        GxDefaultAreaAround(*this, lon, lat, kGxDefaultAreaHalfSide, x0, y0, x1, y1);
-    }
+    GxCylinderArea(*this, cylinder.lon0 * kGxRadToDeg, x0, y0, x1, y1);
 }
 
 void CGxMercatorBase::GetDerivedParameters(double* out) const {
